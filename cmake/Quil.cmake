@@ -1,0 +1,37 @@
+# Each folder of src/ is a set of sources; a layer is a static library over one or
+# more folders. Sources are globbed so that adding a file needs no CMake edit.
+
+function(quil_add_layer name)
+  cmake_parse_arguments(ARG "" "" "DIRS;DEPS" ${ARGN})
+  set(sources)
+  foreach(dir IN LISTS ARG_DIRS)
+    file(GLOB dir_sources CONFIGURE_DEPENDS
+         ${PROJECT_SOURCE_DIR}/src/${dir}/*.cpp ${PROJECT_SOURCE_DIR}/src/${dir}/*.h
+         ${PROJECT_SOURCE_DIR}/src/${dir}/*.qrc)
+    list(APPEND sources ${dir_sources})
+  endforeach()
+  add_library(${name} STATIC ${sources})
+  set_target_properties(${name} PROPERTIES AUTOMOC ON AUTORCC ON)
+  target_include_directories(${name} PUBLIC ${PROJECT_SOURCE_DIR}/src)
+  target_link_libraries(${name} PUBLIC ${ARG_DEPS})
+endfunction()
+
+# One test program per *_test.cpp: a half-written test elsewhere never stops a build,
+# and ctest lists every case by name.
+function(quil_add_tests dir)
+  cmake_parse_arguments(ARG "" "" "DEPS" ${ARGN})
+  file(GLOB test_sources CONFIGURE_DEPENDS ${PROJECT_SOURCE_DIR}/tests/${dir}/*_test.cpp)
+  string(REPLACE "/" "_" prefix ${dir})
+  foreach(source IN LISTS test_sources)
+    get_filename_component(stem ${source} NAME_WE)
+    set(target ${prefix}_${stem})
+    add_executable(${target} ${source})
+    set_target_properties(${target} PROPERTIES AUTOMOC ON)
+    target_include_directories(${target} PRIVATE ${PROJECT_SOURCE_DIR}/tests)
+    target_link_libraries(${target} PRIVATE ${ARG_DEPS} quil_test_main GTest::gmock)
+    gtest_discover_tests(${target}
+      DISCOVERY_MODE PRE_TEST
+      WORKING_DIRECTORY ${PROJECT_SOURCE_DIR}
+      PROPERTIES ENVIRONMENT "QUIL_SOURCE_DIR=${PROJECT_SOURCE_DIR}")
+  endforeach()
+endfunction()

@@ -1,0 +1,89 @@
+#pragma once
+// TComponent: the owned, named, notified object. An owner frees what it owns; a
+// component told of another's freeing (FreeNotification) hears opRemove first.
+
+#include <QString>
+#include <vector>
+
+#include "framework/rtl/Persistent.h"
+#include "framework/rtl/Sets.h"
+
+namespace quil {
+
+enum TComponentStateMember {
+  csLoading, csReading, csWriting, csDestroying, csDesigning, csAncestor,
+  csUpdating, csFixups, csFreeNotification, csInline, csDesignInstance
+};
+using TComponentState = TSet<TComponentStateMember>;
+
+enum TOperation { opInsert, opRemove };
+
+class TComponent : public TPersistent {
+public:
+  explicit TComponent(TComponent* owner);
+  ~TComponent() override;
+  TComponent(const TComponent&) = delete;
+  TComponent& operator=(const TComponent&) = delete;
+
+  static const TMetaClass& StaticClass();
+  const TMetaClass& ClassType() const override;
+
+  TComponent* Owner() const { return owner_; }
+  int ComponentCount() const { return int(components_.size()); }
+  TComponent* Components(int index) const { return components_.at(size_t(index)); }
+  // Index of this component in its owner's list, -1 without an owner.
+  int ComponentIndex() const;
+  TComponent* FindComponent(const QString& name) const;  // case-insensitive, owned only
+
+  const QString& Name() const { return name_; }
+  // Raises EComponentError when the name is no identifier or the owner has it already.
+  virtual void SetName(const QString& name);
+  intptr_t Tag() const { return tag_; }
+  void SetTag(intptr_t tag) { tag_ = tag; }
+
+  TComponentState ComponentState() const { return state_; }
+  void SetDesigning(bool designing);
+
+  void InsertComponent(TComponent* component);
+  void RemoveComponent(TComponent* component);
+
+  // Asks to hear opRemove in Notification when component is freed; both directions
+  // are kept, so either side may go first.
+  void FreeNotification(TComponent* component);
+  void RemoveFreeNotification(TComponent* component);
+
+  // Sets csDestroying here and in every owned component before anything is freed.
+  virtual void Destroying();
+
+  // Loading brackets: a reader calls Loading before and Loaded after the properties.
+  void Loading() { state_.Include(csLoading); }
+  virtual void Loaded() { state_.Exclude(csLoading); }
+
+  QString GetNamePath() const override { return name_; }
+
+  // Test builds check that owner and notification links are mutual.
+  void CheckConsistency() const;
+
+protected:
+  virtual void Notification(TComponent* component, TOperation operation);
+  void SetComponentState(TComponentState state) { state_ = state; }
+  void IncludeState(TComponentStateMember member) { state_.Include(member); }
+  void ExcludeState(TComponentStateMember member) { state_.Exclude(member); }
+
+private:
+  void Insert(TComponent* component);
+  void Remove(TComponent* component);
+  void AddFreeLink(TComponent* component);
+  void DropFreeLink(TComponent* component);
+
+  TComponent* owner_ = nullptr;
+  std::vector<TComponent*> components_;
+  std::vector<TComponent*> freeNotifies_;
+  QString name_;
+  intptr_t tag_ = 0;
+  TComponentState state_;
+};
+
+bool IsValidIdent(const QString& ident);
+
+}  // namespace quil

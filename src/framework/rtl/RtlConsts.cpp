@@ -1,0 +1,39 @@
+#include "framework/rtl/RtlConsts.h"
+
+namespace quil {
+
+QString STextTrue = QStringLiteral("True");
+QString STextFalse = QStringLiteral("False");
+QString STooManyColumns = QStringLiteral("Grid requested to display more than 256 columns");
+QString SFieldNotFound = QStringLiteral("Field '%s' not found");
+QString SCircularDataLink = QStringLiteral("Circular datalinks are not allowed");
+QString SDataSetUnidirectional = QStringLiteral("Operation not allowed on a unidirectional dataset");
+QString SDataSetClosed = QStringLiteral("Cannot perform this operation on a closed dataset");
+QString SNotEditing = QStringLiteral("Dataset not in edit or insert mode");
+QString SDataSetEmpty = QStringLiteral("Cannot perform this operation on an empty dataset");
+QString SDeleteRecordQuestion = QStringLiteral("Delete record?");
+QString SDeleteMultipleRecordsQuestion = QStringLiteral("Delete all selected records?");
+QString SListIndexError = QStringLiteral("List index out of bounds (%d)");
+QString SDuplicateString = QStringLiteral("String list does not allow duplicates");
+QString SSortedListError = QStringLiteral("Operation not allowed on sorted list");
+QString SDuplicateName = QStringLiteral("A component named %s already exists");
+QString SInvalidName = QStringLiteral("''%s'' is not a valid component name");
+QString SAssignError = QStringLiteral("Cannot assign a %s to a %s");
+QString SInvalidPropertyPath = QStringLiteral("Invalid property path");
+QString SUnknownProperty = QStringLiteral("Property %s does not exist");
+QString SInvalidPropertyValue = QStringLiteral("Invalid property value");
+QString SClassNotFound = QStringLiteral("Class %s not found");
+QString SInvalidImage = QStringLiteral("Invalid stream format");
+QString SReadError = QStringLiteral("Stream read error");
+QString SFOpenError = QStringLiteral("Cannot open file \"%s\"");
+QString SFCreateError = QStringLiteral("Cannot create file \"%s\"");
+QString SInvalidInteger = QStringLiteral("'%s' is not a valid integer value");
+QString SInvalidFloat = QStringLiteral("'%s' is not a valid floating point value");
+QString SInvalidDate = QStringLiteral("'%s' is not a valid date");
+QString SInvalidDateTime = QStringLiteral("'%s' is not a valid date and time");
+QString SDateEncodeError = QStringLiteral("Invalid argument to date encode");
+QString STimeEncodeError = QStringLiteral("Invalid argument to time encode");
+QString SInvalidVarCast = QStringLiteral("Invalid variant type conversion");
+QString SInvalidFormat = QStringLiteral("Format '%s' invalid or incompatible with argument");
+
+}  // namespace quil

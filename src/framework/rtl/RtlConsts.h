@@ -1,0 +1,43 @@
+#pragma once
+// The framework's resource strings that the library shows or raises. They are
+// variables so that an application may translate them before use.
+
+#include <QString>
+
+namespace quil {
+
+extern QString STextTrue;
+extern QString STextFalse;
+extern QString STooManyColumns;
+extern QString SFieldNotFound;        // %s: the field name
+extern QString SCircularDataLink;
+extern QString SDataSetUnidirectional;
+extern QString SDataSetClosed;
+extern QString SNotEditing;
+extern QString SDataSetEmpty;
+extern QString SDeleteRecordQuestion;
+extern QString SDeleteMultipleRecordsQuestion;
+extern QString SListIndexError;       // %d: the index
+extern QString SDuplicateString;
+extern QString SSortedListError;
+extern QString SDuplicateName;        // %s: the name
+extern QString SInvalidName;          // %s: the name
+extern QString SAssignError;          // %s, %s: source and destination classes
+extern QString SInvalidPropertyPath;
+extern QString SUnknownProperty;      // %s: the property name
+extern QString SInvalidPropertyValue;
+extern QString SClassNotFound;        // %s: the class name
+extern QString SInvalidImage;
+extern QString SReadError;
+extern QString SFOpenError;           // %s: the file name
+extern QString SFCreateError;         // %s: the file name
+extern QString SInvalidInteger;       // %s: the text
+extern QString SInvalidFloat;         // %s: the text
+extern QString SInvalidDate;          // %s: the text
+extern QString SInvalidDateTime;      // %s: the text
+extern QString SDateEncodeError;
+extern QString STimeEncodeError;
+extern QString SInvalidVarCast;
+extern QString SInvalidFormat;        // %s: the format
+
+}  // namespace quil

@@ -1,0 +1,5 @@
+#pragma once
+// String and conversion helpers of the runtime library.
+
+#include "framework/rtl/Exceptions.h"
+#include "framework/rtl/Format.h"

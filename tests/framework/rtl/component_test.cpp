@@ -1,0 +1,134 @@
+#include <gtest/gtest.h>
+
+#include <vector>
+
+#include "framework/rtl/Component.h"
+#include "framework/rtl/Exceptions.h"
+
+using namespace quil;
+
+namespace {
+
+// Records every notification it hears, and whether it was destroyed.
+class Listener : public TComponent {
+public:
+  using TComponent::TComponent;
+  ~Listener() override { if (destroyed) *destroyed = true; }
+  std::vector<std::pair<TComponent*, TOperation>> heard;
+  TComponent* reference = nullptr;
+  bool* destroyed = nullptr;
+
+protected:
+  void Notification(TComponent* component, TOperation operation) override {
+    TComponent::Notification(component, operation);
+    heard.emplace_back(component, operation);
+    if (operation == opRemove && component == reference) reference = nullptr;
+  }
+};
+
+}  // namespace
+
+TEST(TComponent, OwnerFreesOwnedComponents) {
+  bool childGone = false, grandchildGone = false;
+  auto* owner = new TComponent(nullptr);
+  auto* child = new Listener(owner);
+  auto* grandchild = new Listener(child);
+  child->destroyed = &childGone;
+  grandchild->destroyed = &grandchildGone;
+  EXPECT_EQ(owner->ComponentCount(), 1);
+  EXPECT_EQ(child->Owner(), owner);
+  EXPECT_EQ(grandchild->ComponentIndex(), 0);
+  owner->CheckConsistency();
+  delete owner;
+  EXPECT_TRUE(childGone);
+  EXPECT_TRUE(grandchildGone);
+}
+
+TEST(TComponent, FreeingAnOwnedComponentLeavesItsOwnersList) {
+  TComponent owner(nullptr);
+  auto* first = new TComponent(&owner);
+  auto* second = new TComponent(&owner);
+  delete first;
+  ASSERT_EQ(owner.ComponentCount(), 1);
+  EXPECT_EQ(owner.Components(0), second);
+  EXPECT_EQ(second->ComponentIndex(), 0);
+}
+
+TEST(TComponent, FreeNotificationClearsAReferenceEitherWayRound) {
+  Listener grid(nullptr);
+  auto* source = new TComponent(nullptr);
+  grid.reference = source;
+  grid.FreeNotification(source);
+  grid.CheckConsistency();
+  delete source;
+  EXPECT_EQ(grid.reference, nullptr);
+  ASSERT_EQ(grid.heard.size(), 1u);
+  EXPECT_EQ(grid.heard[0].second, opRemove);
+
+  // The listener going first must leave no dangling link in the other.
+  auto* listener = new Listener(nullptr);
+  TComponent target(nullptr);
+  listener->FreeNotification(&target);
+  delete listener;
+  target.CheckConsistency();
+  EXPECT_FALSE(target.ComponentState().Contains(csFreeNotification));
+}
+
+TEST(TComponent, RemoveFreeNotificationStopsTheMessage) {
+  Listener grid(nullptr);
+  auto* source = new TComponent(nullptr);
+  grid.FreeNotification(source);
+  grid.RemoveFreeNotification(source);
+  delete source;
+  EXPECT_TRUE(grid.heard.empty());
+}
+
+TEST(TComponent, OwnedComponentsHearOfTheirSiblings) {
+  TComponent form(nullptr);
+  auto* grid = new Listener(&form);
+  auto* source = new TComponent(&form);
+  ASSERT_FALSE(grid->heard.empty());
+  EXPECT_EQ(grid->heard.back(), std::make_pair(source, opInsert));
+  grid->reference = source;
+  delete source;
+  EXPECT_EQ(grid->reference, nullptr);
+  EXPECT_EQ(grid->heard.back(), std::make_pair(source, opRemove));
+}
+
+TEST(TComponent, NamesAreIdentifiersAndUniqueUnderOneOwner) {
+  TComponent form(nullptr);
+  auto* first = new TComponent(&form);
+  auto* second = new TComponent(&form);
+  first->SetName("Grid1");
+  EXPECT_EQ(form.FindComponent("grid1"), first);
+  EXPECT_THROW(second->SetName("GRID1"), EComponentError);
+  EXPECT_THROW(second->SetName("1Grid"), EComponentError);
+  EXPECT_THROW(second->SetName("Grid 2"), EComponentError);
+  EXPECT_TRUE(second->Name().isEmpty());
+  second->SetName("_Grid2");
+  EXPECT_EQ(second->Name(), "_Grid2");
+}
+
+TEST(TComponent, DestroyingMarksOwnedComponentsFirst) {
+  bool sawState = false;
+  struct Recorder : TComponent {
+    using TComponent::TComponent;
+    bool* out = nullptr;
+    ~Recorder() override { *out = ComponentState().Contains(csDestroying); }
+  };
+  auto* owner = new TComponent(nullptr);
+  auto* owned = new Recorder(owner);
+  owned->out = &sawState;
+  delete owner;
+  EXPECT_TRUE(sawState);
+}
+
+TEST(TComponent, LoadingBracketsTheState) {
+  TComponent component(nullptr);
+  component.Loading();
+  EXPECT_TRUE(component.ComponentState().Contains(csLoading));
+  component.Loaded();
+  EXPECT_FALSE(component.ComponentState().Contains(csLoading));
+  EXPECT_EQ(component.ClassName(), "TComponent");
+  EXPECT_TRUE(component.InheritsFrom(TPersistent::StaticClass()));
+}
