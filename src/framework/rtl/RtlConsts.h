@@ -20,6 +20,9 @@ extern QString SDeleteMultipleRecordsQuestion;
 extern QString SListIndexError;       // %d: the index
 extern QString SDuplicateString;
 extern QString SSortedListError;
+extern QString SListCapacityError;   // %d: the capacity
+extern QString SListCountError;      // %d: the count
+extern QString SIniFileWriteError;   // %s: the file name
 extern QString SDuplicateName;        // %s: the name
 extern QString SInvalidName;          // %s: the name
 extern QString SAssignError;          // %s, %s: source and destination classes
