@@ -2,40 +2,42 @@
 
 #include <vector>
 
-#include <QLocale>
-#include <cmath>
-
+#include "framework/rtl/Conversions.h"
 #include "framework/rtl/Exceptions.h"
 #include "framework/rtl/RtlConsts.h"
+#include "framework/rtl/Variants.h"
 
 namespace quil {
+
+TVarRec::TVarRec(const Variant& value) : value_(std::make_shared<const Variant>(value)) {}
+
 namespace {
 
-struct Directive {
+struct Spec {
   bool leftAlign = false;
   int width = -1;      // -1: none
   int precision = -1;  // -1: none
-  QChar type;
+  char type = 0;       // lower case
 };
 
 class Formatter {
 public:
-  Formatter(const QString& format, std::initializer_list<TVarRec> args)
-      : format_(format), args_(args.begin(), args.end()) {}
+  Formatter(const QString& format, std::initializer_list<TVarRec> args, const TFormatSettings& settings)
+      : format_(format), args_(args.begin(), args.end()), settings_(settings) {}
 
   QString Run() {
     QString out;
-    int pos = 0;
+    qsizetype pos = 0;
     while (pos < format_.size()) {
-      const int percent = format_.indexOf(QLatin1Char('%'), pos);
+      const qsizetype percent = format_.indexOf(u'%', pos);
       if (percent < 0) {
-        out += format_.mid(pos);
+        out += QStringView(format_).mid(pos);
         break;
       }
-      out += format_.mid(pos, percent - pos);
+      out += QStringView(format_).mid(pos, percent - pos);
       pos = percent + 1;
-      if (pos < format_.size() && format_[pos] == QLatin1Char('%')) {
-        out += QLatin1Char('%');
+      if (pos < format_.size() && format_[pos] == u'%') {
+        out += u'%';
         ++pos;
         continue;
       }
@@ -45,154 +47,141 @@ public:
   }
 
 private:
-  [[noreturn]] void Fail() const { throw EConvertError(QString(SInvalidFormat).replace("%s", format_)); }
+  // The messages take the format by plain replacement, so that a faulty translation of
+  // them cannot fail again.
+  [[noreturn]] void Fail() const { throw EConvertError(QString(SInvalidFormat).replace(QStringLiteral("%s"), format_)); }
 
   const TVarRec& NextArg() {
-    if (next_ >= args_.size()) Fail();
+    if (next_ >= args_.size()) throw EConvertError(QString(SArgumentMissing).replace(QStringLiteral("%s"), format_));
     return args_[next_++];
   }
 
-  int Number(int& pos) {
-    if (pos < format_.size() && format_[pos] == QLatin1Char('*')) {
+  bool At(qsizetype pos, char16_t ch) const { return pos < format_.size() && format_[pos] == ch; }
+
+  // A decimal number or "*" for the next argument; -1 when there is neither.
+  int Number(qsizetype& pos) {
+    if (At(pos, u'*')) {
       ++pos;
-      const auto* value = std::get_if<int64_t>(&NextArg().Value());
+      const TVarRec& arg = NextArg();
+      const auto* value = std::get_if<int64_t>(&arg.Value());
       if (!value) Fail();
       return int(*value);
     }
     int result = -1;
-    while (pos < format_.size() && format_[pos].isDigit()) {
-      result = (result < 0 ? 0 : result * 10) + format_[pos].digitValue();
-      ++pos;
+    for (; pos < format_.size() && format_[pos] >= u'0' && format_[pos] <= u'9'; ++pos) {
+      result = (result < 0 ? 0 : result * 10) + (format_[pos].unicode() - u'0');
+      if (result > 0xFFFFF) Fail();
     }
     return result;
   }
 
-  QString Directive(int& pos) {
-    struct Directive spec;
+  QString Directive(qsizetype& pos) {
+    Spec spec;
     int number = Number(pos);
-    if (pos < format_.size() && format_[pos] == QLatin1Char(':')) {
-      next_ = size_t(number < 0 ? 0 : number);
+    if (At(pos, u':')) {
+      next_ = size_t(qMax(number, 0));
       ++pos;
       number = -1;
     }
-    if (number < 0 && pos < format_.size() && format_[pos] == QLatin1Char('-')) {
+    if (number < 0 && At(pos, u'-')) {
       spec.leftAlign = true;
       ++pos;
     }
     spec.width = number >= 0 ? number : Number(pos);
-    if (pos < format_.size() && format_[pos] == QLatin1Char('.')) {
+    if (At(pos, u'.')) {
       ++pos;
-      spec.precision = Number(pos);
-      if (spec.precision < 0) spec.precision = 0;
+      spec.precision = qMax(Number(pos), 0);
     }
-    if (pos >= format_.size()) Fail();
-    spec.type = format_[pos++].toLower();
+    if (pos >= format_.size() || format_[pos].unicode() > 0x7F) Fail();
+    spec.type = char(format_[pos++].toLower().unicode());
     QString text = Convert(spec, NextArg());
     if (spec.width > text.size()) {
-      const QString pad(spec.width - text.size(), QLatin1Char(' '));
+      const QString pad(spec.width - text.size(), u' ');
       text = spec.leftAlign ? text + pad : pad + text;
     }
     return text;
   }
 
-  QString Convert(const struct Directive& spec, const TVarRec& arg) const {
+  QString Convert(const Spec& spec, const TVarRec& arg) const {
     const auto& value = arg.Value();
-    const char type = char(spec.type.unicode());
-    if (type == 's') {
-      const auto* text = std::get_if<QString>(&value);
-      if (!text) Fail();
-      return spec.precision >= 0 ? text->left(spec.precision) : *text;
-    }
-    if (type == 'p') {
-      const auto* pointer = std::get_if<const void*>(&value);
-      if (!pointer) Fail();
-      return QString::number(quintptr(*pointer), 16).toUpper().rightJustified(int(2 * sizeof(void*)), QLatin1Char('0'));
-    }
-    if (type == 'd' || type == 'u' || type == 'x') {
-      const auto* integer = std::get_if<int64_t>(&value);
-      if (!integer) Fail();
-      return Integer(type, *integer, spec.precision);
-    }
-    double real;
-    if (const auto* asDouble = std::get_if<double>(&value)) real = *asDouble;
-    else Fail();
-    return Real(type, real, spec.precision);
-  }
-
-  static QString Integer(char type, int64_t value, int precision) {
-    const bool negative = type == 'd' && value < 0;
-    QString digits;
-    if (type == 'x') digits = QString::number(quint64(value), 16).toUpper();
-    else if (type == 'u') digits = QString::number(quint64(value));
-    else digits = QString::number(negative ? -quint64(value) : quint64(value));
-    if (precision > digits.size()) digits = digits.rightJustified(precision, QLatin1Char('0'));
-    return negative ? QLatin1Char('-') + digits : digits;
-  }
-
-  QString Real(char type, double value, int precision) const {
-    if (std::isnan(value)) return QStringLiteral("NAN");
-    if (std::isinf(value)) return value > 0 ? QStringLiteral("INF") : QStringLiteral("-INF");
-    const int decimals = precision < 0 ? 2 : precision;
-    const QLocale grouped(QLocale::English, QLocale::UnitedStates);
-    switch (type) {
-      case 'f':
-        return QString::number(value, 'f', decimals);
-      case 'n':
-        return grouped.toString(value, 'f', decimals);
-      case 'm':
-        return grouped.toCurrencyString(value, QStringLiteral("$"), decimals);
-      case 'e':
-        return Scientific(value, precision < 0 ? 15 : precision);
-      case 'g':
-        return General(value, precision < 0 || precision > 18 ? 15 : precision);
+    const auto* variant = std::get_if<std::shared_ptr<const Variant>>(&value);
+    switch (spec.type) {
+      case 's': {
+        if (variant) return Truncated(VarToStr(**variant), spec.precision);
+        const auto* text = std::get_if<QString>(&value);
+        if (!text) Fail();
+        return Truncated(*text, spec.precision);
+      }
+      case 'p': {
+        const auto* pointer = std::get_if<const void*>(&value);
+        if (!pointer) Fail();
+        return IntToHex(quintptr(*pointer), int(2 * sizeof(void*)));
+      }
+      case 'd': case 'u': case 'x': {
+        if (variant) return Integer(spec, (*variant)->AsInt64(), false);
+        const auto* integer = std::get_if<int64_t>(&value);
+        if (!integer) Fail();
+        return Integer(spec, *integer, arg.IsNarrow());
+      }
+      case 'e': case 'f': case 'g': case 'n': case 'm': {
+        if (variant) return Real(spec, (*variant)->AsDouble());
+        const auto* real = std::get_if<double>(&value);
+        if (!real) Fail();
+        return Real(spec, *real);
+      }
       default:
         Fail();
     }
   }
 
-  // Mantissa of `digits` significant digits, exponent signed with at least three digits.
-  static QString Scientific(double value, int digits) {
-    QString text = QString::number(value, 'e', qMax(digits, 1) - 1).toUpper();
-    const int e = text.indexOf(QLatin1Char('E'));
-    const QChar sign = text[e + 1];
-    QString exponent = text.mid(e + 2).rightJustified(3, QLatin1Char('0'));
-    return text.left(e + 1) + sign + exponent;
+  static QString Truncated(const QString& text, int precision) {
+    return precision >= 0 ? text.left(precision) : text;
   }
 
-  // Shortest of fixed and scientific, without trailing zeros.
-  static QString General(double value, int digits) {
-    if (value == 0) return QStringLiteral("0");
-    const int magnitude = int(std::floor(std::log10(std::fabs(value))));
-    if (magnitude >= digits || magnitude < -5) {
-      QString mantissa = QString::number(value, 'e', digits - 1).toUpper();
-      const int e = mantissa.indexOf(QLatin1Char('E'));
-      QString head = mantissa.left(e);
-      if (head.contains(QLatin1Char('.'))) {
-        while (head.endsWith(QLatin1Char('0'))) head.chop(1);
-        if (head.endsWith(QLatin1Char('.'))) head.chop(1);
-      }
-      const QChar sign = mantissa[e + 1];
-      QString exponent = mantissa.mid(e + 2);
-      while (exponent.size() > 2 && exponent.startsWith(QLatin1Char('0'))) exponent.remove(0, 1);
-      return head + QLatin1Char('E') + sign + exponent;
+  static QString Integer(const Spec& spec, int64_t value, bool narrow) {
+    const uint64_t bits = narrow ? uint64_t(uint32_t(value)) : uint64_t(value);
+    const bool negative = spec.type == 'd' && value < 0;
+    QString digits;
+    if (spec.type == 'x') digits = QString::number(bits, 16).toUpper();
+    else if (spec.type == 'u') digits = QString::number(bits);
+    else digits = QString::number(negative ? 0 - uint64_t(value) : uint64_t(value));
+    if (spec.precision > digits.size()) digits = digits.rightJustified(spec.precision, u'0');
+    return negative ? u'-' + digits : digits;
+  }
+
+  // Fixed forms read 18 significant digits before rounding to the decimals, as the
+  // classic 80-bit formatter does.
+  QString Real(const Spec& spec, double value) const {
+    const int precision = spec.precision;
+    switch (spec.type) {
+      case 'e':
+        return FloatToStrF(value, ffExponent, precision < 0 ? 15 : precision, 3, settings_);
+      case 'f':
+        return FloatToStrF(value, ffFixed, 18, precision < 0 ? 2 : precision, settings_);
+      case 'g':
+        return FloatToStrF(value, ffGeneral, precision < 0 ? 15 : precision, 0, settings_);
+      case 'n':
+        return FloatToStrF(value, ffNumber, 18, precision < 0 ? 2 : precision, settings_);
+      default:
+        return FloatToStrF(value, ffCurrency, 18, precision < 0 ? settings_.CurrencyDecimals : precision,
+                           settings_);
     }
-    QString fixed = QString::number(value, 'f', qMax(0, digits - 1 - magnitude));
-    if (fixed.contains(QLatin1Char('.'))) {
-      while (fixed.endsWith(QLatin1Char('0'))) fixed.chop(1);
-      if (fixed.endsWith(QLatin1Char('.'))) fixed.chop(1);
-    }
-    return fixed;
   }
 
   const QString& format_;
   std::vector<TVarRec> args_;
+  const TFormatSettings& settings_;
   size_t next_ = 0;
 };
 
 }  // namespace
 
 QString Format(const QString& format, std::initializer_list<TVarRec> args) {
-  return Formatter(format, args).Run();
+  return Formatter(format, args, FormatSettings).Run();
+}
+
+QString Format(const QString& format, std::initializer_list<TVarRec> args, const TFormatSettings& settings) {
+  return Formatter(format, args, settings).Run();
 }
 
 }  // namespace quil

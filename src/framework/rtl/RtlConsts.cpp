@@ -38,5 +38,13 @@ QString SDateEncodeError = QStringLiteral("Invalid argument to date encode");
 QString STimeEncodeError = QStringLiteral("Invalid argument to time encode");
 QString SInvalidVarCast = QStringLiteral("Invalid variant type conversion");
 QString SInvalidFormat = QStringLiteral("Format '%s' invalid or incompatible with argument");
+QString SArgumentMissing = QStringLiteral("No argument for format '%s'");
+QString SInvalidTime = QStringLiteral("'%s' is not a valid time");
+QString SInvalidBoolean = QStringLiteral("'%s' is not a valid boolean value");
+QString SOverflow = QStringLiteral("Arithmetic overflow");
+QString SDivByZero = QStringLiteral("Division by zero");
+QString SInvalidVarOp = QStringLiteral("Invalid variant operation");
+QString SVarNotArray = QStringLiteral("Variant is not an array");
+QString SVarArrayBounds = QStringLiteral("Variant or safe array index out of bounds");
 
 }  // namespace quil

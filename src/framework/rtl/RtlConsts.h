@@ -42,5 +42,13 @@ extern QString SDateEncodeError;
 extern QString STimeEncodeError;
 extern QString SInvalidVarCast;
 extern QString SInvalidFormat;        // %s: the format
+extern QString SArgumentMissing;      // %s: the format
+extern QString SInvalidTime;          // %s: the text
+extern QString SInvalidBoolean;       // %s: the text
+extern QString SOverflow;
+extern QString SDivByZero;
+extern QString SInvalidVarOp;
+extern QString SVarNotArray;
+extern QString SVarArrayBounds;
 
 }  // namespace quil

@@ -1,0 +1,7 @@
+#include "framework/rtl/FormatSettings.h"
+
+namespace quil {
+
+TFormatSettings FormatSettings;
+
+}  // namespace quil
