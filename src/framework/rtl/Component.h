@@ -3,6 +3,7 @@
 // component told of another's freeing (FreeNotification) hears opRemove first.
 
 #include <QString>
+#include <functional>
 #include <vector>
 
 #include "framework/rtl/Persistent.h"
@@ -61,6 +62,15 @@ public:
 
   QString GetNamePath() const override { return name_; }
 
+  // Component streams: the writer writes the components GetChildren lists after this
+  // one's properties (none here, as in the classic framework); the reader makes each
+  // child with GetChildOwner (null: the root) as owner and hands it GetChildParent.
+  using TGetChildProc = std::function<void(TComponent* child)>;
+  virtual void GetChildren(const TGetChildProc& proc, TComponent* root) {}
+  virtual TComponent* GetChildOwner() { return nullptr; }
+  virtual TComponent* GetChildParent() { return this; }
+  virtual void SetParentComponent(TComponent* parent) {}
+
   // Test builds check that owner and notification links are mutual.
   void CheckConsistency() const;
 
@@ -71,6 +81,9 @@ protected:
   void ExcludeState(TComponentStateMember member) { state_.Exclude(member); }
 
 private:
+  friend class TReader;  // sets csReading and csLoading while it reads
+  friend class TWriter;  // sets csWriting while it writes
+
   void Insert(TComponent* component);
   void Remove(TComponent* component);
   void AddFreeLink(TComponent* component);
