@@ -6,6 +6,7 @@
 #include <QStringList>
 
 #include "framework/rtl/Exceptions.h"
+#include "framework/rtl/Filer.h"
 #include "framework/rtl/Lists.h"
 #include "framework/rtl/UpdateGuard.h"
 
@@ -275,6 +276,24 @@ bool TStrings::Equals(const TStrings* strings) const {
   for (int index = 0; index < GetCount(); ++index)
     if (Get(index) != strings->Get(index)) return false;
   return true;
+}
+
+void TStrings::DefineProperties(TFiler* filer) {
+  auto readData = [this](TReader& reader) {
+    reader.ReadListBegin();
+    {
+      TUpdateGuard<TStrings> update(*this);
+      Clear();
+      while (!reader.EndOfList()) Add(reader.ReadString());
+    }
+    reader.ReadListEnd();
+  };
+  auto writeData = [this](TWriter& writer) {
+    writer.WriteListBegin();
+    for (int index = 0; index < Count(); ++index) writer.WriteString(Get(index));
+    writer.WriteListEnd();
+  };
+  filer->DefineProperty(QStringLiteral("Strings"), readData, writeData, Count() > 0);
 }
 
 int TStrings::CompareStrings(const QString& string1, const QString& string2) const {

@@ -94,6 +94,9 @@ public:
   void Assign(const TPersistent* source) override;
   // Same count and the same strings, compared exactly.
   bool Equals(const TStrings* strings) const;
+  // Component streams hold the lines as the defined property "Strings", a list of
+  // strings, written when there is at least one.
+  void DefineProperties(TFiler* filer) override;
 
 protected:
   virtual int GetCount() const = 0;
