@@ -32,6 +32,7 @@
 #include "framework/rtl/Currency.h"
 #include "framework/rtl/Object.h"
 #include "framework/rtl/Sets.h"
+#include "framework/rtl/Variants.h"
 
 namespace quil {
 
@@ -49,6 +50,7 @@ extern QString SPropertyException;  // %s%s%s: object, ".", property; %s: the me
 extern QString SInvalidBinary;
 extern QString SMethodNotFound;     // %s: the method name
 extern QString SAncestorNotFound;   // %s: the component name
+extern QString SUnsupportedVariant;
 
 enum TValueType : uint8_t {
   vaNull, vaList, vaInt8, vaInt16, vaInt32, vaExtended, vaString, vaIdent, vaFalse, vaTrue,
@@ -135,6 +137,8 @@ public:
   void WriteDate(double value);
   void WriteSet(const TSetTypeInfo& type, uint64_t value);
   void WriteBinary(const TStreamProc& writeData);
+  // Unassigned as vaNil, Null as vaNull; raises EWriteError for arrays.
+  void WriteVariant(const Variant& value);
   void Write(const void* buffer, int64_t count);
 
   TFindMethodName FindMethodName;
@@ -194,6 +198,7 @@ public:
   Currency ReadCurrency();
   double ReadDate();
   uint64_t ReadSet(const TSetTypeInfo& type);
+  Variant ReadVariant();
   void SkipValue();
   void Read(void* buffer, int64_t count);
 

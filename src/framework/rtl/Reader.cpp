@@ -20,6 +20,7 @@ QString SPropertyException = QStringLiteral("Error reading %s%s%s: %s");
 QString SInvalidBinary = QStringLiteral("Invalid binary value");
 QString SMethodNotFound = QStringLiteral("Method %s not found");
 QString SAncestorNotFound = QStringLiteral("Ancestor for '%s' not found");
+QString SUnsupportedVariant = QStringLiteral("Unsupported variant type");
 
 namespace {
 
@@ -269,6 +270,8 @@ void TReader::ReadPropValue(TPersistent* instance, const TPropInfo& prop) {
       return ReadObjectValue(instance, prop);
     case tkMethod:
       return ReadMethodValue(instance, prop);
+    case tkVariant:
+      return dynamic_cast<const TVariantPropInfo&>(prop).Set(instance, ReadVariant());
     default:
       SkipValue();
       throw EReadError(Format(SInvalidPropertyType, {prop.Name()}));
@@ -515,6 +518,42 @@ uint64_t TReader::ReadSet(const TSetTypeInfo& type) {
     bits |= uint64_t{1} << ordinal;
   }
   return bits;
+}
+
+Variant TReader::ReadVariant() {
+  switch (NextValue()) {
+    case vaNil:
+      ReadValue();
+      return Unassigned();
+    case vaNull:
+      ReadValue();
+      return Null();
+    case vaInt8:
+    case vaInt16:
+    case vaInt32:
+      return Variant(ReadInteger());
+    case vaInt64:
+      return Variant(static_cast<long long>(ReadInt64()));
+    case vaExtended:
+    case vaDouble:
+    case vaSingle:
+      return Variant(ReadFloat());
+    case vaCurrency:
+      return Variant(ReadCurrency());
+    case vaDate:
+      return VarFromDateTime(ReadDate());
+    case vaFalse:
+    case vaTrue:
+      return Variant(ReadBoolean());
+    case vaString:
+    case vaLString:
+    case vaWString:
+    case vaUTF8String:
+      return Variant(ReadString());
+    default:
+      SkipValue();
+      throw EReadError(SUnsupportedVariant);
+  }
 }
 
 void TReader::SkipSetBody() {

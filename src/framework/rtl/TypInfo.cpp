@@ -63,6 +63,11 @@ const TTypeInfo& StringTypeInfo() {
   return info;
 }
 
+const TTypeInfo& VariantTypeInfo() {
+  static const TTypeInfo info(tkVariant, QStringLiteral("Variant"));
+  return info;
+}
+
 const TTypeInfo& MethodTypeInfo() {
   static const TTypeInfo info(tkMethod, QStringLiteral("TMethod"));
   return info;
@@ -269,6 +274,67 @@ void SetObjectProp(TObject* instance, const TPropInfo* prop, TObject* value) {
 void SetObjectProp(TObject* instance, const QString& path, TObject* value) {
   const TPropTarget target = Require(instance, path);
   SetObjectProp(target.instance, target.prop, value);
+}
+
+Variant GetVariantProp(const TObject* instance, const QString& path) {
+  const TPropTarget target = Require(instance, path);
+  return As<TVariantPropInfo>(target.prop).Get(target.instance);
+}
+
+void SetVariantProp(TObject* instance, const QString& path, const Variant& value) {
+  const TPropTarget target = Require(instance, path);
+  As<TVariantPropInfo>(target.prop).Set(target.instance, value);
+}
+
+Variant GetPropValue(const TObject* instance, const QString& path, bool preferStrings) {
+  const TPropTarget target = Require(instance, path);
+  const TPropInfo* prop = target.prop;
+  switch (prop->Kind()) {
+    case tkInteger:
+      return Variant(int(GetOrdProp(target.instance, prop)));
+    case tkInt64:
+      return Variant(static_cast<long long>(GetOrdProp(target.instance, prop)));
+    case tkEnumeration:
+      if (&prop->PropType() == &BooleanTypeInfo()) return Variant(GetOrdProp(target.instance, prop) != 0);
+      if (preferStrings) return Variant(GetEnumProp(target.instance, prop->Name()));
+      return Variant(int(GetOrdProp(target.instance, prop)));
+    case tkSet:
+      if (preferStrings) return Variant(GetSetProp(target.instance, prop->Name()));
+      return Variant(static_cast<long long>(GetOrdProp(target.instance, prop)));
+    case tkFloat:
+      return Variant(GetFloatProp(target.instance, prop));
+    case tkUString:
+      return Variant(GetStrProp(target.instance, prop));
+    case tkVariant:
+      return As<TVariantPropInfo>(prop).Get(target.instance);
+    default:
+      throw EPropertyError(Format(SInvalidPropertyType, {prop->Name()}));
+  }
+}
+
+void SetPropValue(TObject* instance, const QString& path, const Variant& value) {
+  const TPropTarget target = Require(instance, path);
+  const TPropInfo* prop = target.prop;
+  switch (prop->Kind()) {
+    case tkInteger:
+    case tkInt64:
+      return SetOrdProp(target.instance, prop, value.AsInt64());
+    case tkEnumeration:
+      if (VarIsStr(value)) return SetEnumProp(target.instance, prop->Name(), value.AsString());
+      if (&prop->PropType() == &BooleanTypeInfo()) return SetOrdProp(target.instance, prop, value.AsBoolean());
+      return SetOrdProp(target.instance, prop, value.AsInt64());
+    case tkSet:
+      if (VarIsStr(value)) return SetSetProp(target.instance, prop->Name(), value.AsString());
+      return SetOrdProp(target.instance, prop, value.AsInt64());
+    case tkFloat:
+      return SetFloatProp(target.instance, prop, value.AsDouble());
+    case tkUString:
+      return SetStrProp(target.instance, prop, VarToStr(value));
+    case tkVariant:
+      return As<TVariantPropInfo>(prop).Set(target.instance, value);
+    default:
+      throw EPropertyError(Format(SInvalidPropertyType, {prop->Name()}));
+  }
 }
 
 bool IsStoredProp(const TObject* instance, const TPropInfo* prop) {

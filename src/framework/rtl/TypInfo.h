@@ -42,6 +42,7 @@
 #include "framework/rtl/Events.h"
 #include "framework/rtl/Object.h"
 #include "framework/rtl/Sets.h"
+#include "framework/rtl/Variants.h"
 
 namespace quil {
 
@@ -133,6 +134,7 @@ const TIntegerTypeInfo& Int64TypeInfo();
 const TEnumTypeInfo& BooleanTypeInfo();  // False, True
 const TTypeInfo& DoubleTypeInfo();
 const TTypeInfo& StringTypeInfo();
+const TTypeInfo& VariantTypeInfo();
 const TTypeInfo& MethodTypeInfo();
 
 template <typename E>
@@ -222,6 +224,7 @@ using TOrdPropInfo = TValuePropInfo<int64_t>;
 using TFloatPropInfo = TValuePropInfo<double>;
 using TStrPropInfo = TValuePropInfo<QString>;
 using TClassPropInfo = TValuePropInfo<TObject*>;
+using TVariantPropInfo = TValuePropInfo<Variant>;
 
 // Events have no untyped value: callers can ask whether one is set and clear it; the
 // typed TEventPropInfo gets and sets the delegate.
@@ -301,6 +304,14 @@ TObject* GetObjectProp(const TObject* instance, const QString& path,
 // Raises EPropertyError (SInvalidPropertyValue) when value is not of the property's class.
 void SetObjectProp(TObject* instance, const TPropInfo* prop, TObject* value);
 void SetObjectProp(TObject* instance, const QString& path, TObject* value);
+
+Variant GetVariantProp(const TObject* instance, const QString& path);
+void SetVariantProp(TObject* instance, const QString& path, const Variant& value);
+// Any property but an object or an event, as a variant: enumerations and sets as their
+// text unless preferStrings is false, booleans as booleans. The setter takes text or
+// numbers for enumerations and sets.
+Variant GetPropValue(const TObject* instance, const QString& path, bool preferStrings = true);
+void SetPropValue(TObject* instance, const QString& path, const Variant& value);
 
 bool IsStoredProp(const TObject* instance, const TPropInfo* prop);
 bool IsStoredProp(const TObject* instance, const QString& path);
@@ -460,6 +471,11 @@ auto FloatProp(const char* name, F C::*getter, S setter = nullptr) {
 template <typename C, typename F, typename S = std::nullptr_t>
 auto StrProp(const char* name, F C::*getter, S setter = nullptr) {
   return TPropBuilder<TStrPropInfo, QString>(name, StringTypeInfo(), getter, setter, QString());
+}
+
+template <typename C, typename F, typename S = std::nullptr_t>
+auto VariantProp(const char* name, F C::*getter, S setter = nullptr) {
+  return TPropBuilder<TVariantPropInfo, Variant>(name, VariantTypeInfo(), getter, setter, Variant());
 }
 
 // An object the instance owns (a font, a collection, strings) or refers to (a component,

@@ -129,6 +129,11 @@ void TWriter::WriteProperty(const TPersistent* instance, const TPropInfo& prop) 
     case tkClass:
       WriteObjectProp(instance, prop);
       break;
+    case tkVariant:
+      if (prop.IsDefaultValue(instance)) return;
+      WritePropName(prop.Name());
+      WriteVariant(dynamic_cast<const TVariantPropInfo&>(prop).Get(instance));
+      break;
     case tkMethod:
       WriteMethodProp(instance, prop);
       break;
@@ -317,6 +322,22 @@ void TWriter::WriteBinary(const TStreamProc& writeData) {
   WriteValue(vaBinary);
   WriteLE<int32_t>(*this, int32_t(data.Size()));
   Write(data.Memory(), data.Size());
+}
+
+void TWriter::WriteVariant(const Variant& value) {
+  switch (VarType(value)) {
+    case varEmpty: return WriteValue(vaNil);
+    case varNull: return WriteValue(vaNull);
+    case varSmallint:
+    case varInteger:
+    case varInt64: return WriteInteger(value.AsInt64());
+    case varDouble: return WriteFloat(value.AsDouble());
+    case varCurrency: return WriteCurrency(value.AsCurrency());
+    case varDate: return WriteDate(value.AsDateTime());
+    case varBoolean: return WriteBoolean(value.AsBoolean());
+    case varString: return WriteString(value.AsString());
+    default: throw EWriteError(SUnsupportedVariant);
+  }
 }
 
 }  // namespace quil
