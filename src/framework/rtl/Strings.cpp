@@ -8,32 +8,12 @@
 #include "framework/rtl/Exceptions.h"
 #include "framework/rtl/Filer.h"
 #include "framework/rtl/Lists.h"
+#include "framework/rtl/StringUtils.h"
 #include "framework/rtl/UpdateGuard.h"
 
 namespace quil {
 
 namespace {
-
-// Case-insensitive order first; among strings that differ only in case, lower case
-// sorts before upper case ("a" < "A" < "b"), as the platform's linguistic order does.
-int CompareLinguistic(const QString& string1, const QString& string2, Qt::CaseSensitivity sensitivity) {
-  const int folded = string1.compare(string2, Qt::CaseInsensitive);
-  if (folded != 0 || sensitivity == Qt::CaseInsensitive) return folded;
-  const qsizetype length = std::min(string1.size(), string2.size());
-  for (qsizetype charIndex = 0; charIndex < length; ++charIndex) {
-    const QChar char1 = string1[charIndex], char2 = string2[charIndex];
-    if (char1 == char2) continue;
-    if (char1.isLower() != char2.isLower()) return char1.isLower() ? -1 : 1;
-    return char1 < char2 ? -1 : 1;
-  }
-  return string1.compare(string2);
-}
-
-QString QuoteString(const QString& value, QChar quote) {
-  QString doubled = value;
-  doubled.replace(quote, QString(2, quote));
-  return quote + doubled + quote;
-}
 
 // Reads a quoted string starting at the quote at pos; a doubled quote stands for one.
 // Leaves pos behind the closing quote, or at the end when there is none.
@@ -213,7 +193,7 @@ QString TStrings::JoinDelimited(QChar delimiter, QChar quote, bool strict) const
   for (int index = 0; index < GetCount(); ++index) {
     const QString value = Get(index);
     const bool quoted = std::any_of(value.begin(), value.end(), needsQuotes);
-    parts.append(quoted ? QuoteString(value, quote) : value);
+    parts.append(quoted ? AnsiQuotedStr(value, quote) : value);
   }
   return parts.join(delimiter);
 }
@@ -297,7 +277,7 @@ void TStrings::DefineProperties(TFiler* filer) {
 }
 
 int TStrings::CompareStrings(const QString& string1, const QString& string2) const {
-  return CompareLinguistic(string1, string2, Qt::CaseInsensitive);
+  return AnsiCompareText(string1, string2);
 }
 
 const TMetaClass& TStringList::StaticClass() {
@@ -499,7 +479,7 @@ void TStringList::SetUpdateState(bool updating) {
 }
 
 int TStringList::CompareStrings(const QString& string1, const QString& string2) const {
-  return CompareLinguistic(string1, string2, caseSensitive_ ? Qt::CaseSensitive : Qt::CaseInsensitive);
+  return caseSensitive_ ? AnsiCompareStr(string1, string2) : AnsiCompareText(string1, string2);
 }
 
 void TStringList::Changing() {
