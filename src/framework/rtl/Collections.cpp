@@ -6,6 +6,7 @@
 
 #include "framework/rtl/Exceptions.h"
 #include "framework/rtl/Lists.h"
+#include "framework/rtl/TypInfo.h"
 #include "framework/rtl/UpdateGuard.h"
 
 namespace quil {
@@ -148,10 +149,23 @@ void TCollection::Assign(const TPersistent* source) {
 
 QString TCollection::GetNamePath() const {
   const TPersistent* owner = GetOwner();
-  if (!owner || propName_.isEmpty()) return ClassName();
+  if (!owner) return ClassName();
   const QString ownerPath = owner->GetNamePath();
-  if (ownerPath.isEmpty()) return ClassName();
-  return ownerPath + QLatin1Char('.') + propName_;
+  const QString propName = PropName();
+  if (ownerPath.isEmpty() || propName.isEmpty()) return ClassName();
+  return ownerPath + QLatin1Char('.') + propName;
+}
+
+QString TCollection::PropName() const {
+  const TPersistent* owner = GetOwner();
+  if (!propName_.isEmpty() || !owner) return propName_;
+  // The last such property names it, as in the classic lookup.
+  const TMetaClass& meta = owner->ClassType();
+  for (int index = meta.PropertyCount() - 1; index >= 0; --index) {
+    const TPropInfo* prop = meta.Property(index);
+    if (prop->Kind() == tkClass && GetObjectProp(owner, prop) == this) return prop->Name();
+  }
+  return QString();
 }
 
 void TCollection::InsertItem(TCollectionItem* item) {

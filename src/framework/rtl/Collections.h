@@ -92,11 +92,12 @@ public:
   // From another collection: clears and adds a copy of each item (the items' Assign),
   // with one Update at the end.
   void Assign(const TPersistent* source) override;
-  // "Owner.PropName" when the owner has a name path and PropName is set, else the
+  // "Owner.PropName" when the owner has a name path and there is a PropName, else the
   // class name.
   QString GetNamePath() const override;
-  // The name of the owner's property that holds this collection.
-  const QString& PropName() const { return propName_; }
+  // The name of the owner's property that holds this collection: the one set, else
+  // the owner's published object property whose value is this collection, else empty.
+  QString PropName() const;
   void SetPropName(const QString& name) { propName_ = name; }
 
   // Raises std::logic_error when the items and their back links disagree.

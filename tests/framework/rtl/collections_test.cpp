@@ -6,6 +6,7 @@
 #include "framework/rtl/Collections.h"
 #include "framework/rtl/Component.h"
 #include "framework/rtl/Exceptions.h"
+#include "framework/rtl/TypInfo.h"
 #include "framework/rtl/UpdateGuard.h"
 #include "framework/rtl/Printers.h"
 
@@ -363,4 +364,44 @@ TEST(TCollection, ADescendantMakesItsOwnItems) {
   ASSERT_NE(second, nullptr);
   EXPECT_EQ(second->tag, 101);
   collection.CheckConsistency();
+}
+
+namespace {
+
+// An owner that publishes its collection, as a grid publishes its columns.
+class TGridLike : public TComponent {
+public:
+  using TComponent::TComponent;
+
+  static const TMetaClass& StaticClass() {
+    static const TMetaClass meta = TMetaClass("TGridLike", &TComponent::StaticClass())
+                                       .Published(ObjectProp("Other", &TGridLike::Other))
+                                       .Published(ObjectProp("Columns", &TGridLike::Columns));
+    return meta;
+  }
+  const TMetaClass& ClassType() const override { return StaticClass(); }
+
+  TCollection* Other() const { return other_; }
+  TCollection* Columns() const { return columns_; }
+
+  TRecordingCollection* other_ = nullptr;
+  TRecordingCollection* columns_ = nullptr;
+};
+
+}  // namespace
+
+TEST(TCollection, PropNameIsFoundAmongTheOwnersPublishedProperties) {
+  TGridLike grid(nullptr);
+  grid.SetName(QStringLiteral("Grid1"));
+  TRecordingCollection columns(&grid), other(&grid), stray(&grid);
+  grid.columns_ = &columns;
+  grid.other_ = &other;
+  Filled(columns, {"A", "B", "C"});
+  EXPECT_EQ(columns.PropName(), QStringLiteral("Columns"));
+  EXPECT_EQ(columns.Item(2)->GetNamePath(), QStringLiteral("Grid1.Columns[2]"));
+  EXPECT_EQ(other.GetNamePath(), QStringLiteral("Grid1.Other"));
+  EXPECT_EQ(stray.PropName(), QString());
+  EXPECT_EQ(stray.GetNamePath(), QStringLiteral("TOwnedCollection"));
+  stray.SetPropName(QStringLiteral("Stray"));
+  EXPECT_EQ(stray.GetNamePath(), QStringLiteral("Grid1.Stray"));
 }
