@@ -1,0 +1,140 @@
+#pragma once
+// The compiled tree of a filter expression. Operands give values, nodes give truth;
+// both read the record only through field indices fixed at compile time.
+
+#include <memory>
+#include <vector>
+
+#include "framework/db/FilterExpression.h"
+#include "framework/db/FilterValues.h"
+#include "framework/db/LikePattern.h"
+
+namespace quil {
+
+class TFilterOperand {
+public:
+  virtual ~TFilterOperand() = default;
+  virtual Variant Value(const TFilterValueSource& record) const = 0;
+};
+
+using TFilterOperandPtr = std::unique_ptr<const TFilterOperand>;
+
+class TFilterFieldOperand final : public TFilterOperand {
+public:
+  explicit TFilterFieldOperand(int fieldIndex) : fieldIndex_(fieldIndex) {}
+  Variant Value(const TFilterValueSource& record) const override { return record.FieldValue(fieldIndex_); }
+
+private:
+  int fieldIndex_;
+};
+
+class TFilterConstantOperand final : public TFilterOperand {
+public:
+  explicit TFilterConstantOperand(Variant value) : value_(std::move(value)) {}
+  Variant Value(const TFilterValueSource&) const override { return value_; }
+
+private:
+  Variant value_;
+};
+
+enum class TFilterTextCase { Upper, Lower };
+
+// UPPER(...) and LOWER(...): the operand's text in one case; Null stays Null.
+class TFilterCaseOperand final : public TFilterOperand {
+public:
+  TFilterCaseOperand(TFilterTextCase textCase, TFilterOperandPtr operand)
+      : textCase_(textCase), operand_(std::move(operand)) {}
+  Variant Value(const TFilterValueSource& record) const override;
+
+private:
+  TFilterTextCase textCase_;
+  TFilterOperandPtr operand_;
+};
+
+class TFilterNode {
+public:
+  virtual ~TFilterNode() = default;
+  virtual bool Test(const TFilterValueSource& record) const = 0;
+};
+
+using TFilterNodePtr = std::unique_ptr<const TFilterNode>;
+
+enum class TFilterJunction { And, Or };
+
+// A chain of AND or of OR, tested left to right until the outcome is known.
+class TFilterJunctionNode final : public TFilterNode {
+public:
+  TFilterJunctionNode(TFilterJunction junction, std::vector<TFilterNodePtr> terms)
+      : junction_(junction), terms_(std::move(terms)) {}
+  bool Test(const TFilterValueSource& record) const override;
+
+private:
+  TFilterJunction junction_;
+  std::vector<TFilterNodePtr> terms_;
+};
+
+class TFilterNotNode final : public TFilterNode {
+public:
+  explicit TFilterNotNode(TFilterNodePtr term) : term_(std::move(term)) {}
+  bool Test(const TFilterValueSource& record) const override { return !term_->Test(record); }
+
+private:
+  TFilterNodePtr term_;
+};
+
+class TFilterCompareNode final : public TFilterNode {
+public:
+  TFilterCompareNode(TFilterCompareOp op, TFilterOperandPtr left, TFilterOperandPtr right, TFilterCase textCase)
+      : op_(op), left_(std::move(left)), right_(std::move(right)), textCase_(textCase) {}
+  bool Test(const TFilterValueSource& record) const override;
+
+private:
+  TFilterCompareOp op_;
+  TFilterOperandPtr left_;
+  TFilterOperandPtr right_;
+  TFilterCase textCase_;
+};
+
+class TFilterLikeNode final : public TFilterNode {
+public:
+  TFilterLikeNode(TFilterOperandPtr operand, TLikePattern pattern)
+      : operand_(std::move(operand)), pattern_(std::move(pattern)) {}
+  bool Test(const TFilterValueSource& record) const override;
+
+private:
+  TFilterOperandPtr operand_;
+  TLikePattern pattern_;
+};
+
+class TFilterInNode final : public TFilterNode {
+public:
+  TFilterInNode(TFilterOperandPtr operand, std::vector<Variant> items, TFilterCase textCase)
+      : operand_(std::move(operand)), items_(std::move(items)), textCase_(textCase) {}
+  bool Test(const TFilterValueSource& record) const override;
+
+private:
+  TFilterOperandPtr operand_;
+  std::vector<Variant> items_;
+  TFilterCase textCase_;
+};
+
+class TFilterIsNullNode final : public TFilterNode {
+public:
+  explicit TFilterIsNullNode(TFilterOperandPtr operand) : operand_(std::move(operand)) {}
+  bool Test(const TFilterValueSource& record) const override;
+
+private:
+  TFilterOperandPtr operand_;
+};
+
+// A Boolean field or constant standing as a condition of its own; Null is false.
+class TFilterTruthNode final : public TFilterNode {
+public:
+  explicit TFilterTruthNode(TFilterOperandPtr operand) : operand_(std::move(operand)) {}
+  bool Test(const TFilterValueSource& record) const override;
+
+private:
+  TFilterOperandPtr operand_;
+};
+
+}  // namespace quil
