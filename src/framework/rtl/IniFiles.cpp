@@ -6,6 +6,7 @@
 #include <QStringConverter>
 
 #include "framework/rtl/Conversions.h"
+#include "framework/rtl/DateFormat.h"
 #include "framework/rtl/Exceptions.h"
 #include "framework/rtl/Format.h"
 #include "framework/rtl/RtlConsts.h"
@@ -55,14 +56,44 @@ void TCustomIniFile::WriteBool(const QString& section, const QString& ident, boo
   WriteString(section, ident, value ? QStringLiteral("1") : QStringLiteral("0"));
 }
 
-double TCustomIniFile::ReadFloat(const QString& section, const QString& ident, double defaultValue) const {
+double TCustomIniFile::ReadParsed(const QString& section, const QString& ident, double defaultValue,
+                                  TryParse parse) const {
   const QString text = ReadString(section, ident, QString());
   double value = defaultValue;
-  return !text.isEmpty() && TryStrToFloat(text, value) ? value : defaultValue;
+  return !text.isEmpty() && parse(text, value, FormatSettings) ? value : defaultValue;
+}
+
+double TCustomIniFile::ReadFloat(const QString& section, const QString& ident, double defaultValue) const {
+  return ReadParsed(section, ident, defaultValue, &TryStrToFloat);
 }
 
 void TCustomIniFile::WriteFloat(const QString& section, const QString& ident, double value) {
   WriteString(section, ident, FloatToStr(value));
+}
+
+TDateTime TCustomIniFile::ReadDate(const QString& section, const QString& ident, TDateTime defaultValue) const {
+  return ReadParsed(section, ident, defaultValue, &TryStrToDate);
+}
+
+void TCustomIniFile::WriteDate(const QString& section, const QString& ident, TDateTime value) {
+  WriteString(section, ident, DateToStr(value));
+}
+
+TDateTime TCustomIniFile::ReadTime(const QString& section, const QString& ident, TDateTime defaultValue) const {
+  return ReadParsed(section, ident, defaultValue, &TryStrToTime);
+}
+
+void TCustomIniFile::WriteTime(const QString& section, const QString& ident, TDateTime value) {
+  WriteString(section, ident, TimeToStr(value));
+}
+
+TDateTime TCustomIniFile::ReadDateTime(const QString& section, const QString& ident,
+                                       TDateTime defaultValue) const {
+  return ReadParsed(section, ident, defaultValue, &TryStrToDateTime);
+}
+
+void TCustomIniFile::WriteDateTime(const QString& section, const QString& ident, TDateTime value) {
+  WriteString(section, ident, DateTimeToStr(value));
 }
 
 bool TCustomIniFile::SectionExists(const QString& section) const {

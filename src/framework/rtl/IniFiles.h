@@ -18,12 +18,14 @@
 #include <QStringList>
 #include <memory>
 
+#include "framework/rtl/DateTime.h"
 #include "framework/rtl/Object.h"
 
 class QSettings;
 
 namespace quil {
 
+struct TFormatSettings;
 class TStrings;
 class TStringList;
 
@@ -49,6 +51,14 @@ public:
   // In the current format settings; text that is no number reads as defaultValue.
   double ReadFloat(const QString& section, const QString& ident, double defaultValue) const;
   void WriteFloat(const QString& section, const QString& ident, double value);
+  // As DateToStr, TimeToStr and DateTimeToStr write them; unreadable text reads as
+  // defaultValue.
+  TDateTime ReadDate(const QString& section, const QString& ident, TDateTime defaultValue) const;
+  void WriteDate(const QString& section, const QString& ident, TDateTime value);
+  TDateTime ReadTime(const QString& section, const QString& ident, TDateTime defaultValue) const;
+  void WriteTime(const QString& section, const QString& ident, TDateTime value);
+  TDateTime ReadDateTime(const QString& section, const QString& ident, TDateTime defaultValue) const;
+  void WriteDateTime(const QString& section, const QString& ident, TDateTime value);
 
   // Each clears its list first. Keys of a section; names of all sections; the
   // section's entries as "Key=Value" lines.
@@ -69,6 +79,10 @@ protected:
   static void SetLines(TStrings* list, const QStringList& lines);
 
 private:
+  // Text read by parse, or defaultValue when it is missing, empty or unreadable.
+  using TryParse = bool (*)(const QString& text, double& value, const TFormatSettings& settings);
+  double ReadParsed(const QString& section, const QString& ident, double defaultValue, TryParse parse) const;
+
   QString fileName_;
 };
 

@@ -6,6 +6,7 @@
 #include <QTemporaryDir>
 #include <optional>
 
+#include "framework/rtl/DateFormat.h"
 #include "framework/rtl/Exceptions.h"
 #include "framework/rtl/IniFiles.h"
 #include "framework/rtl/Printers.h"
@@ -205,6 +206,22 @@ TEST_F(IniFileTest, FloatThatIsNoNumberGivesTheDefault) {
   ini.WriteString(QStringLiteral("N"), QStringLiteral("v"), QStringLiteral("wide"));
   EXPECT_DOUBLE_EQ(ini.ReadFloat(QStringLiteral("N"), QStringLiteral("v"), 1.25), 1.25);
   EXPECT_DOUBLE_EQ(ini.ReadFloat(QStringLiteral("N"), QStringLiteral("missing"), 1.25), 1.25);
+}
+
+TEST_F(IniFileTest, DatesAndTimesRoundTripInTheFormatSettings) {
+  const TDateTime date = EncodeDate(2024, 2, 29);
+  const TDateTime time = EncodeTime(13, 45, 30, 0);
+  TMemIniFile ini(Path());
+  ini.WriteDate(QStringLiteral("D"), QStringLiteral("date"), date);
+  ini.WriteTime(QStringLiteral("D"), QStringLiteral("time"), time);
+  ini.WriteDateTime(QStringLiteral("D"), QStringLiteral("both"), date + time);
+  ini.WriteString(QStringLiteral("D"), QStringLiteral("bad"), QStringLiteral("someday"));
+  EXPECT_EQ(ini.ReadString(QStringLiteral("D"), QStringLiteral("date"), QString()), DateToStr(date));
+  EXPECT_DOUBLE_EQ(ini.ReadDate(QStringLiteral("D"), QStringLiteral("date"), 0), date);
+  EXPECT_NEAR(ini.ReadTime(QStringLiteral("D"), QStringLiteral("time"), 0), time, 1e-9);
+  EXPECT_NEAR(ini.ReadDateTime(QStringLiteral("D"), QStringLiteral("both"), 0), date + time, 1e-9);
+  EXPECT_DOUBLE_EQ(ini.ReadDate(QStringLiteral("D"), QStringLiteral("bad"), 7.0), 7.0);
+  EXPECT_DOUBLE_EQ(ini.ReadDateTime(QStringLiteral("D"), QStringLiteral("missing"), 7.0), 7.0);
 }
 
 TEST_F(IniFileTest, IniFileWritesThroughOnEveryCall) {
