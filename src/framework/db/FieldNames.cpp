@@ -1,0 +1,14 @@
+#include "framework/db/FieldNames.h"
+
+namespace quil {
+
+QString ExtractFieldName(const QString& fields, int& pos) {
+  int end = qMax(pos, 1);
+  while (end <= fields.size() && fields[end - 1] != QLatin1Char(';')) ++end;
+  const QString name = fields.mid(pos - 1, end - pos).trimmed();
+  if (end <= fields.size()) ++end;
+  pos = end;
+  return name;
+}
+
+}  // namespace quil
