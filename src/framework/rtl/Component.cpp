@@ -5,6 +5,7 @@
 
 #include "framework/rtl/RtlConsts.h"
 #include "framework/rtl/SysUtils.h"
+#include "framework/rtl/TypInfo.h"
 
 namespace quil {
 
@@ -24,8 +25,11 @@ bool Has(const std::vector<T*>& list, const T* item) {
 }  // namespace
 
 const TMetaClass& TComponent::StaticClass() {
+  // Name is published for access by name; streams carry it in the component's header.
   static const TMetaClass meta = TMetaClass("TComponent", &TPersistent::StaticClass())
-      .Creates<TComponent>();
+      .Creates<TComponent>()
+      .Published(StrProp("Name", &TComponent::Name, &TComponent::SetName).Stored(false))
+      .Published(IntProp("Tag", &TComponent::Tag, &TComponent::SetTag).Default(0));
   return meta;
 }
 

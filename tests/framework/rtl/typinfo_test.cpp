@@ -45,7 +45,8 @@ TEST_F(TypInfoTest, GetPropInfoFindsNamesCaseInsensitivelyAndAlongPaths) {
   EXPECT_EQ(GetPropInfo(shape, "Caption.Width"), nullptr);
   EXPECT_EQ(GetPropInfo(shape, "Pen.Missing"), nullptr);
   EXPECT_TRUE(IsPublishedProp(shape, "Pen.Name"));
-  EXPECT_FALSE(IsPublishedProp(TDrawing::StaticClass(), "Name"));
+  EXPECT_TRUE(IsPublishedProp(TDrawing::StaticClass(), "Name"));
+  EXPECT_FALSE(IsPublishedProp(TShape::StaticClass(), "Name"));
   EXPECT_EQ(PropType(shape, "Pen.Name"), tkUString);
   EXPECT_TRUE(PropIsType(&drawing, "Shapes", tkClass));
   EXPECT_THROW(PropType(TShape::StaticClass(), "Nope"), EPropertyError);
@@ -84,6 +85,15 @@ TEST_F(TypInfoTest, ReadsAndWritesEachKindByName) {
   SetSetProp(shape, "Styles", "ssBold");
   EXPECT_EQ(shape->Styles(), TShapeStyles{ssBold});
   EXPECT_EQ(GetOrdProp(shape, "Styles"), 1);
+}
+
+TEST_F(TypInfoTest, ComponentsPublishNameAndTag) {
+  SetStrProp(&drawing, "Name", "Sketch");
+  SetOrdProp(&drawing, "Tag", 4);
+  EXPECT_EQ(drawing.Name(), "Sketch");
+  EXPECT_EQ(GetOrdProp(&drawing, "Tag"), 4);
+  EXPECT_THROW(SetStrProp(&drawing, "Name", "not an identifier"), EComponentError);
+  EXPECT_FALSE(IsStoredProp(&drawing, "Name"));  // the stream's header carries it
 }
 
 TEST_F(TypInfoTest, ReachesSubobjectPropertiesAlongDottedPaths) {
