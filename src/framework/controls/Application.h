@@ -1,0 +1,102 @@
+#pragma once
+// The application, the screen and the mouse: one of each per process, reached through
+// the global pointers Application, Screen and Mouse.
+
+#include <QString>
+
+#include "framework/controls/Controls.h"
+#include "framework/rtl/Component.h"
+#include "framework/rtl/Events.h"
+
+namespace quil {
+
+class TApplication : public TComponent {
+public:
+  explicit TApplication(TComponent* owner);
+  ~TApplication() override;
+
+  static const TMetaClass& StaticClass();
+  const TMetaClass& ClassType() const override;
+
+  // Delivers what is waiting: Qt's events, then the posted messages.
+  void ProcessMessages();
+  // Runs the event loop until the last window closes, then frees the owned forms.
+  void Run();
+  void Terminate();
+
+  const QString& Title() const { return title_; }
+  void SetTitle(const QString& title) { title_ = title; }
+
+  // Milliseconds before a hint shows, and before it hides again.
+  int HintPause() const { return hintPause_; }
+  void SetHintPause(int milliseconds) { hintPause_ = milliseconds; }
+  int HintHidePause() const { return hintHidePause_; }
+  void SetHintHidePause(int milliseconds) { hintHidePause_ = milliseconds; }
+  int HintShortPause() const { return hintShortPause_; }
+  void SetHintShortPause(int milliseconds) { hintShortPause_ = milliseconds; }
+  bool ShowHint() const { return showHint_; }
+  void SetShowHint(bool showHint) { showHint_ = showHint; }
+  // The hint of the control under the mouse; setting it fires OnHint.
+  const QString& Hint() const { return hint_; }
+  void SetHint(const QString& hint);
+  void CancelHint() { SetHint(QString()); }
+
+  const TNotifyEvent& OnHint() const { return onHint_; }
+  void SetOnHint(const TNotifyEvent& handler) { onHint_ = handler; }
+
+private:
+  QString title_;
+  QString hint_;
+  int hintPause_ = 500;
+  int hintHidePause_ = 2500;
+  int hintShortPause_ = 50;
+  bool showHint_ = true;
+  TNotifyEvent onHint_;
+};
+
+class TScreen : public TComponent {
+public:
+  explicit TScreen(TComponent* owner) : TComponent(owner) {}
+
+  static const TMetaClass& StaticClass();
+  const TMetaClass& ClassType() const override;
+
+  // Logical pixels per inch of the primary screen, 96 without one.
+  int PixelsPerInch() const;
+  // Tests pin the resolution here; 0 goes back to the screen's.
+  void SetPixelsPerInchOverride(int pixelsPerInch) { pixelsPerInchOverride_ = pixelsPerInch; }
+  int Width() const;
+  int Height() const;
+
+  // crDefault lets each control show its own cursor; any other shows everywhere.
+  TCursor Cursor() const { return cursor_; }
+  void SetCursor(TCursor cursor);
+
+  // The control that has the keyboard focus, null when none of ours has.
+  TWinControl* ActiveControl() const;
+
+private:
+  int pixelsPerInchOverride_ = 0;
+  TCursor cursor_ = crDefault;
+};
+
+class TMouse {
+public:
+  TPoint CursorPos() const;
+  void SetCursorPos(TPoint point);
+  TControl* Capture() const { return GetCaptureControl(); }
+  void SetCapture(TControl* control) { SetCaptureControl(control); }
+  int WheelScrollLines() const;
+  int DragThreshold() const;
+};
+
+extern TApplication* const Application;
+extern TScreen* const Screen;
+extern TMouse* const Mouse;
+
+// Sounds the system beep; uType is the classic sound kind, which Qt cannot tell apart.
+bool MessageBeep(unsigned uType);
+// How many beeps sounded since the start, for tests that expect one.
+int MessageBeepCount();
+
+}  // namespace quil

@@ -1,0 +1,12 @@
+#pragma once
+// The classic cursor numbers as Qt's cursor shapes.
+
+#include <Qt>
+
+#include "framework/controls/Controls.h"
+
+namespace quil {
+
+Qt::CursorShape CursorShapeOf(TCursor cursor);
+
+}  // namespace quil

@@ -1,0 +1,77 @@
+#include <QApplication>
+#include <QEventLoop>
+#include <QWidget>
+
+#include "framework/controls/Application.h"
+#include "framework/controls/Controls_p.h"
+#include "framework/controls/Forms.h"
+
+namespace quil {
+
+const TMetaClass& TForm::StaticClass() {
+  static const TMetaClass meta = TMetaClass("TForm", &TWinControl::StaticClass()).Creates<TForm>();
+  return meta;
+}
+
+const TMetaClass& TForm::ClassType() const { return StaticClass(); }
+
+TForm::TForm(TComponent* owner) : TWinControl(owner) {
+  SetInitialVisible(false);
+  SetColor(clBtnFace);
+  SetBounds(0, 0, 640, 480);
+}
+
+TForm::~TForm() = default;
+
+void TForm::CreateWnd() {
+  TWinControl::CreateWnd();
+  Handle()->setWindowTitle(caption_);
+}
+
+void TForm::SetCaption(const QString& caption) {
+  caption_ = caption;
+  if (HandleAllocated()) Handle()->setWindowTitle(caption);
+}
+
+TWinControl* TForm::ActiveControl() const {
+  if (!HandleAllocated()) return nullptr;
+  return FindControl(Private()->Widget()->focusWidget());
+}
+
+void TForm::SetActiveControl(TWinControl* control) {
+  if (control && control->CanFocus()) control->SetFocus();
+}
+
+TModalResult TForm::ShowModal() {
+  modalResult_ = mrNone;
+  HandleNeeded();
+  Handle()->setWindowModality(Qt::ApplicationModal);
+  Show();
+  QEventLoop loop;
+  inModalLoop_ = true;
+  while (modalResult_ == mrNone && Showing()) {
+    loop.processEvents(QEventLoop::WaitForMoreEvents);
+    Application->ProcessMessages();
+  }
+  inModalLoop_ = false;
+  Hide();
+  Handle()->setWindowModality(Qt::NonModal);
+  if (modalResult_ == mrNone) modalResult_ = mrCancel;
+  return modalResult_;
+}
+
+void TForm::Close() {
+  if (inModalLoop_) modalResult_ = mrCancel;
+  Hide();
+}
+
+void TForm::CMDialogKey(TMessage& message) {
+  if (message.WParam == VK_ESCAPE && inModalLoop_) {
+    modalResult_ = mrCancel;
+    message.Result = 1;
+    return;
+  }
+  TWinControl::CMDialogKey(message);
+}
+
+}  // namespace quil
