@@ -134,7 +134,10 @@ TDateTime OrRaise(const QString& text, const QString& message, Try tryConvert) {
 
 bool TryStrToDate(const QString& text, TDateTime& value, const TFormatSettings& settings) {
   DateTimeScanner scanner(text, settings);
-  return scanner.Date(value) && scanner.AtEnd();
+  TDateTime date;
+  if (!scanner.Date(date) || !scanner.AtEnd()) return false;
+  value = date;
+  return true;
 }
 
 TDateTime StrToDate(const QString& text, const TFormatSettings& settings) {
@@ -148,7 +151,10 @@ TDateTime StrToDateDef(const QString& text, TDateTime defaultValue, const TForma
 
 bool TryStrToTime(const QString& text, TDateTime& value, const TFormatSettings& settings) {
   DateTimeScanner scanner(text, settings);
-  return scanner.Time(value) && scanner.AtEnd();
+  TDateTime time;
+  if (!scanner.Time(time) || !scanner.AtEnd()) return false;
+  value = time;
+  return true;
 }
 
 TDateTime StrToTime(const QString& text, const TFormatSettings& settings) {
@@ -168,7 +174,9 @@ bool TryStrToDateTime(const QString& text, TDateTime& value, const TFormatSettin
     return true;
   }
   scanner.Restart();
-  return scanner.Time(value) && scanner.AtEnd();
+  if (!scanner.Time(time) || !scanner.AtEnd()) return false;
+  value = time;
+  return true;
 }
 
 TDateTime StrToDateTime(const QString& text, const TFormatSettings& settings) {

@@ -12,7 +12,7 @@ namespace {
 
 // Days from 1 March of year 0 in the proleptic Gregorian calendar, the count in which
 // leap days fall at the end of each year's cycle.
-int64_t DaysFromCivil(int64_t year, int month, int day) {
+constexpr int64_t DaysFromCivil(int64_t year, int month, int day) {
   year -= month <= 2;
   const int64_t era = (year >= 0 ? year : year - 399) / 400;
   const int64_t yearOfEra = year - era * 400;
@@ -33,7 +33,7 @@ void CivilFromDays(int64_t days, int& year, int& month, int& day) {
 }
 
 // Time-stamp day number of 1 March of year 0.
-const int64_t CivilEpoch = 1 - DaysFromCivil(1, 1, 1);
+constexpr int64_t CivilEpoch = 1 - DaysFromCivil(1, 1, 1);
 
 }  // namespace
 
