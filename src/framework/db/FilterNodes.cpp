@@ -8,11 +8,11 @@ bool IsAbsent(const Variant& value) { return VarIsNull(value) || VarIsEmpty(valu
 
 }  // namespace
 
-Variant TFilterCaseOperand::Value(const TFilterValueSource& record) const {
-  const Variant value = operand_->Value(record);
+const Variant& TFilterCaseOperand::Value(const TFilterValueSource& record, Variant& scratch) const {
+  const Variant& value = operand_->Value(record, scratch);
   if (IsAbsent(value)) return value;
   const QString text = VarToStr(value);
-  return Variant(textCase_ == TFilterTextCase::Upper ? text.toUpper() : text.toLower());
+  return scratch = Variant(textCase_ == TFilterTextCase::Upper ? text.toUpper() : text.toLower());
 }
 
 bool TFilterJunctionNode::Test(const TFilterValueSource& record) const {
@@ -23,27 +23,32 @@ bool TFilterJunctionNode::Test(const TFilterValueSource& record) const {
 }
 
 bool TFilterCompareNode::Test(const TFilterValueSource& record) const {
-  const std::optional<int> sign = CompareFilterValues(left_->Value(record), right_->Value(record), textCase_);
+  Variant leftScratch;
+  Variant rightScratch;
+  const std::optional<int> sign =
+      CompareFilterValues(left_->Value(record, leftScratch), right_->Value(record, rightScratch), textCase_);
   return sign && ApplyCompareOp(op_, *sign);
 }
 
 bool TFilterLikeNode::Test(const TFilterValueSource& record) const {
-  const Variant value = operand_->Value(record);
+  Variant scratch;
+  const Variant& value = operand_->Value(record, scratch);
   if (IsAbsent(value)) return false;
   return pattern_.Matches(VarToStr(value));
 }
 
 bool TFilterInNode::Test(const TFilterValueSource& record) const {
-  const Variant value = operand_->Value(record);
+  Variant scratch;
+  const Variant& value = operand_->Value(record, scratch);
   for (const Variant& item : items_)
     if (CompareFilterValues(value, item, textCase_) == 0) return true;
   return false;
 }
 
-bool TFilterIsNullNode::Test(const TFilterValueSource& record) const { return IsAbsent(operand_->Value(record)); }
-
-bool TFilterTruthNode::Test(const TFilterValueSource& record) const {
-  const Variant value = operand_->Value(record);
+bool TFilterValueTestNode::Test(const TFilterValueSource& record) const {
+  Variant scratch;
+  const Variant& value = operand_->Value(record, scratch);
+  if (test_ == TFilterValueTest::IsNull) return IsAbsent(value);
   return !IsAbsent(value) && value.AsBoolean();
 }
 

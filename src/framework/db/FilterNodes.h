@@ -14,7 +14,9 @@ namespace quil {
 class TFilterOperand {
 public:
   virtual ~TFilterOperand() = default;
-  virtual Variant Value(const TFilterValueSource& record) const = 0;
+  // The value for the record: a constant by reference, anything else made in
+  // `scratch`, so that testing a record copies no constant.
+  virtual const Variant& Value(const TFilterValueSource& record, Variant& scratch) const = 0;
 };
 
 using TFilterOperandPtr = std::unique_ptr<const TFilterOperand>;
@@ -22,7 +24,9 @@ using TFilterOperandPtr = std::unique_ptr<const TFilterOperand>;
 class TFilterFieldOperand final : public TFilterOperand {
 public:
   explicit TFilterFieldOperand(int fieldIndex) : fieldIndex_(fieldIndex) {}
-  Variant Value(const TFilterValueSource& record) const override { return record.FieldValue(fieldIndex_); }
+  const Variant& Value(const TFilterValueSource& record, Variant& scratch) const override {
+    return scratch = record.FieldValue(fieldIndex_);
+  }
 
 private:
   int fieldIndex_;
@@ -31,7 +35,7 @@ private:
 class TFilterConstantOperand final : public TFilterOperand {
 public:
   explicit TFilterConstantOperand(Variant value) : value_(std::move(value)) {}
-  Variant Value(const TFilterValueSource&) const override { return value_; }
+  const Variant& Value(const TFilterValueSource&, Variant&) const override { return value_; }
 
 private:
   Variant value_;
@@ -44,7 +48,7 @@ class TFilterCaseOperand final : public TFilterOperand {
 public:
   TFilterCaseOperand(TFilterTextCase textCase, TFilterOperandPtr operand)
       : textCase_(textCase), operand_(std::move(operand)) {}
-  Variant Value(const TFilterValueSource& record) const override;
+  const Variant& Value(const TFilterValueSource& record, Variant& scratch) const override;
 
 private:
   TFilterTextCase textCase_;
@@ -118,22 +122,17 @@ private:
   TFilterCase textCase_;
 };
 
-class TFilterIsNullNode final : public TFilterNode {
+enum class TFilterValueTest { IsNull, IsTrue };
+
+// IS NULL, or a Boolean field or constant standing as a condition of its own (Null is
+// not true).
+class TFilterValueTestNode final : public TFilterNode {
 public:
-  explicit TFilterIsNullNode(TFilterOperandPtr operand) : operand_(std::move(operand)) {}
+  TFilterValueTestNode(TFilterValueTest test, TFilterOperandPtr operand) : test_(test), operand_(std::move(operand)) {}
   bool Test(const TFilterValueSource& record) const override;
 
 private:
-  TFilterOperandPtr operand_;
-};
-
-// A Boolean field or constant standing as a condition of its own; Null is false.
-class TFilterTruthNode final : public TFilterNode {
-public:
-  explicit TFilterTruthNode(TFilterOperandPtr operand) : operand_(std::move(operand)) {}
-  bool Test(const TFilterValueSource& record) const override;
-
-private:
+  TFilterValueTest test_;
   TFilterOperandPtr operand_;
 };
 

@@ -152,7 +152,8 @@ TFilterNodePtr TFilterParser::ParseComparison(TParsedOperand left) {
     return node;
   };
   if (equality && (left.IsNull() || right.IsNull()))
-    return negatedIf(std::make_unique<TFilterIsNullNode>(MakeOperand(std::move(left.IsNull() ? right : left))));
+    return negatedIf(std::make_unique<TFilterValueTestNode>(TFilterValueTest::IsNull,
+                                                            MakeOperand(std::move(left.IsNull() ? right : left))));
   const bool partial = settings_.partialCompare == TFilterPartialCompare::TrailingAsterisk && equality &&
                        left.Kind() == TFilterFieldKind::Text && VarIsStr(right.constant) &&
                        right.constant.AsString().endsWith(QLatin1Char('*'));
@@ -180,18 +181,17 @@ TFilterNodePtr TFilterParser::ParseIn(TParsedOperand left) {
   Advance();
   if (token_.kind != TFilterTokenKind::LeftParen) Expected(QStringLiteral("'(' after IN"));
   const int openPosition = token_.position;
-  const bool commaIsDecimal = FormatSettings.DecimalSeparator != QLatin1Char(',') ||
-                              left.Kind() == TFilterFieldKind::Real;
-  const TLocaleDecimal localeDecimal = commaIsDecimal ? TLocaleDecimal::Accepted : TLocaleDecimal::Refused;
+  const bool localeDecimalAllowed =
+      FormatSettings.DecimalSeparator != QLatin1Char(',') || left.Kind() == TFilterFieldKind::Real;
+  const TLocaleDecimal localeDecimal = localeDecimalAllowed ? TLocaleDecimal::Accepted : TLocaleDecimal::Refused;
   std::vector<Variant> items;
   do {
     Advance(localeDecimal);
     const TParsedOperand item = ParseOperand(localeDecimal);
-    if (!item.IsConstant()) {
-      DatabaseError(QStringLiteral("Expected a constant in the IN list at position %1, found the field '%2'")
+    if (!item.IsConstant())
+      DatabaseError(QStringLiteral("Expected a constant in the IN list at position %1, found '%2'")
                         .arg(item.position)
                         .arg(item.text));
-    }
     items.push_back(LiteralFor(left, item));
   } while (token_.kind == TFilterTokenKind::Comma);
   ExpectRightParen(openPosition);
@@ -205,7 +205,8 @@ TFilterNodePtr TFilterParser::ParseIsNull(TParsedOperand left) {
   if (!AtKeyword(TFilterKeyword::Null))
     Expected(negated ? QStringLiteral("NULL after IS NOT") : QStringLiteral("NULL or NOT after IS"));
   Advance();
-  TFilterNodePtr node = std::make_unique<TFilterIsNullNode>(MakeOperand(std::move(left)));
+  TFilterNodePtr node =
+      std::make_unique<TFilterValueTestNode>(TFilterValueTest::IsNull, MakeOperand(std::move(left)));
   if (negated) return std::make_unique<TFilterNotNode>(std::move(node));
   return node;
 }
@@ -214,7 +215,7 @@ TFilterNodePtr TFilterParser::ParseTruth(TParsedOperand left) {
   const bool boolean =
       left.IsConstant() ? left.constant.Type() == varBoolean : left.Kind() == TFilterFieldKind::Boolean;
   if (!boolean) Expected(QStringLiteral("a comparison operator, LIKE, IN or IS after '%1'").arg(left.text));
-  return std::make_unique<TFilterTruthNode>(MakeOperand(std::move(left)));
+  return std::make_unique<TFilterValueTestNode>(TFilterValueTest::IsTrue, MakeOperand(std::move(left)));
 }
 
 TParsedOperand TFilterParser::ParseOperand(TLocaleDecimal localeDecimal) {
