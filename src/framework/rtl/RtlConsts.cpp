@@ -47,4 +47,29 @@ QString SInvalidVarOp = QStringLiteral("Invalid variant operation");
 QString SVarNotArray = QStringLiteral("Variant is not an array");
 QString SVarArrayBounds = QStringLiteral("Variant or safe array index out of bounds");
 
+QString SFieldReadOnly = QStringLiteral("Field '%s' cannot be modified");
+QString SFieldRequired = QStringLiteral("Field '%s' must have a value");
+QString SDataSetReadOnly = QStringLiteral("Cannot modify a read-only dataset");
+QString SDataSetOpen = QStringLiteral("Cannot perform this operation on an open dataset");
+QString SRecordNotFound = QStringLiteral("Record not found");
+QString SUnknownFieldType = QStringLiteral("Field '%s' is of an unknown type");
+QString SFieldIndexError = QStringLiteral("Field index out of range");
+QString SDuplicateFieldName = QStringLiteral("Duplicate field name '%s'");
+QString SDataSourceChange = QStringLiteral("DataSource cannot be changed");
+QString SDataSetMissing = QStringLiteral("Field '%s' has no dataset");
+QString SFieldTypeMismatch = QStringLiteral("Type mismatch for field '%s', expecting: %s actual: %s");
+QString SInvalidIntegerValue = QStringLiteral("'%s' is not a valid integer value for field '%s'");
+QString SInvalidFloatValue = QStringLiteral("'%s' is not a valid floating point value for field '%s'");
+QString SInvalidBoolValue = QStringLiteral("'%s' is not a valid boolean value for field '%s'");
+QString SFieldRangeError = QStringLiteral("%s is not a valid value for field '%s'. The allowed range is %s to %s");
+QString SLookupInfoError = QStringLiteral("Lookup information for field '%s' is incomplete");
+QString SIndexNotFound = QStringLiteral("Index '%s' not found");
+QString SDuplicateIndexName = QStringLiteral("Duplicate index name '%s'");
+QString SNoFieldIndexes = QStringLiteral("No index currently active");
+QString SMissingDataPacket = QStringLiteral("Missing data provider or data packet");
+QString SInvalidDataPacket = QStringLiteral("Invalid data packet");
+QString SFieldNameMissing = QStringLiteral("Field name missing");
+QString SNoFieldDefs = QStringLiteral("No field definitions");
+QString SFieldAccessError = QStringLiteral("Cannot access field '%s' as type %s");
+
 }  // namespace quil

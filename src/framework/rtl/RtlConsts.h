@@ -51,4 +51,30 @@ extern QString SInvalidVarOp;
 extern QString SVarNotArray;
 extern QString SVarArrayBounds;
 
+// The data classes.
+extern QString SFieldReadOnly;  // %s: the field's display name
+extern QString SFieldRequired;  // %s: the field's display name
+extern QString SDataSetReadOnly;
+extern QString SDataSetOpen;
+extern QString SRecordNotFound;
+extern QString SUnknownFieldType;  // %s: the field's display name
+extern QString SFieldIndexError;
+extern QString SDuplicateFieldName;  // %s: the field name
+extern QString SDataSourceChange;
+extern QString SDataSetMissing;  // %s: the field's display name
+extern QString SFieldTypeMismatch;  // field, expected and actual type
+extern QString SInvalidIntegerValue;  // the text, the field
+extern QString SInvalidFloatValue;  // the text, the field
+extern QString SInvalidBoolValue;  // the text, the field
+extern QString SFieldRangeError;  // value, field, bounds
+extern QString SLookupInfoError;  // %s: the field's display name
+extern QString SIndexNotFound;  // %s: the index name
+extern QString SDuplicateIndexName;  // %s: the index name
+extern QString SNoFieldIndexes;
+extern QString SMissingDataPacket;
+extern QString SInvalidDataPacket;
+extern QString SFieldNameMissing;
+extern QString SNoFieldDefs;
+extern QString SFieldAccessError;  // %s, %s: the field, the type
+
 }  // namespace quil

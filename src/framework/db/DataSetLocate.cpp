@@ -1,0 +1,44 @@
+// Locate and Lookup of TDataSet: a walk through the descendant's records, as they come
+// through its GetRecord (and so through its filter), testing each in dsFilter.
+
+#include "framework/db/DataSet.h"
+#include "framework/db/LocateKeys.h"
+
+namespace quil {
+
+bool TDataSet::LocateRecord(const QString& keyFields, const Variant& keyValues, TLocateOptions options,
+                            bool syncCursor) {
+  CheckBrowseMode();
+  const TLocateKeys keys(GetFieldList(keyFields), keyValues, options);
+  TRecordBuffer buffer = TempBuffer();
+  CursorPosChanged();
+  bool found = false;
+  {
+    TStateScope scope(*this, dsFilter);
+    filterBuffer_ = buffer;
+    InternalFirst();
+    while (!found && GetRecord(buffer, gmNext, true) == grOK) found = keys.Matches();
+  }
+  // Without a match the cursor is at the end; the next fetch puts it back on a buffer.
+  if (!found || !syncCursor) CursorPosChanged();
+  return found;
+}
+
+bool TDataSet::Locate(const QString& keyFields, const Variant& keyValues, TLocateOptions options) {
+  DoBeforeScroll();
+  found_ = LocateRecord(keyFields, keyValues, options, true);
+  if (found_) {
+    Resync({rmExact, rmCenter});
+    DoAfterScroll();
+  }
+  return found_;
+}
+
+Variant TDataSet::Lookup(const QString& keyFields, const Variant& keyValues, const QString& resultFields) {
+  if (!LocateRecord(keyFields, keyValues, {}, false)) return Null();
+  TStateScope scope(*this, dsCalcFields);
+  CalculateFields(TempBuffer());
+  return FieldValues(resultFields);
+}
+
+}  // namespace quil

@@ -1,0 +1,277 @@
+// The record window of TDataSet: its buffers, filling them from the descendant's
+// cursor, and moving through the records.
+
+#include <algorithm>
+#include <stdexcept>
+
+#include "framework/db/DataSet.h"
+#include "framework/db/DataSource.h"
+#include "framework/rtl/RtlConsts.h"
+
+namespace quil {
+
+// --- Buffers --------------------------------------------------------------------------
+
+void TDataSet::UpdateBufferCount() {
+  if (!IsCursorOpen()) return;
+  int count = 1;
+  if (!uniDirectional_)
+    for (const TDataLink* link : DataLinks()) count = std::max(count, link->BufferCount());
+  if (count == bufferCount_) return;
+  SetBufListSize(count);
+  GetNextRecords();
+  GetPriorRecords();
+  for (TDataLink* link : DataLinks()) link->UpdateRange();
+}
+
+void TDataSet::SetBufListSize(int count) {
+  if (count == bufferCount_) return;
+  // Shrinking drops records from the front first, so that the active one stays.
+  const int dropped = std::max(0, activeRecord_ - (count - 1));
+  if (dropped > 0) {
+    std::rotate(buffers_.begin(), buffers_.begin() + dropped, buffers_.begin() + recordCount_);
+    activeRecord_ -= dropped;
+    recordCount_ -= dropped;
+    CursorPosChanged();
+  }
+  recordCount_ = std::min(recordCount_, count);
+  if (currentRecord_ >= recordCount_) CursorPosChanged();
+  const size_t wanted = count > 0 ? size_t(count) + 1 : 0;
+  while (buffers_.size() > wanted) {
+    DestroyRecordBuffer(buffers_.back());
+    buffers_.pop_back();
+  }
+  buffers_.reserve(wanted);
+  while (buffers_.size() < wanted) buffers_.push_back(CreateRecordBuffer());
+  bufferCount_ = count;
+}
+
+void TDataSet::ClearBuffers() {
+  recordCount_ = 0;
+  activeRecord_ = 0;
+  currentRecord_ = -1;
+  bof_ = true;
+  eof_ = true;
+}
+
+void TDataSet::ActivateBuffers() {
+  recordCount_ = 1;
+  activeRecord_ = 0;
+  currentRecord_ = 0;
+  bof_ = false;
+  eof_ = false;
+}
+
+void TDataSet::MoveBuffer(int fromIndex, int toIndex) {
+  if (fromIndex == toIndex) return;
+  auto from = buffers_.begin() + fromIndex;
+  auto to = buffers_.begin() + toIndex;
+  if (fromIndex < toIndex) std::rotate(from, from + 1, to + 1);
+  else std::rotate(to, from, from + 1);
+}
+
+TRecordBuffer TDataSet::ActiveBuffer() const {
+  return size_t(activeRecord_) < buffers_.size() ? buffers_[size_t(activeRecord_)] : nullptr;
+}
+
+TRecordBuffer TDataSet::TempBuffer() const {
+  return size_t(recordCount_) < buffers_.size() ? buffers_[size_t(recordCount_)] : nullptr;
+}
+
+TRecordBuffer TDataSet::StateBuffer() const {
+  switch (state_) {
+    case dsBrowse: case dsBlockRead: return IsEmpty() ? nullptr : ActiveBuffer();
+    case dsEdit: case dsInsert: case dsNewValue: return ActiveBuffer();
+    case dsCalcFields: case dsInternalCalc: return calcBuffer_;
+    case dsFilter: return filterBuffer_;
+    default: return nullptr;
+  }
+}
+
+// --- Fetching -------------------------------------------------------------------------
+
+void TDataSet::SetCurrentRecord(int index) {
+  if (currentRecord_ == index) return;
+  if (!uniDirectional_) {
+    TRecordBuffer buffer = buffers_[size_t(index)];
+    switch (GetBookmarkFlag(buffer)) {
+      case bfCurrent: case bfInserted: InternalSetToRecord(buffer); break;
+      case bfBOF: InternalFirst(); break;
+      case bfEOF: InternalLast(); break;
+    }
+  }
+  currentRecord_ = index;
+}
+
+void TDataSet::UpdateCursorPos() {
+  if (recordCount_ > 0) SetCurrentRecord(activeRecord_);
+}
+
+bool TDataSet::GetNextRecord() {
+  TGetMode mode = gmNext;
+  if (recordCount_ > 0) {
+    SetCurrentRecord(recordCount_ - 1);
+    // The record being inserted is not in the descendant's records yet: the cursor
+    // still stands on the record that will follow it.
+    if (state_ == dsInsert && currentRecord_ == activeRecord_ && GetBookmarkFlag(ActiveBuffer()) == bfCurrent)
+      mode = gmCurrent;
+  }
+  if (GetRecord(buffers_[size_t(recordCount_)], mode, true) != grOK) {
+    CursorPosChanged();
+    return false;
+  }
+  if (recordCount_ == 0) ActivateBuffers();
+  else if (recordCount_ < bufferCount_) ++recordCount_;
+  else MoveBuffer(0, recordCount_);
+  currentRecord_ = recordCount_ - 1;
+  return true;
+}
+
+bool TDataSet::GetPriorRecord() {
+  CheckBiDirectional();
+  if (recordCount_ > 0) SetCurrentRecord(0);
+  if (GetRecord(buffers_[size_t(recordCount_)], gmPrior, true) != grOK) {
+    CursorPosChanged();
+    return false;
+  }
+  if (recordCount_ == 0) {
+    ActivateBuffers();
+  } else {
+    MoveBuffer(recordCount_, 0);
+    if (recordCount_ < bufferCount_) {
+      ++recordCount_;
+      ++activeRecord_;
+    }
+  }
+  currentRecord_ = 0;
+  return true;
+}
+
+int TDataSet::GetNextRecords() {
+  int fetched = 0;
+  while (recordCount_ < bufferCount_ && GetNextRecord()) ++fetched;
+  return fetched;
+}
+
+int TDataSet::GetPriorRecords() {
+  int fetched = 0;
+  if (uniDirectional_) return 0;
+  while (recordCount_ < bufferCount_ && GetPriorRecord()) ++fetched;
+  return fetched;
+}
+
+// --- Moving ---------------------------------------------------------------------------
+
+void TDataSet::First() {
+  CheckBrowseMode();
+  if (uniDirectional_ && !bof_) CheckBiDirectional();
+  DoBeforeScroll();
+  ClearBuffers();
+  TFinally notify([this] {
+    bof_ = true;
+    DataEvent(deDataSetChange, 0);
+    DoAfterScroll();
+  });
+  InternalFirst();
+  GetNextRecords();
+}
+
+void TDataSet::Last() {
+  CheckBiDirectional();
+  CheckBrowseMode();
+  DoBeforeScroll();
+  ClearBuffers();
+  TFinally notify([this] {
+    eof_ = true;
+    DataEvent(deDataSetChange, 0);
+    DoAfterScroll();
+  });
+  InternalLast();
+  GetPriorRecords();
+  if (recordCount_ > 0) activeRecord_ = recordCount_ - 1;
+}
+
+int TDataSet::MoveBy(int distance) {
+  CheckBrowseMode();
+  int moved = 0;
+  DoBeforeScroll();
+  if (!((distance > 0 && !eof_) || (distance < 0 && !bof_))) return 0;
+  bof_ = false;
+  eof_ = false;
+  // How far the buffers rotated: a link's rows move by that much plus its own range.
+  int scrolled = 0;
+  TFinally notify([&] {
+    DataEvent(deDataSetScroll, scrolled);
+    DoAfterScroll();
+  });
+  for (; distance > 0; --distance, ++moved) {
+    if (activeRecord_ < recordCount_ - 1) {
+      ++activeRecord_;
+      continue;
+    }
+    const int shift = recordCount_ < bufferCount_ ? 0 : 1;
+    if (!GetNextRecord()) {
+      eof_ = true;
+      break;
+    }
+    scrolled -= shift;
+    if (activeRecord_ < recordCount_ - 1) ++activeRecord_;
+  }
+  for (; distance < 0; ++distance, --moved) {
+    if (activeRecord_ > 0) {
+      --activeRecord_;
+      continue;
+    }
+    const int shift = recordCount_ < bufferCount_ ? 0 : 1;
+    if (!GetPriorRecord()) {
+      bof_ = true;
+      break;
+    }
+    scrolled += shift;
+    if (activeRecord_ > 0) --activeRecord_;
+  }
+  return moved;
+}
+
+void TDataSet::Resync(TResyncMode mode) {
+  if (uniDirectional_) return;
+  TRecordBuffer spare = buffers_[size_t(recordCount_)];
+  if (mode.Contains(rmExact)) {
+    CursorPosChanged();
+    if (GetRecord(spare, gmCurrent, true) != grOK) DatabaseError(SRecordNotFound, this);
+  } else if (GetRecord(spare, gmCurrent, false) != grOK && GetRecord(spare, gmNext, false) != grOK &&
+             GetRecord(spare, gmPrior, false) != grOK) {
+    ClearBuffers();
+    DataEvent(deDataSetChange, 0);
+    return;
+  }
+  int before = mode.Contains(rmCenter) ? (bufferCount_ - 1) / 2 : activeRecord_;
+  MoveBuffer(recordCount_, 0);
+  ActivateBuffers();
+  TFinally notify([this] { DataEvent(deDataSetChange, 0); });
+  while (before > 0 && GetPriorRecord()) --before;
+  GetNextRecords();
+  GetPriorRecords();
+}
+
+void TDataSet::Refresh() {
+  Fire(BeforeRefresh);
+  CheckBrowseMode();
+  UpdateCursorPos();
+  InternalRefresh();
+  Resync({});
+  Fire(AfterRefresh);
+}
+
+void TDataSet::CheckLinksConsistency() const {
+  for (const TDataLink* link : DataLinks()) {
+    if (!link->Active() || recordCount_ == 0) continue;
+    const int linkRow = activeRecord_ - link->firstRecord_;
+    if (link->firstRecord_ < 0 || linkRow < 0 || linkRow >= link->BufferCount())
+      throw std::logic_error("a data link's rows do not hold the active record");
+    if (link->firstRecord_ + link->RecordCount() > recordCount_)
+      throw std::logic_error("a data link's rows reach past the buffered records");
+  }
+}
+
+}  // namespace quil

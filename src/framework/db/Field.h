@@ -1,0 +1,226 @@
+#pragma once
+// TField: one column of a data set's records. A field holds no value: every read asks
+// the data set for the value of the record that its state points at (the active
+// record, the record being calculated or filtered), and every write goes back to it.
+//
+// Text travels two ways: Text and DisplayText read through OnGetText or GetText, and
+// SetText writes through OnSetText or ApplyText. The As... accessors convert; a class
+// that cannot give or take a kind raises EDatabaseError ("Cannot access field ...").
+
+#include <QString>
+#include <utility>
+#include <vector>
+
+#include "framework/db/DataTypes.h"
+#include "framework/rtl/Alignment.h"
+#include "framework/rtl/Component.h"
+#include "framework/rtl/Currency.h"
+#include "framework/rtl/DateTime.h"
+#include "framework/rtl/Events.h"
+#include "framework/rtl/Variants.h"
+
+namespace quil {
+
+class TDataSet;
+class TField;
+
+using TFieldNotifyEvent = TEvent<void(TField* sender)>;
+using TFieldGetTextEvent = TEvent<void(TField* sender, QString& text, bool displayText)>;
+using TFieldSetTextEvent = TEvent<void(TField* sender, const QString& text)>;
+
+class TField : public TComponent {
+public:
+  explicit TField(TComponent* owner);
+  ~TField() override;
+
+  static const TMetaClass& StaticClass();
+  const TMetaClass& ClassType() const override;
+
+  // --- Identity
+  TDataSet* DataSet() const { return dataSet_; }
+  // Moves the field to the fields of dataSet; the data set must be closed.
+  void SetDataSet(TDataSet* dataSet);
+  const QString& FieldName() const { return fieldName_; }
+  void SetFieldName(const QString& name);
+  // The name with the names of the parent fields before it, dot-separated.
+  QString FullName() const;
+  TField* ParentField() const { return parentField_; }
+  TFieldType DataType() const { return dataType_; }
+  TNativeKind NativeKind() const { return NativeKindOf(dataType_); }
+  TFieldKind FieldKind() const { return fieldKind_; }
+  void SetFieldKind(TFieldKind kind);
+  bool Calculated() const { return fieldKind_ == fkCalculated; }
+  bool Lookup() const { return fieldKind_ == fkLookup; }
+  // 1-based number of the field's definition while bound; 0 unbound, -1 calculated.
+  int FieldNo() const { return fieldNo_; }
+  // Position in the data set's Fields, -1 without a data set; setting it reorders.
+  int Index() const;
+  void SetIndex(int index);
+  int Size() const { return size_; }
+  virtual void SetSize(int size);
+  TFieldLifeCycle LifeCycle() const { return lifeCycle_; }
+  void SetLifeCycle(TFieldLifeCycle lifeCycle) { lifeCycle_ = lifeCycle; }
+
+  // --- Display
+  QString DisplayLabel() const { return displayLabel_.isEmpty() ? DisplayName() : displayLabel_; }
+  void SetDisplayLabel(const QString& label);
+  bool IsDisplayLabelStored() const { return !displayLabel_.isEmpty(); }
+  QString DisplayName() const { return displayLabel_.isEmpty() ? fieldName_ : displayLabel_; }
+  // Characters to show; 0 stored means the type's default.
+  int DisplayWidth() const { return displayWidth_ > 0 ? displayWidth_ : DefaultWidth(); }
+  void SetDisplayWidth(int width);
+  bool IsDisplayWidthStored() const { return displayWidth_ > 0; }
+  QString DisplayText() const;
+  const QString& EditMask() const { return editMask_; }
+  void SetEditMask(const QString& mask);
+  TAlignment Alignment() const { return alignment_; }
+  void SetAlignment(TAlignment alignment);
+  bool Visible() const { return visible_; }
+  void SetVisible(bool visible);
+
+  // --- Values
+  bool IsNull() const { return !GetData(nullptr); }
+  void Clear() { SetData(nullptr); }
+  QString AsString() const { return GetAsString(); }
+  void SetAsString(const QString& value) { SetAsStringValue(value); }
+  int AsInteger() const { return GetAsInteger(); }
+  void SetAsInteger(int value) { SetAsIntegerValue(value); }
+  int64_t AsLargeInt() const { return GetAsLargeInt(); }
+  void SetAsLargeInt(int64_t value) { SetAsLargeIntValue(value); }
+  double AsFloat() const { return GetAsFloat(); }
+  void SetAsFloat(double value) { SetAsFloatValue(value); }
+  Currency AsCurrency() const { return GetAsCurrency(); }
+  void SetAsCurrency(Currency value) { SetAsCurrencyValue(value); }
+  bool AsBoolean() const { return GetAsBoolean(); }
+  void SetAsBoolean(bool value) { SetAsBooleanValue(value); }
+  TDateTime AsDateTime() const { return GetAsDateTime(); }
+  void SetAsDateTime(TDateTime value) { SetAsDateTimeValue(value); }
+  // Null without a value.
+  Variant AsVariant() const { return GetAsVariant(); }
+  // Null or Unassigned clears the field.
+  void SetAsVariant(const Variant& value);
+  Variant Value() const { return GetAsVariant(); }
+  void SetValue(const Variant& value) { SetAsVariant(value); }
+  // The text to edit: OnGetText with displayText false, else GetText.
+  QString Text() const;
+  // OnSetText when assigned, else ApplyText.
+  void SetText(const QString& text);
+
+  bool ReadOnly() const { return readOnly_; }
+  void SetReadOnly(bool readOnly);
+  bool Required() const { return required_; }
+  void SetRequired(bool required) { required_ = required; }
+  // Not read-only, and the data set can modify (calculated fields only while calculating).
+  virtual bool CanModify() const;
+  // Whether ch may be typed into the field's text.
+  virtual bool IsValidChar(QChar ch) const;
+
+  // --- Lookup: the value of LookupResultField in LookupDataSet's record whose
+  // LookupKeyFields equal this data set's KeyFields.
+  const QString& KeyFields() const { return keyFields_; }
+  void SetKeyFields(const QString& fields);
+  TDataSet* LookupDataSet() const { return lookupDataSet_; }
+  void SetLookupDataSet(TDataSet* dataSet);
+  const QString& LookupKeyFields() const { return lookupKeyFields_; }
+  void SetLookupKeyFields(const QString& fields);
+  const QString& LookupResultField() const { return lookupResultField_; }
+  void SetLookupResultField(const QString& field);
+  // Keeps found results by key until RefreshLookupList or the lookup data set changes.
+  bool LookupCache() const { return lookupCache_; }
+  void SetLookupCache(bool cache);
+  void RefreshLookupList();
+
+  TFieldGetTextEvent OnGetText;
+  TFieldSetTextEvent OnSetText;
+  TFieldNotifyEvent OnValidate;
+  TFieldNotifyEvent OnChange;
+
+  // --- For data sets and data-aware code
+  // Reads the native value (DataTypes.h) into buffer, which may be null to ask only
+  // whether there is a value. False without a value.
+  bool GetData(void* buffer) const;
+  // Writes the native value; a null buffer clears the field.
+  void SetData(const void* buffer);
+  // Runs OnValidate while reads of the field answer the value in buffer.
+  void Validate(const void* buffer);
+  // OnChange; the data set calls it after a field's value changed.
+  virtual void Change();
+  // Asks the data-aware controls to focus the control of this field.
+  void FocusControl();
+  // Fetches the value of a lookup field while its data set calculates.
+  void CalcLookupValue();
+  // Throws the error of a record that lacks this required field.
+  [[noreturn]] void RaiseRequired() const;
+
+protected:
+  // Subclasses set their type in their constructors.
+  void SetDataType(TFieldType type) { dataType_ = type; }
+  virtual int DefaultWidth() const { return 10; }
+  // Tells the data set that a property that controls show has changed.
+  void PropertyChanged(bool layoutAffected);
+  [[noreturn]] void AccessError(const char* typeName) const;
+  [[noreturn]] void RangeError(double value, double minValue, double maxValue) const;
+  void CheckInactive() const;
+
+  virtual QString GetAsString() const;
+  virtual void SetAsStringValue(const QString& value);
+  virtual int GetAsInteger() const;
+  virtual void SetAsIntegerValue(int value);
+  virtual int64_t GetAsLargeInt() const { return GetAsInteger(); }
+  virtual void SetAsLargeIntValue(int64_t value);
+  virtual double GetAsFloat() const;
+  virtual void SetAsFloatValue(double value);
+  virtual Currency GetAsCurrency() const { return Currency::FromDouble(GetAsFloat()); }
+  virtual void SetAsCurrencyValue(Currency value) { SetAsFloatValue(value.ToDouble()); }
+  virtual bool GetAsBoolean() const;
+  virtual void SetAsBooleanValue(bool value);
+  virtual TDateTime GetAsDateTime() const;
+  virtual void SetAsDateTimeValue(TDateTime value);
+  virtual Variant GetAsVariant() const;
+  // Called with a value that is neither Null nor Unassigned.
+  virtual void SetVarValue(const Variant& value);
+  // The field's text for display or for editing, without OnGetText.
+  virtual void GetText(QString& text, bool displayText) const;
+  // Takes an entered text, without OnSetText.
+  virtual void ApplyText(const QString& text) { SetAsString(text); }
+
+  void Notification(TComponent* component, TOperation operation) override;
+
+private:
+  friend class TDataSet;
+  friend class TFieldDef;
+  friend class TFields;
+
+  TDataSet* dataSet_ = nullptr;
+  TField* parentField_ = nullptr;
+  QString fieldName_;
+  QString displayLabel_;
+  QString editMask_;
+  QString keyFields_;
+  QString lookupKeyFields_;
+  QString lookupResultField_;
+  TDataSet* lookupDataSet_ = nullptr;
+  TFieldType dataType_ = ftUnknown;
+  TFieldKind fieldKind_ = fkData;
+  TFieldLifeCycle lifeCycle_ = lcPersistent;
+  TAlignment alignment_ = taLeftJustify;
+  int fieldNo_ = 0;
+  // Slot of a calculated or lookup field among the data set's calculated values; -1 else.
+  int calcSlot_ = -1;
+  int size_ = 0;
+  int displayWidth_ = 0;
+  bool visible_ = true;
+  bool readOnly_ = false;
+  bool required_ = false;
+  bool lookupCache_ = false;
+  // While OnValidate runs: reads answer this value (null: no value).
+  const void* validating_ = nullptr;
+  bool inValidate_ = false;
+  // Results of the lookup cache: key values and their result.
+  std::vector<std::pair<Variant, Variant>> lookupList_;
+};
+
+// The class a data set makes for a field of the type; null when there is none.
+const TMetaClass* DefaultFieldClass(TFieldType type);
+
+}  // namespace quil
