@@ -26,7 +26,8 @@ function(quil_add_layer name)
 endfunction()
 
 # One test program per *_test.cpp: a half-written test elsewhere never stops a build,
-# and ctest lists every case by name.
+# and ctest lists every case by name. Programs named *_pg_test talk to the throwaway
+# PostgreSQL server that the postgres fixture starts (QUIL_PG_PORT, compiled in, tells them where).
 function(quil_add_tests dir)
   cmake_parse_arguments(ARG "" "" "DEPS" ${ARGN})
   file(GLOB test_sources CONFIGURE_DEPENDS ${PROJECT_SOURCE_DIR}/tests/${dir}/*_test.cpp)
@@ -38,9 +39,15 @@ function(quil_add_tests dir)
     set_target_properties(${target} PROPERTIES AUTOMOC ON)
     target_include_directories(${target} PRIVATE ${PROJECT_SOURCE_DIR}/tests)
     target_link_libraries(${target} PRIVATE ${ARG_DEPS} quil_test_main GTest::gmock)
+    target_compile_definitions(${target} PRIVATE
+      QUIL_SOURCE_DIR="${PROJECT_SOURCE_DIR}" QUIL_PG_PORT=${QUIL_PG_PORT})
+    set(properties LABELS ${prefix})
+    if(stem MATCHES "_pg_test$")
+      set(properties FIXTURES_REQUIRED postgres RESOURCE_LOCK postgres LABELS postgres)
+    endif()
     gtest_discover_tests(${target}
       DISCOVERY_MODE PRE_TEST
       WORKING_DIRECTORY ${PROJECT_SOURCE_DIR}
-      PROPERTIES ENVIRONMENT "QUIL_SOURCE_DIR=${PROJECT_SOURCE_DIR}")
+      PROPERTIES ${properties})
   endforeach()
 endfunction()
