@@ -1,7 +1,6 @@
 #include "framework/rtl/ObjectText.h"
 
 #include <QStringList>
-#include <bit>
 #include <charconv>
 #include <cmath>
 #include <string_view>
@@ -22,28 +21,21 @@ constexpr int kBytesPerLine = 32;  // bytes of binary data on one line
 constexpr int kFixedDecimals = 18;
 constexpr int kMaxNesting = 512;
 
-bool ReadsBack(const QString& text, double value) {
-  const QByteArray latin = text.toLatin1();
-  double parsed = 0;
-  const auto result = std::from_chars(latin.constData(), latin.constData() + latin.size(), parsed);
-  return result.ec == std::errc() && std::bit_cast<uint64_t>(parsed) == std::bit_cast<uint64_t>(value);
-}
-
-// The value rounded to significant digits, fixed with 18 decimals when they hold
-// every significant digit, else in exponent form.
-QString FloatText(double value, int significant) {
+// The fewest significant digits that read back as the same double, fixed with 18
+// decimals when those hold every digit, else in exponent form.
+QString ExtendedText(double value) {
+  // Infinities and NaNs have no number form; they read back as identifiers.
+  if (!std::isfinite(value)) return QString::number(value).toUpper();
   char buffer[64];
-  const auto result = std::to_chars(buffer, buffer + sizeof(buffer), value,
-                                    std::chars_format::scientific, significant - 1);
+  const auto result = std::to_chars(buffer, buffer + sizeof(buffer), value, std::chars_format::scientific);
   const std::string_view scientific(buffer, size_t(result.ptr - buffer));
   const bool negative = scientific.front() == '-';
   const size_t exponentAt = scientific.find('e');
   std::string digits(scientific.substr(negative ? 1 : 0, exponentAt - (negative ? 1 : 0)));
   std::erase(digits, '.');
-  while (digits.size() > 1 && digits.back() == '0') digits.pop_back();
   const int exponent = std::stoi(std::string(scientific.substr(exponentAt + 1)));
   const int lastDigit = exponent - int(digits.size() - 1);  // power of ten of the last digit
-  QString text = negative ? QStringLiteral("-") : QString();
+  const QString sign = negative ? QStringLiteral("-") : QString();
   if (exponent <= 15 && lastDigit >= -kFixedDecimals) {
     // Place the point among the digits, padding with zeros on either side.
     int pointAt = exponent + 1;  // digits before the point
@@ -52,19 +44,12 @@ QString FloatText(double value, int significant) {
       pointAt = 1;
     }
     digits.resize(size_t(pointAt + kFixedDecimals), '0');
-    return text + QString::fromStdString(digits.substr(0, size_t(pointAt)) + "." +
+    return sign + QString::fromStdString(digits.substr(0, size_t(pointAt)) + "." +
                                          digits.substr(size_t(pointAt)));
   }
-  text += QLatin1Char(digits[0]);
-  if (digits.size() > 1) text += QLatin1Char('.') + QString::fromStdString(digits.substr(1));
-  return text + QLatin1Char('E') + QString::number(exponent);
-}
-
-QString ExtendedText(double value) {
-  // Infinities and NaNs have no number form; they read back as identifiers.
-  if (!std::isfinite(value)) return QString::number(value).toUpper();
-  const QString classic = FloatText(value, 16);
-  return ReadsBack(classic, value) ? classic : FloatText(value, 17);
+  QString mantissa = QString(QLatin1Char(digits[0]));
+  if (digits.size() > 1) mantissa += QLatin1Char('.') + QString::fromStdString(digits.substr(1));
+  return sign + mantissa + QLatin1Char('E') + QString::number(exponent);
 }
 
 template <typename T>

@@ -18,10 +18,10 @@
 // outside printable ASCII written as #n (its UTF-16 code); a string longer than 64
 // characters starts on a new line and continues with " +" every 64 characters. Binary
 // data longer than 31 bytes puts each 32 bytes on a line. Floats (vaExtended) are
-// written fixed with 18 decimals from 16 significant digits, as the classic writer
-// does, or with 17 when 16 would not read back as the same double, and in exponent
-// form when fixed notation cannot hold them; singles end in s, currency (in
-// ten-thousandths) in c, dates in d. Lines end with sLineBreak.
+// written with the fewest significant digits that read back as the same double, laid
+// out fixed with 18 decimals as the classic writer does ("1.500000000000000000"), or in
+// exponent form ("1E20") where 18 decimals cannot hold them; singles end in s, currency
+// (in ten-thousandths) in c, dates in d. Lines end with sLineBreak.
 //
 // Converting a stream this library wrote to text and back gives the same bytes.
 

@@ -380,10 +380,12 @@ TComponent* TReader::FindNestedComponent(const QString& path) const {
 
 void TReader::Read(void* buffer, int64_t count) { stream_.ReadBuffer(buffer, count); }
 
+// Unchecked: the byte may be a component's flags prefix, which is no value type.
 TValueType TReader::NextValue() {
-  const TValueType value = ReadValue();
+  uint8_t value = 0;
+  Read(&value, 1);
   stream_.Seek(-1, soCurrent);
-  return value;
+  return TValueType(value);
 }
 
 TValueType TReader::ReadValue() {
