@@ -1,28 +1,18 @@
 #include "framework/rtl/IniFiles.h"
 
 #include <QFile>
-#include <QSaveFile>
-#include <QSettings>
-#include <QStringConverter>
 
 #include "framework/rtl/Conversions.h"
 #include "framework/rtl/DateFormat.h"
 #include "framework/rtl/Exceptions.h"
 #include "framework/rtl/Format.h"
 #include "framework/rtl/RtlConsts.h"
+#include "framework/rtl/Streams.h"
 #include "framework/rtl/StringUtils.h"
 #include "framework/rtl/Strings.h"
 #include "framework/rtl/UpdateGuard.h"
 
 namespace quil {
-
-namespace {
-
-[[noreturn]] void RaiseWriteError(const QString& fileName) {
-  throw EIniFileException(Format(SIniFileWriteError, {fileName}));
-}
-
-}  // namespace
 
 const TMetaClass& TCustomIniFile::StaticClass() {
   static const TMetaClass meta("TCustomIniFile", &TObject::StaticClass());
@@ -124,14 +114,9 @@ TMemIniFile::TMemIniFile(const QString& fileName)
 TMemIniFile::~TMemIniFile() = default;
 
 void TMemIniFile::LoadFile() {
-  QFile file(FileName());
-  if (FileName().isEmpty() || !file.exists()) return;
-  if (!file.open(QIODevice::ReadOnly)) throw EFOpenError(Format(SFOpenError, {FileName()}));
-  const QByteArray bytes = file.readAll();
-  auto encoding = QStringConverter::encodingForData(bytes).value_or(QStringConverter::Utf8);
-  QStringDecoder decoder(encoding);
+  if (FileName().isEmpty() || !QFile::exists(FileName())) return;
   TStringList lines;
-  lines.SetText(decoder.decode(bytes));
+  lines.LoadFromFile(FileName());
   SetStrings(&lines);
 }
 
@@ -197,10 +182,7 @@ void TMemIniFile::DeleteKey(const QString& section, const QString& ident) {
 void TMemIniFile::UpdateFile() {
   TStringList lines;
   GetStrings(&lines);
-  QSaveFile file(FileName());
-  if (!file.open(QIODevice::WriteOnly)) RaiseWriteError(FileName());
-  file.write(lines.Text().toUtf8());
-  if (!file.commit()) RaiseWriteError(FileName());
+  lines.SaveToFile(FileName());
 }
 
 void TMemIniFile::Clear() { sections_->Clear(); }
@@ -253,9 +235,7 @@ QString TIniFile::ReadString(const QString& section, const QString& ident,
 }
 
 void TIniFile::WriteString(const QString& section, const QString& ident, const QString& value) {
-  TMemIniFile file(FileName());
-  file.WriteString(section, ident, value);
-  file.UpdateFile();
+  Rewrite([&](TMemIniFile& file) { file.WriteString(section, ident, value); });
 }
 
 void TIniFile::ReadSection(const QString& section, TStrings* keys) const {
@@ -269,15 +249,21 @@ void TIniFile::ReadSectionValues(const QString& section, TStrings* values) const
 }
 
 void TIniFile::EraseSection(const QString& section) {
-  TMemIniFile file(FileName());
-  file.EraseSection(section);
-  file.UpdateFile();
+  Rewrite([&](TMemIniFile& file) { file.EraseSection(section); });
 }
 
 void TIniFile::DeleteKey(const QString& section, const QString& ident) {
+  Rewrite([&](TMemIniFile& file) { file.DeleteKey(section, ident); });
+}
+
+void TIniFile::Rewrite(const std::function<void(TMemIniFile&)>& change) {
   TMemIniFile file(FileName());
-  file.DeleteKey(section, ident);
-  file.UpdateFile();
+  change(file);
+  try {
+    file.UpdateFile();
+  } catch (const EStreamError&) {
+    throw EIniFileException(Format(SIniFileWriteError, {FileName()}));
+  }
 }
 
 }  // namespace quil

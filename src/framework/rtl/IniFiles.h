@@ -16,6 +16,7 @@
 
 #include <QString>
 #include <QStringList>
+#include <functional>
 #include <memory>
 
 #include "framework/rtl/DateTime.h"
@@ -71,7 +72,8 @@ public:
 
   virtual void EraseSection(const QString& section) = 0;
   virtual void DeleteKey(const QString& section, const QString& ident) = 0;
-  // Writes what is pending; raises EIniFileException when the store cannot be written.
+  // Writes what is pending. A file that cannot be written raises EFCreateError from
+  // TMemIniFile, EIniFileException from the others.
   virtual void UpdateFile() = 0;
 
 protected:
@@ -139,6 +141,11 @@ public:
   void DeleteKey(const QString& section, const QString& ident) override;
   // Every write is on disk already.
   void UpdateFile() override {}
+
+private:
+  // Rereads the file, applies change and writes the file back; a failed write raises
+  // EIniFileException.
+  void Rewrite(const std::function<void(TMemIniFile&)>& change);
 };
 
 class TRegistryIniFile : public TCustomIniFile {

@@ -3,11 +3,13 @@
 #include <algorithm>
 #include <numeric>
 
+#include <QStringConverter>
 #include <QStringList>
 
 #include "framework/rtl/Exceptions.h"
 #include "framework/rtl/Filer.h"
 #include "framework/rtl/Lists.h"
+#include "framework/rtl/Streams.h"
 #include "framework/rtl/StringUtils.h"
 #include "framework/rtl/UpdateGuard.h"
 
@@ -223,6 +225,28 @@ void TStrings::SplitDelimited(const QString& text, QChar delimiter, QChar quote,
       skipBlanks();
     }
   }
+}
+
+void TStrings::SaveToStream(TStream& stream) const {
+  const QByteArray bytes = Text().toUtf8();
+  stream.WriteBuffer(bytes.constData(), bytes.size());
+}
+
+void TStrings::LoadFromStream(TStream& stream) {
+  QByteArray bytes(qsizetype(stream.Size() - stream.Position()), Qt::Uninitialized);
+  stream.ReadBuffer(bytes.data(), bytes.size());
+  QStringDecoder decoder(QStringConverter::encodingForData(bytes).value_or(QStringConverter::Utf8));
+  SetText(decoder.decode(bytes));
+}
+
+void TStrings::SaveToFile(const QString& fileName) const {
+  TFileStream stream(fileName, fmCreate);
+  SaveToStream(stream);
+}
+
+void TStrings::LoadFromFile(const QString& fileName) {
+  TFileStream stream(fileName, fmOpenRead | fmShareDenyWrite);
+  LoadFromStream(stream);
 }
 
 void TStrings::BeginUpdate() {

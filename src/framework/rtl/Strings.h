@@ -16,6 +16,8 @@
 
 namespace quil {
 
+class TStream;
+
 // The platform's line break, which Text puts after every line: "\r\n" on Windows,
 // "\n" elsewhere, so that files written here read as native text files.
 #ifdef _WIN32
@@ -83,6 +85,14 @@ public:
   // When true only the delimiter separates; blanks belong to the strings.
   bool StrictDelimiter() const { return strictDelimiter_; }
   void SetStrictDelimiter(bool strict) { strictDelimiter_ = strict; }
+
+  // Text as UTF-8 without a byte order mark. Loading reads from the stream's position
+  // to its end, in the encoding a byte order mark names, else UTF-8, and sets Text.
+  // The file forms raise EFCreateError or EFOpenError.
+  virtual void SaveToStream(TStream& stream) const;
+  virtual void LoadFromStream(TStream& stream);
+  void SaveToFile(const QString& fileName) const;
+  void LoadFromFile(const QString& fileName);
 
   // Counted; the list hears SetUpdateState(true) at the outermost BeginUpdate and
   // SetUpdateState(false) at the outermost EndUpdate.

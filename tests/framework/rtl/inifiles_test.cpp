@@ -115,6 +115,12 @@ TEST_F(IniFileTest, ReadingSkipsCommentsAndDamagedLines) {
   EXPECT_FALSE(ini.ValueExists(QStringLiteral("Layout"), QStringLiteral("this line is damaged")));
 }
 
+TEST_F(IniFileTest, AByteOrderMarkDoesNotHideTheFirstSection) {
+  WriteRaw("\xEF\xBB\xBF[First]\nk=\xC3\xA9t\xC3\xA9\n");
+  TMemIniFile ini(Path());
+  EXPECT_EQ(ini.ReadString(QStringLiteral("First"), QStringLiteral("k"), QString()), QStringLiteral("\u00e9t\u00e9"));
+}
+
 TEST_F(IniFileTest, CommentsDoNotSurviveARewrite) {
   WriteRaw("; kept?\n[A]\nx=1\n");
   TMemIniFile ini(Path());

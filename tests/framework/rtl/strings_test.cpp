@@ -5,6 +5,7 @@
 
 #include "framework/rtl/Exceptions.h"
 #include "framework/rtl/Printers.h"
+#include "framework/rtl/Streams.h"
 #include "framework/rtl/Strings.h"
 #include "framework/rtl/UpdateGuard.h"
 
@@ -361,6 +362,34 @@ TEST(TStringList, TextEndsEveryLineWithTheLineBreak) {
   EXPECT_EQ(list.Text(), QString());
   Fill(list, {"a", "", "b"});
   EXPECT_EQ(list.Text(), QStringLiteral("a") + sLineBreak + sLineBreak + QStringLiteral("b") + sLineBreak);
+}
+
+TEST(TStringList, StreamsTextAsUtf8AndReadsFromThePosition) {
+  TStringList list;
+  Fill(list, {"caf\u00e9", "", "x=1"});
+  TMemoryStream stream;
+  stream.WriteBuffer("head", 4);
+  list.SaveToStream(stream);
+  EXPECT_EQ(stream.Size(), 4 + (QStringLiteral("caf\u00e9") + sLineBreak + sLineBreak + QStringLiteral("x=1") + sLineBreak).toUtf8().size());
+  stream.SetPosition(4);
+  TStringList read;
+  read.Add(QStringLiteral("left over"));
+  read.LoadFromStream(stream);
+  EXPECT_EQ(Lines(read), Lines(list));
+}
+
+TEST(TStringList, LoadingHonoursAByteOrderMark) {
+  TStringList list;
+  TMemoryStream utf8;
+  utf8.WriteBuffer("\xEF\xBB\xBF" "a\r\nb", 7);
+  utf8.SetPosition(0);
+  list.LoadFromStream(utf8);
+  EXPECT_EQ(Lines(list), QStringList({"a", "b"}));
+  TMemoryStream utf16;
+  utf16.WriteBuffer("\xFF\xFE" "a\0\n\0\xE9\0", 8);
+  utf16.SetPosition(0);
+  list.LoadFromStream(utf16);
+  EXPECT_EQ(Lines(list), QStringList({"a", "\u00e9"}));
 }
 
 TEST(TStringList, EachChangeFiresOnChangingAndOnChange) {
