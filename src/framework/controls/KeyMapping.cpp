@@ -94,6 +94,7 @@ QString CharsOf(const QKeyEvent& event, uint16_t virtualKey, TShiftState shift) 
 struct InputState {
   Qt::KeyboardModifiers modifiers;
   Qt::MouseButtons buttons;
+  QPoint globalPos;
 };
 thread_local InputState inputState;
 
@@ -135,7 +136,11 @@ TKeyStroke TranslateKeyEvent(const QKeyEvent& event) {
 
 void RecordInputState(const QInputEvent& event) {
   inputState.modifiers = event.modifiers();
-  if (event.isPointerEvent()) inputState.buttons = static_cast<const QSinglePointEvent&>(event).buttons();
+  if (event.isSinglePointEvent()) {
+    const auto& pointer = static_cast<const QSinglePointEvent&>(event);
+    inputState.buttons = pointer.buttons();
+    inputState.globalPos = pointer.globalPosition().toPoint();
+  }
 }
 
 short GetKeyState(int virtualKey) {
@@ -154,6 +159,8 @@ short GetKeyState(int virtualKey) {
   }
   return down ? short(-128) : short(0);
 }
+
+TPoint GetMessagePos() { return Point(inputState.globalPos.x(), inputState.globalPos.y()); }
 
 TShiftState KeysToShiftState(WPARAM keys) {
   TShiftState shift;

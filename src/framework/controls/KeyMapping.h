@@ -29,5 +29,7 @@ TKeyStroke TranslateKeyEvent(const QKeyEvent& event);
 void RecordInputState(const QInputEvent& event);
 // Negative while the key or button is down, as the classic call answers.
 short GetKeyState(int virtualKey);
+// The screen point of the mouse at the input event being handled.
+TPoint GetMessagePos();
 
 }  // namespace quil

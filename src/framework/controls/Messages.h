@@ -241,10 +241,9 @@ constexpr WPARAM SIZE_RESTORED = 0;
 constexpr WPARAM SIZE_MINIMIZED = 1;
 constexpr WPARAM SIZE_MAXIMIZED = 2;
 
-enum TShiftStateMember {
-  ssShift, ssAlt, ssCtrl, ssLeft, ssRight, ssMiddle, ssDouble, ssTouch, ssPen, ssCommand,
-  ssHorizontal
-};
+// The classic set's later members (ssHorizontal ...) are left out: their names belong to
+// the scroll bar styles here.
+enum TShiftStateMember { ssShift, ssAlt, ssCtrl, ssLeft, ssRight, ssMiddle, ssDouble, ssTouch, ssPen };
 using TShiftState = TSet<TShiftStateMember>;
 
 enum TMouseButton { mbLeft, mbRight, mbMiddle };

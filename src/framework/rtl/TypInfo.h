@@ -184,10 +184,20 @@ private:
   std::function<bool(const TObject*)> stored_;  // empty: always stored
 };
 
-// A property whose value the framework can hold untyped: ordinals (integers,
-// enumerations, booleans and set masks as int64), doubles, strings, objects, variants.
-template <typename V>
-class TValuePropInfo : public TPropInfo {
+// Events have no untyped value: callers can ask whether one is set and clear it; the
+// typed TEventPropInfo gets and sets the delegate.
+class TMethodPropInfo : public TPropInfo {
+public:
+  virtual bool Assigned(const TObject* instance) const = 0;
+  virtual void Clear(TObject* instance) const = 0;
+
+protected:
+  using TPropInfo::TPropInfo;
+};
+
+// A property read and written through its getter and setter as values of type V.
+template <typename V, typename Base = TPropInfo>
+class TValuePropInfo : public Base {
 public:
   using ValueType = V;
   using Getter = std::function<V(const TObject*)>;
@@ -195,12 +205,12 @@ public:
 
   TValuePropInfo(QString name, const TTypeInfo& type, Getter getter, Setter setter,
                  std::optional<V> defaultValue)
-      : TPropInfo(std::move(name), type), getter_(std::move(getter)),
-        setter_(std::move(setter)), default_(std::move(defaultValue)) {}
+      : Base(std::move(name), type), getter_(std::move(getter)), setter_(std::move(setter)),
+        default_(std::move(defaultValue)) {}
 
   V Get(const TObject* instance) const { return getter_(instance); }
   void Set(TObject* instance, const V& value) const {
-    if (!setter_) RaiseReadOnly();
+    if (!setter_) this->RaiseReadOnly();
     setter_(instance, value);
   }
   const std::optional<V>& DefaultValue() const { return default_; }
@@ -220,46 +230,20 @@ private:
   std::optional<V> default_;
 };
 
+// The untyped forms: ordinals (integers, enumerations, booleans and set masks as int64),
+// doubles, strings, objects and variants.
 using TOrdPropInfo = TValuePropInfo<int64_t>;
 using TFloatPropInfo = TValuePropInfo<double>;
 using TStrPropInfo = TValuePropInfo<QString>;
 using TClassPropInfo = TValuePropInfo<TObject*>;
 using TVariantPropInfo = TValuePropInfo<Variant>;
 
-// Events have no untyped value: callers can ask whether one is set and clear it; the
-// typed TEventPropInfo gets and sets the delegate.
-class TMethodPropInfo : public TPropInfo {
-public:
-  virtual bool Assigned(const TObject* instance) const = 0;
-  virtual void Clear(TObject* instance) const = 0;
-  bool HasDefault() const override { return true; }
-  bool IsDefaultValue(const TObject* instance) const override { return !Assigned(instance); }
-
-protected:
-  using TPropInfo::TPropInfo;
-};
-
 template <typename Event>
-class TEventPropInfo : public TMethodPropInfo {
+class TEventPropInfo : public TValuePropInfo<Event, TMethodPropInfo> {
 public:
-  using ValueType = Event;
-  TEventPropInfo(QString name, const TTypeInfo& type, std::function<Event(const TObject*)> getter,
-                 std::function<void(TObject*, const Event&)> setter, std::nullopt_t)
-      : TMethodPropInfo(std::move(name), type), getter_(std::move(getter)),
-        setter_(std::move(setter)) {}
-
-  Event Get(const TObject* instance) const { return getter_(instance); }
-  void Set(TObject* instance, const Event& value) const {
-    if (!setter_) RaiseReadOnly();
-    setter_(instance, value);
-  }
-  bool IsReadOnly() const override { return !setter_; }
-  bool Assigned(const TObject* instance) const override { return Get(instance).Assigned(); }
-  void Clear(TObject* instance) const override { Set(instance, Event()); }
-
-private:
-  std::function<Event(const TObject*)> getter_;
-  std::function<void(TObject*, const Event&)> setter_;
+  using TValuePropInfo<Event, TMethodPropInfo>::TValuePropInfo;
+  bool Assigned(const TObject* instance) const override { return this->Get(instance).Assigned(); }
+  void Clear(TObject* instance) const override { this->Set(instance, Event()); }
 };
 
 // --- Access by name -------------------------------------------------------------------
@@ -491,7 +475,7 @@ template <typename C, typename F, typename S = std::nullptr_t>
 auto EventProp(const char* name, F C::*getter, S setter = nullptr) {
   using Event = typinfo_detail::GetterResult<C, F>;
   return TPropBuilder<TEventPropInfo<Event>, Event>(name, MethodTypeInfo(), getter, setter,
-                                                    std::nullopt);
+                                                    std::optional<Event>(Event()));
 }
 
 }  // namespace quil

@@ -1,5 +1,6 @@
 #include "framework/rtl/Variants.h"
 
+#include <algorithm>
 #include <cmath>
 #include <limits>
 
@@ -34,7 +35,7 @@ Variant Variant::MakeArray(int low, int high) {
   result.type_ = varArray | varVariant;
   auto array = std::make_shared<Array>();
   array->low = low;
-  array->items.resize(size_t(qMax(high - low + 1, 0)));
+  array->items.resize(size_t(std::max(high - low + 1, 0)));
   result.data_ = std::move(array);
   return result;
 }

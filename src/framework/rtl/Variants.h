@@ -20,7 +20,6 @@
 // currency is divided by an integer or currency.
 
 #include <QString>
-#include <QtGlobal>
 #include <cstdint>
 #include <initializer_list>
 #include <memory>

@@ -8,7 +8,7 @@
 #include "framework/rtl/DateTime.h"
 #include "framework/rtl/Exceptions.h"
 #include "framework/rtl/FormatSettings.h"
-#include "framework/rtl/Printers.h"
+#include "QtPrinters.h"
 
 using namespace quil;
 

@@ -8,7 +8,7 @@
 #include "framework/rtl/Exceptions.h"
 #include "framework/rtl/TypInfo.h"
 #include "framework/rtl/UpdateGuard.h"
-#include "framework/rtl/Printers.h"
+#include "QtPrinters.h"
 
 using namespace quil;
 

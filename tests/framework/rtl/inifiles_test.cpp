@@ -9,10 +9,11 @@
 #include "framework/rtl/DateFormat.h"
 #include "framework/rtl/Exceptions.h"
 #include "framework/rtl/IniFiles.h"
-#include "framework/rtl/Printers.h"
+#include "framework/rtl/RtlTestSupport.h"
 #include "framework/rtl/Strings.h"
 
 using namespace quil;
+using rtltest::Lines;
 
 namespace {
 
@@ -34,12 +35,6 @@ protected:
 
   QTemporaryDir dir_;
 };
-
-QStringList Lines(const TStrings& strings) {
-  QStringList lines;
-  for (int index = 0; index < strings.Count(); ++index) lines << strings.Strings(index);
-  return lines;
-}
 
 QStringList SectionValues(const TCustomIniFile& ini, const QString& section) {
   TStringList values;

@@ -5,9 +5,10 @@
 
 #include "framework/rtl/Exceptions.h"
 #include "framework/rtl/Lists.h"
-#include "framework/rtl/Printers.h"
+#include "framework/rtl/RtlTestSupport.h"
 
 using namespace quil;
+using rtltest::TTracked;
 
 namespace {
 
@@ -30,15 +31,6 @@ std::vector<void*> Items(const TList& list) {
   for (int index = 0; index < list.Count(); ++index) items.push_back(list.Items(index));
   return items;
 }
-
-class TTracked : public TObject {
-public:
-  explicit TTracked(int& live) : live_(live) { ++live_; }
-  ~TTracked() override { --live_; }
-
-private:
-  int& live_;
-};
 
 }  // namespace
 

@@ -4,20 +4,16 @@
 #include <vector>
 
 #include "framework/rtl/Exceptions.h"
-#include "framework/rtl/Printers.h"
+#include "framework/rtl/RtlTestSupport.h"
 #include "framework/rtl/Streams.h"
 #include "framework/rtl/Strings.h"
 #include "framework/rtl/UpdateGuard.h"
 
 using namespace quil;
+using rtltest::TTracked;
+using rtltest::Lines;
 
 namespace {
-
-QStringList Lines(const TStrings& strings) {
-  QStringList lines;
-  for (int index = 0; index < strings.Count(); ++index) lines << strings.Strings(index);
-  return lines;
-}
 
 void Fill(TStrings& strings, const QStringList& lines) {
   for (const QString& line : lines) strings.Add(line);
@@ -43,15 +39,6 @@ protected:
     ++compares;
     return TStringList::CompareStrings(string1, string2);
   }
-};
-
-class TTracked : public TObject {
-public:
-  explicit TTracked(int& live) : live_(live) { ++live_; }
-  ~TTracked() override { --live_; }
-
-private:
-  int& live_;
 };
 
 }  // namespace

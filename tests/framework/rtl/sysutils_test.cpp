@@ -118,7 +118,7 @@ INSTANTIATE_TEST_SUITE_P(
                     FloatTextRow{1.0 / 3, "0.333333333333333"}, FloatTextRow{2.0 / 3, "0.666666666666667"},
                     FloatTextRow{100, "100"}, FloatTextRow{-123.456, "-123.456"}, FloatTextRow{1e15, "1E15"},
                     FloatTextRow{999999999999999.0, "999999999999999"}, FloatTextRow{9999999999999999.0, "1E16"},
-                    FloatTextRow{1.5e-7, "1.5E-7"}, FloatTextRow{0.00001, "0.00001"},
+                    FloatTextRow{1.5e-7, "1.5E-7"}, FloatTextRow{0.00001, "0.00001"}, FloatTextRow{0.000001, "1E-6"},
                     FloatTextRow{0.1 + 0.2, "0.3"}, FloatTextRow{1e100, "1E100"}, FloatTextRow{-2.5e-300, "-2.5E-300"}));
 
 TEST(FloatToStrF, LaysOutEachFormat) {
