@@ -2,6 +2,8 @@
 
 #include <QStringList>
 
+#include "framework/db/DataSet.h"
+#include "framework/db/Field.h"
 #include "framework/db/FieldNames.h"
 #include "framework/rtl/Format.h"
 #include "framework/rtl/StringUtils.h"
@@ -146,6 +148,21 @@ void ModifyOrderFields(TStrings* sql, const QString& fields) {
   } else {
     sql->Add(kOrderBy + order);
   }
+}
+
+QString ValidFieldNames(const TDataSet* dataSet, const QString& fields, bool first) {
+  if (!dataSet) return fields;
+  QString result;
+  int pos = 1;
+  while (pos <= fields.size()) {
+    const QString name = ExtractFieldName(fields, pos);
+    if (!name.isEmpty()) {
+      const TField* field = dataSet->FindField(name);
+      AppendItem(result, field ? field->FieldName() : name, QLatin1Char(';'));
+    }
+    if (first) break;
+  }
+  return result;
 }
 
 QString AutoNumberStr(int number) {

@@ -14,6 +14,7 @@
 namespace quil {
 
 class TStrings;
+class TDataSet;
 
 // The text of a row number; DefAutoNumberFormat may be changed by an application.
 extern QString DefAutoNumberFormat;
@@ -39,6 +40,11 @@ QString IndexFieldsToOrderFields(const QString& fields, const QString& modifiers
 QString ExtractOrderFields(const TStrings* sql);
 // Replaces, adds or removes the statement's ORDER BY clause; empty fields remove it.
 void ModifyOrderFields(TStrings* sql, const QString& fields);
+
+// The names of fields, semicolon-separated and spelled as the data set's fields spell
+// them; unknown names stay as given and empty ones go. With first set, only the first
+// name is handled. This normalises spelling; it does not filter.
+QString ValidFieldNames(const TDataSet* dataSet, const QString& fields, bool first);
 
 QString AutoNumberStr(int number);
 
