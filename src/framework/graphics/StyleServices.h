@@ -169,7 +169,8 @@ public:
   // False when the element has no such color; color is then left as it was.
   bool GetElementColor(const TThemedElementDetails& details, TElementColor elementColor,
                        TColor& color) const;
-  // The element's size in pixels at 96 pixels per inch; canvas may be null.
+  // The natural size of a check box, radio button, expander glyph, scroll or drop-down
+  // arrow or sort arrow, in pixels at the application's resolution; canvas may be null.
   bool GetElementSize(TCanvas* canvas, const TThemedElementDetails& details,
                       TElementSize elementSize, TSize& size) const;
 
