@@ -1,0 +1,47 @@
+#pragma once
+// The values of one field over all rows of an in-memory data set, stored in the
+// field's native form so that a read copies one value and converts nothing.
+
+#include <QByteArray>
+#include <QString>
+#include <variant>
+#include <vector>
+
+#include "framework/db/DataTypes.h"
+#include "framework/rtl/Currency.h"
+#include "framework/rtl/Variants.h"
+
+namespace quil {
+
+class TClientColumn {
+public:
+  explicit TClientColumn(TNativeKind kind);
+
+  TNativeKind Kind() const { return kind_; }
+  int RowCount() const { return int(nulls_.size()); }
+  // Adds a row without a value.
+  void AppendNull();
+  // The native value into buffer (may be null); false without a value.
+  bool Read(int row, void* buffer) const {
+    if (nulls_[size_t(row)]) return false;
+    if (buffer) ReadValue(row, buffer);
+    return true;
+  }
+  Variant Value(int row) const;
+  // Null or Unassigned clears the value; raises EVariantError when value does not fit.
+  void Write(int row, const Variant& value);
+  // Null first; text code unit by code unit, or without case.
+  int Compare(int rowA, int rowB, bool caseInsensitive) const;
+  void Clear();
+
+private:
+  void ReadValue(int row, void* buffer) const;
+
+  TNativeKind kind_;
+  std::vector<uint8_t> nulls_;
+  std::variant<std::vector<int32_t>, std::vector<int64_t>, std::vector<double>, std::vector<Currency>,
+               std::vector<uint8_t>, std::vector<QString>, std::vector<QByteArray>, std::vector<Variant>>
+      values_;
+};
+
+}  // namespace quil

@@ -1,0 +1,371 @@
+#include "framework/db/ClientDataSet.h"
+
+#include <cstring>
+
+#include "framework/db/Field.h"
+#include "framework/db/FieldDefs.h"
+#include "framework/db/Fields.h"
+#include "framework/rtl/RtlConsts.h"
+#include "framework/rtl/TypInfo.h"
+
+namespace quil {
+
+// One record buffer: the row it shows and, while the row is edited or inserted, the
+// values being written, which reach the columns only at Post.
+struct TCustomClientDataSet::TRecord {
+  int32_t row = -1;  // an inserted record: the row it stands before
+  TBookmarkFlag flag = bfCurrent;
+  int32_t position = -1;  // index in the view, valid while version is the view's
+  uint32_t version = 0;
+  std::unique_ptr<std::vector<Variant>> pending;
+};
+
+const TMetaClass& TCustomClientDataSet::StaticClass() {
+  static const TMetaClass meta("TCustomClientDataSet", &TDataSet::StaticClass());
+  return meta;
+}
+
+const TMetaClass& TCustomClientDataSet::ClassType() const { return StaticClass(); }
+
+const TMetaClass& TClientDataSet::StaticClass() {
+  static const TMetaClass meta =
+      TMetaClass("TClientDataSet", &TCustomClientDataSet::StaticClass())
+          .Creates<TClientDataSet>()
+          .Published(StrProp("CommandText", &TClientDataSet::CommandText, &TClientDataSet::SetCommandText))
+          .Published(StrProp("FileName", &TClientDataSet::FileName, &TClientDataSet::SetFileName))
+          .Published(StrProp("IndexFieldNames", &TClientDataSet::IndexFieldNames, &TClientDataSet::SetIndexFieldNames))
+          .Published(StrProp("IndexName", &TClientDataSet::IndexName, &TClientDataSet::SetIndexName))
+          .Published(ObjectProp("IndexDefs", &TClientDataSet::IndexDefs))
+          .Published(BoolProp("ReadOnly", &TClientDataSet::ReadOnly, &TClientDataSet::SetReadOnly).Default(false));
+  return meta;
+}
+
+const TMetaClass& TClientDataSet::ClassType() const { return StaticClass(); }
+
+TCustomClientDataSet::TCustomClientDataSet(TComponent* owner)
+    : TDataSet(owner), indexDefs_(std::make_unique<TIndexDefs>(this)) {}
+
+TCustomClientDataSet::~TCustomClientDataSet() {
+  Destroying();
+  try {
+    SetActive(false);
+  } catch (...) {
+    // Nothing can be reported from a destructor; the buffers are freed all the same.
+  }
+}
+
+void TCustomClientDataSet::SetReadOnly(bool readOnly) {
+  if (readOnly == readOnly_) return;
+  if (Active()) CheckBrowseMode();
+  readOnly_ = readOnly;
+  if (Active()) DataEvent(deDataSetChange, 0);
+}
+
+// --- The data -------------------------------------------------------------------------
+
+void TCustomClientDataSet::CreateDataSet() {
+  CheckInactive();
+  InitFieldDefsFromFields();
+  if (FieldDefs()->Count() == 0) DatabaseError(SNoFieldDefs, this);
+  columnTypes_.clear();
+  columnNames_.clear();
+  columnSizes_.clear();
+  columnRequired_.clear();
+  for (int index = 0; index < FieldDefs()->Count(); ++index) {
+    const TFieldDef* def = FieldDefs()->Items(index);
+    columnTypes_.push_back(def->DataType());
+    columnNames_.push_back(def->Name());
+    columnSizes_.push_back(def->Size());
+    columnRequired_.push_back(def->Required());
+  }
+  ResetStore();
+  Open();
+}
+
+void TCustomClientDataSet::ResetStore() {
+  columns_.clear();
+  for (TFieldType type : columnTypes_) columns_.emplace_back(NativeKindOf(type));
+  deleted_.clear();
+  natural_.clear();
+  hasData_ = true;
+  ViewChanged();
+}
+
+void TCustomClientDataSet::EmptyDataSet() {
+  CheckActive();
+  CheckBrowseMode();
+  for (TClientColumn& column : columns_) column.Clear();
+  deleted_.clear();
+  natural_.clear();
+  RebuildView();
+  First();
+}
+
+int TCustomClientDataSet::AppendRow(const std::vector<Variant>& values) {
+  const int row = int(deleted_.size());
+  deleted_.push_back(0);
+  for (TClientColumn& column : columns_) column.AppendNull();
+  WriteRow(row, values);
+  return row;
+}
+
+void TCustomClientDataSet::WriteRow(int row, const std::vector<Variant>& values) {
+  for (size_t column = 0; column < columns_.size() && column < values.size(); ++column)
+    columns_[column].Write(row, values[column]);
+}
+
+std::vector<Variant> TCustomClientDataSet::RowValues(int row) const {
+  std::vector<Variant> values;
+  values.reserve(columns_.size());
+  for (const TClientColumn& column : columns_) values.push_back(column.Value(row));
+  return values;
+}
+
+// --- Opening --------------------------------------------------------------------------
+
+void TCustomClientDataSet::InternalInitFieldDefs() {
+  if (!hasData_) return;
+  FieldDefs()->Clear();
+  for (size_t column = 0; column < columnTypes_.size(); ++column)
+    FieldDefs()->Add(columnNames_[column], columnTypes_[column], columnSizes_[column], columnRequired_[column]);
+}
+
+void TCustomClientDataSet::InternalOpen() {
+  if (!hasData_ && !fileName_.isEmpty()) {
+    LoadFromFile(fileName_);
+    return;
+  }
+  if (!hasData_) DatabaseError(SMissingDataPacket, this);
+  FieldDefs()->Update();
+  if (DefaultFields()) CreateFields();
+  BindFields(true);
+  SetBookmarkSize(int(sizeof(int32_t)));
+  cursorOpen_ = true;
+  try {
+    filterRecord_ = CreateRecordBuffer();
+    filter_ = CompileFilter(Filter(), FilterOptions());
+    indexKeys_ = KeysFor(indexFieldNames_, indexName_);
+    RebuildView();
+  } catch (...) {
+    InternalClose();
+    throw;
+  }
+  cursor_ = -1;
+}
+
+void TCustomClientDataSet::InternalClose() {
+  if (filterRecord_) DestroyRecordBuffer(filterRecord_);
+  filterRecord_ = nullptr;
+  filter_ = TFilterExpression();
+  filterFields_.clear();
+  view_.clear();
+  ViewChanged();
+  BindFields(false);
+  if (DefaultFields()) DestroyFields();
+  FieldDefs()->SetUpdated(false);
+  cursorOpen_ = false;
+}
+
+// --- Buffers and the cursor -----------------------------------------------------------
+
+TRecordBuffer TCustomClientDataSet::AllocRecordBuffer() { return reinterpret_cast<TRecordBuffer>(new TRecord); }
+
+void TCustomClientDataSet::FreeRecordBuffer(TRecordBuffer& buffer) {
+  delete Record(buffer);
+  buffer = nullptr;
+}
+
+TGetResult TCustomClientDataSet::GetRecord(TRecordBuffer buffer, TGetMode mode, bool doCheck) {
+  const int count = int(view_.size());
+  int position = cursor_;
+  if (mode == gmNext) position = std::min(cursor_ + 1, count);
+  else if (mode == gmPrior) position = std::max(cursor_ - 1, -1);
+  if (position < 0) {
+    cursor_ = -1;
+    return grBOF;
+  }
+  if (position >= count) {
+    cursor_ = count;
+    return grEOF;
+  }
+  cursor_ = position;
+  TRecord* record = Record(buffer);
+  record->row = view_[size_t(position)];
+  record->flag = bfCurrent;
+  record->position = position;
+  record->version = viewVersion_;
+  record->pending.reset();
+  GetCalcFields(buffer);
+  return grOK;
+}
+
+int TCustomClientDataSet::RecordPosition(const TRecord* record) const {
+  return record->version == viewVersion_ && record->position >= 0 ? record->position : PositionOf(record->row);
+}
+
+void TCustomClientDataSet::InternalSetToRecord(TRecordBuffer buffer) {
+  const int position = RecordPosition(Record(buffer));
+  if (position >= 0) cursor_ = position;
+}
+
+void TCustomClientDataSet::InternalGotoBookmark(const uint8_t* bookmark) {
+  int32_t row = 0;
+  std::memcpy(&row, bookmark, sizeof(row));
+  const int position = PositionOf(row);
+  if (position < 0) DatabaseError(SRecordNotFound, this);
+  cursor_ = position;
+}
+
+void TCustomClientDataSet::GetBookmarkData(TRecordBuffer buffer, uint8_t* data) const {
+  std::memcpy(data, &Record(buffer)->row, sizeof(int32_t));
+}
+
+void TCustomClientDataSet::SetBookmarkData(TRecordBuffer buffer, const uint8_t* data) {
+  TRecord* record = Record(buffer);
+  std::memcpy(&record->row, data, sizeof(int32_t));
+  record->version = viewVersion_ - 1;
+}
+
+TBookmarkFlag TCustomClientDataSet::GetBookmarkFlag(TRecordBuffer buffer) const { return Record(buffer)->flag; }
+void TCustomClientDataSet::SetBookmarkFlag(TRecordBuffer buffer, TBookmarkFlag flag) { Record(buffer)->flag = flag; }
+
+bool TCustomClientDataSet::BookmarkValid(const TBookmark& bookmark) const {
+  if (!Active() || bookmark.size() != sizeof(int32_t)) return false;
+  int32_t row = 0;
+  std::memcpy(&row, bookmark.data(), sizeof(row));
+  return PositionOf(row) >= 0;
+}
+
+int TCustomClientDataSet::CompareBookmarks(const TBookmark& a, const TBookmark& b) const {
+  if (a.empty() || b.empty()) return a.empty() == b.empty() ? 0 : (a.empty() ? 1 : -1);
+  int32_t rowA = 0;
+  int32_t rowB = 0;
+  std::memcpy(&rowA, a.data(), sizeof(rowA));
+  std::memcpy(&rowB, b.data(), sizeof(rowB));
+  const int positionA = PositionOf(rowA);
+  const int positionB = PositionOf(rowB);
+  if (positionA != positionB) return positionA < positionB ? -1 : 1;
+  return rowA < rowB ? -1 : (rowA > rowB ? 1 : 0);
+}
+
+int TCustomClientDataSet::GetRecordCount() const {
+  CheckActive();
+  return int(view_.size());
+}
+
+int TCustomClientDataSet::GetRecNo() const {
+  CheckActive();
+  if (IsEmpty()) return -1;
+  TRecordBuffer buffer = State() == dsCalcFields ? CalcBuffer() : ActiveBuffer();
+  const TRecord* record = Record(buffer);
+  if (record->flag != bfCurrent) return -1;
+  const int position = RecordPosition(record);
+  return position < 0 ? -1 : position + 1;
+}
+
+void TCustomClientDataSet::SetRecNo(int value) {
+  CheckBrowseMode();
+  if (value < 1 || value > int(view_.size()) || value == GetRecNo()) return;
+  DoBeforeScroll();
+  cursor_ = value - 1;
+  Resync({rmCenter});
+  DoAfterScroll();
+}
+
+// --- Field values ---------------------------------------------------------------------
+
+bool TCustomClientDataSet::GetFieldData(TField* field, void* buffer) {
+  if (field->FieldNo() <= 0) return TDataSet::GetFieldData(field, buffer);
+  TRecordBuffer recordBuffer = StateBuffer();
+  if (!recordBuffer) return false;
+  const TRecord* record = Record(recordBuffer);
+  const size_t column = size_t(field->FieldNo() - 1);
+  if (record->pending) {
+    const Variant& value = (*record->pending)[column];
+    if (VarIsNull(value) || VarIsEmpty(value)) return false;
+    if (buffer) VariantToNative(field->NativeKind(), value, buffer);
+    return true;
+  }
+  if (record->row < 0 || record->flag != bfCurrent) return false;
+  return columns_[column].Read(record->row, buffer);
+}
+
+void TCustomClientDataSet::SetFieldData(TField* field, const void* buffer) {
+  if (field->FieldNo() <= 0) {
+    TDataSet::SetFieldData(field, buffer);
+    return;
+  }
+  CheckFieldWrite(field, buffer);
+  TRecord* record = Record(StateBuffer());
+  if (!record->pending) record->pending = std::make_unique<std::vector<Variant>>(RowValues(record->row));
+  (*record->pending)[size_t(field->FieldNo() - 1)] = buffer ? NativeToVariant(field->NativeKind(), buffer) : Null();
+  FieldWritten(field);
+}
+
+// --- Editing --------------------------------------------------------------------------
+
+void TCustomClientDataSet::InternalInitRecord(TRecordBuffer buffer) {
+  Record(buffer)->pending = std::make_unique<std::vector<Variant>>(columns_.size(), Null());
+}
+
+void TCustomClientDataSet::InternalEdit() {
+  TRecord* record = Record(ActiveBuffer());
+  record->pending = std::make_unique<std::vector<Variant>>(RowValues(record->row));
+}
+
+void TCustomClientDataSet::InternalCancel() { Record(ActiveBuffer())->pending.reset(); }
+
+int TCustomClientDataSet::InsertPosition(const TRecord* record) const {
+  switch (record->flag) {
+    case bfBOF: return 0;
+    case bfEOF: return int(view_.size());
+    default: {
+      const int position = RecordPosition(record);
+      return position < 0 ? int(view_.size()) : position;
+    }
+  }
+}
+
+void TCustomClientDataSet::InternalPost() {
+  TDataSet::InternalPost();
+  TRecord* record = Record(ActiveBuffer());
+  if (!record->pending) return;
+  int row = record->row;
+  int position = 0;
+  if (State() == dsInsert) {
+    position = InsertPosition(record);
+    const bool before = record->flag == bfInserted && row >= 0;
+    row = AppendRow(*record->pending);
+    auto next = before ? std::find(natural_.begin(), natural_.end(), record->row) : natural_.end();
+    natural_.insert(next, row);
+  } else {
+    position = RecordPosition(record);
+    WriteRow(row, *record->pending);
+  }
+  record->pending.reset();
+  record->row = row;
+  record->flag = bfCurrent;
+  PlaceRow(row, position);
+}
+
+void TCustomClientDataSet::InternalAddRecord(TRecordBuffer buffer, bool append) {
+  TRecord* record = Record(buffer);
+  record->flag = append ? bfEOF : bfInserted;
+  const int position = InsertPosition(record);
+  const int row = AppendRow(record->pending ? *record->pending : std::vector<Variant>());
+  natural_.push_back(row);
+  PlaceRow(row, position);
+}
+
+void TCustomClientDataSet::InternalDelete() {
+  const TRecord* record = Record(ActiveBuffer());
+  const int row = record->row;
+  const int position = RecordPosition(record);
+  deleted_[size_t(row)] = 1;
+  natural_.erase(std::find(natural_.begin(), natural_.end(), row));
+  if (position >= 0) view_.erase(view_.begin() + position);
+  ViewChanged();
+  cursor_ = std::min(std::max(position, 0), int(view_.size()));
+}
+
+}  // namespace quil
