@@ -1,0 +1,218 @@
+// TCustomGrid's editing and TInplaceEdit, the editor it places on the current cell.
+
+#include <QWidget>
+
+#include "framework/controls/Application.h"
+#include "framework/controls/Grids.h"
+
+namespace quil {
+
+TInplaceEdit* TCustomGrid::CreateEditor() { return new TInplaceEdit(this); }
+
+bool TCustomGrid::CanEditShow() {
+  return options_.Contains(goEditing) && !options_.Contains(goRowSelect) && editorMode_ &&
+         !ComponentState().Contains(csDesigning) && HandleAllocated() &&
+         (options_.Contains(goAlwaysShowEditor) || IsActiveControl());
+}
+
+void TCustomGrid::SetEditorMode(bool editorMode) {
+  if (editorMode) ShowEditor();
+  else HideEditor();
+}
+
+void TCustomGrid::ShowEditor() {
+  editorMode_ = true;
+  UpdateEdit();
+}
+
+void TCustomGrid::HideEditor() {
+  editorMode_ = false;
+  HideEdit();
+}
+
+void TCustomGrid::InvalidateEditor() {
+  inplaceCol_ = -1;
+  inplaceRow_ = -1;
+  UpdateEdit();
+}
+
+void TCustomGrid::UpdateEdit() {
+  if (!CanEditShow()) return;
+  if (!inplaceEdit_) {
+    inplaceEdit_ = CreateEditor();
+    inplaceEdit_->SetGrid(this);
+    inplaceEdit_->SetParent(this);
+  } else if (current_.X == inplaceCol_ && current_.Y == inplaceRow_) {
+    inplaceEdit_->Move(CellRect(current_.X, current_.Y));
+    return;
+  } else {
+    HideEdit();
+  }
+  inplaceCol_ = current_.X;
+  inplaceRow_ = current_.Y;
+  inplaceEdit_->UpdateContents();
+  canEditModify_ = inplaceEdit_->MaxLength() != -1;
+  inplaceEdit_->SelectAll();
+  inplaceEdit_->Move(CellRect(current_.X, current_.Y));
+}
+
+void TCustomGrid::HideEdit() {
+  if (!inplaceEdit_) return;
+  UpdateText();
+  inplaceCol_ = -1;
+  inplaceRow_ = -1;
+  inplaceEdit_->Hide();
+}
+
+void TCustomGrid::UpdateText() {
+  if (inplaceEdit_ && inplaceCol_ >= 0 && inplaceRow_ >= 0)
+    SetEditText(inplaceCol_, inplaceRow_, inplaceEdit_->Text());
+}
+
+void TCustomGrid::WMSetFocus(TMessage& message) {
+  TCustomControl::WMSetFocus(message);
+  InvalidateGridRect(Selection());
+  if (!inplaceEdit_ || !inplaceEdit_->Focused()) UpdateEdit();
+}
+
+void TCustomGrid::WMKillFocus(TMessage& message) {
+  TCustomControl::WMKillFocus(message);
+  InvalidateGridRect(Selection());
+}
+
+const TMetaClass& TInplaceEdit::StaticClass() {
+  static const TMetaClass meta = TMetaClass("TInplaceEdit", &TCustomMaskEdit::StaticClass());
+  return meta;
+}
+
+const TMetaClass& TInplaceEdit::ClassType() const { return StaticClass(); }
+
+TInplaceEdit::TInplaceEdit(TComponent* owner) : TCustomMaskEdit(owner) {
+  SetBorderStyle(bsNone);
+  SetInitialVisible(false);
+  SetTabStop(false);
+}
+
+TInplaceEdit::~TInplaceEdit() = default;
+
+void TInplaceEdit::Move(const TRect& rect) {
+  if (rect.IsEmpty()) {
+    Hide();
+    return;
+  }
+  SetBoundsRect(rect);
+  SetVisible(true);
+  if (grid_ && grid_->IsActiveControl() && !Focused()) SetFocus();
+}
+
+void TInplaceEdit::Hide() {
+  if (!Visible()) return;
+  bool hadFocus = Focused();
+  SetVisible(false);
+  if (hadFocus && grid_ && grid_->CanFocus()) grid_->SetFocus();
+}
+
+void TInplaceEdit::UpdateLoc(const TRect& rect) { Move(rect); }
+
+bool TInplaceEdit::PosEqual(const TRect& rect) const { return BoundsRect() == rect; }
+
+void TInplaceEdit::UpdateContents() {
+  if (!grid_) return;
+  int limit = grid_->GetEditLimit();
+  SetMaxLength(limit > 0 ? limit : 0);
+  SetReadOnly(limit == -1);
+  SetEditMask(grid_->GetEditMask(grid_->Col(), grid_->Row()));
+  SetText(grid_->GetEditText(grid_->Col(), grid_->Row()));
+  SetFont(grid_->Font());
+}
+
+void TInplaceEdit::Deselect() { SetSelLength(0); }
+
+void TInplaceEdit::SetFocus() {
+  if (CanFocus()) TCustomMaskEdit::SetFocus();
+}
+
+bool TInplaceEdit::CaretAtStart() const { return SelLength() == 0 && SelStart() == 0; }
+
+bool TInplaceEdit::CaretAtEnd() const { return SelLength() == 0 && SelStart() >= Text().size(); }
+
+void TInplaceEdit::SendToParent(uint16_t& key, TShiftState shift) {
+  grid_->KeyDown(key, shift);
+  key = 0;
+}
+
+// Keys that move between cells belong to the grid; the others edit the text.
+void TInplaceEdit::KeyDown(uint16_t& key, TShiftState shift) {
+  if (!grid_) {
+    TCustomMaskEdit::KeyDown(key, shift);
+    return;
+  }
+  bool caretMoves = grid_->Options().Contains(goAlwaysShowEditor);
+  switch (key) {
+    case VK_UP: case VK_DOWN: case VK_PRIOR: case VK_NEXT: case VK_ESCAPE:
+      SendToParent(key, shift);
+      break;
+    case VK_INSERT:
+      if (shift.Empty()) SendToParent(key, shift);
+      else if (shift == TShiftState{ssShift} && !grid_->CanEditModify()) key = 0;
+      break;
+    case VK_LEFT: case VK_HOME:
+      if (shift.Contains(ssCtrl) || (caretMoves && CaretAtStart())) SendToParent(key, shift);
+      break;
+    case VK_RIGHT: case VK_END:
+      if (shift.Contains(ssCtrl) || (caretMoves && CaretAtEnd())) SendToParent(key, shift);
+      break;
+    case VK_TAB:
+      SendToParent(key, shift);
+      break;
+    case VK_DELETE:
+      if (shift.Contains(ssCtrl)) SendToParent(key, shift);
+      else if (!grid_->CanEditModify()) key = 0;
+      break;
+    default: break;
+  }
+  if (key != 0) TCustomMaskEdit::KeyDown(key, shift);
+}
+
+void TInplaceEdit::KeyPress(QChar& key) {
+  if (!grid_) {
+    TCustomMaskEdit::KeyPress(key);
+    return;
+  }
+  grid_->KeyPress(key);
+  ushort code = key.unicode();
+  if (code >= 0x20 && !grid_->CanEditAcceptKey(key)) {
+    key = QChar();
+    MessageBeep(0);
+  }
+  if (code == 0x09 || code == 0x1B || code == 0x0D) key = QChar();
+  if (!key.isNull()) TCustomMaskEdit::KeyPress(key);
+}
+
+void TInplaceEdit::KeyUp(uint16_t& key, TShiftState shift) {
+  if (grid_) grid_->KeyUp(key, shift);
+  else TCustomMaskEdit::KeyUp(key, shift);
+}
+
+void TInplaceEdit::DblClick() {
+  if (grid_) grid_->DblClick();
+  else TCustomMaskEdit::DblClick();
+}
+
+bool TInplaceEdit::DoMouseWheel(TShiftState shift, int wheelDelta, TPoint mousePos) {
+  return grid_ ? grid_->DoMouseWheel(shift, wheelDelta, mousePos) : TCustomMaskEdit::DoMouseWheel(shift, wheelDelta, mousePos);
+}
+
+bool TInplaceEdit::EditCanModify() { return !grid_ || grid_->CanEditModify(); }
+
+void TInplaceEdit::Change() {
+  TCustomMaskEdit::Change();
+  if (grid_ && Modified()) grid_->UpdateText();
+}
+
+void TInplaceEdit::WMGetDlgCode(TMessage& message) {
+  message.Result = DLGC_WANTARROWS | DLGC_WANTCHARS;
+  if (grid_ && grid_->Options().Contains(goTabs)) message.Result |= DLGC_WANTTAB;
+}
+
+}  // namespace quil
