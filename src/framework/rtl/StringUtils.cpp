@@ -22,6 +22,28 @@ QString MapChars(QString text, Map map) {
   return text;
 }
 
+// Maps each code point on its own (simple case mapping), so that the result has the
+// length of the text and a position found in it is a position in the text: full
+// mapping would turn "ß" into "SS" and shift every position behind it.
+template <typename Map>
+QString MapCodePoints(QString text, Map map) {
+  for (qsizetype index = 0; index < text.size(); ++index) {
+    const bool pair = text[index].isHighSurrogate() && index + 1 < text.size() && text[index + 1].isLowSurrogate();
+    if (!pair) {
+      const char32_t mapped = map(char32_t(text[index].unicode()));
+      if (!QChar::requiresSurrogates(mapped)) text[index] = QChar(char16_t(mapped));
+      continue;
+    }
+    const char32_t mapped = map(QChar::surrogateToUcs4(text[index], text[index + 1]));
+    if (QChar::requiresSurrogates(mapped)) {
+      text[index] = QChar(QChar::highSurrogate(mapped));
+      text[index + 1] = QChar(QChar::lowSurrogate(mapped));
+    }
+    ++index;
+  }
+  return text;
+}
+
 template <typename Map>
 int CompareMapped(const QString& a, const QString& b, Map map) {
   const qsizetype common = qMin(a.size(), b.size());
@@ -66,8 +88,12 @@ QString TrimRight(const QString& text) {
 
 QString UpperCase(const QString& text) { return MapChars(text, AsciiUpper); }
 QString LowerCase(const QString& text) { return MapChars(text, AsciiLower); }
-QString AnsiUpperCase(const QString& text) { return text.toUpper(); }
-QString AnsiLowerCase(const QString& text) { return text.toLower(); }
+QString AnsiUpperCase(const QString& text) {
+  return MapCodePoints(text, [](char32_t ch) { return QChar::toUpper(ch); });
+}
+QString AnsiLowerCase(const QString& text) {
+  return MapCodePoints(text, [](char32_t ch) { return QChar::toLower(ch); });
+}
 
 int CompareStr(const QString& a, const QString& b) {
   return CompareMapped(a, b, [](QChar ch) { return ch; });

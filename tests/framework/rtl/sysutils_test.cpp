@@ -168,6 +168,16 @@ TEST(CaseConversion, PlainFunctionsTouchOnlyAsciiLetters) {
   EXPECT_EQ(AnsiLowerCase(QStringLiteral("ÄBC")), QStringLiteral("äbc"));
 }
 
+// A position found in the upper-cased text must be the same position in the text.
+TEST(CaseConversion, AnsiFunctionsKeepTheLength) {
+  EXPECT_EQ(AnsiUpperCase(QStringLiteral("straße order by x")), QStringLiteral("STRAßE ORDER BY X"));
+  EXPECT_EQ(AnsiUpperCase(QStringLiteral("ﬁle")), QStringLiteral("ﬁLE"));
+  EXPECT_EQ(AnsiLowerCase(QStringLiteral("İSTANBUL")).size(), 8);
+  EXPECT_EQ(AnsiUpperCase(QStringLiteral("\U00010428x")), QStringLiteral("\U00010400X")) << "Deseret, outside the BMP";
+  const QString loneSurrogate(QChar(0xD801));
+  EXPECT_EQ(AnsiUpperCase(loneSurrogate + "a"), loneSurrogate + "A");
+}
+
 TEST(Comparison, PlainFunctionsCompareCodeUnits) {
   EXPECT_LT(CompareStr("a", "b"), 0);
   EXPECT_LT(CompareStr("B", "a"), 0);
