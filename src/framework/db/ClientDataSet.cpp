@@ -1,4 +1,5 @@
 #include "framework/db/ClientDataSet.h"
+#include "framework/db/ClientDataSet_p.h"
 
 #include <cstring>
 
@@ -9,16 +10,6 @@
 #include "framework/rtl/TypInfo.h"
 
 namespace quil {
-
-// One record buffer: the row it shows and, while the row is edited or inserted, the
-// values being written, which reach the columns only at Post.
-struct TCustomClientDataSet::TRecord {
-  int32_t row = -1;  // an inserted record: the row it stands before
-  TBookmarkFlag flag = bfCurrent;
-  int32_t position = -1;  // index in the view, valid while version is the view's
-  uint32_t version = 0;
-  std::unique_ptr<std::vector<Variant>> pending;
-};
 
 const TMetaClass& TCustomClientDataSet::StaticClass() {
   static const TMetaClass meta("TCustomClientDataSet", &TDataSet::StaticClass());
@@ -131,10 +122,7 @@ void TCustomClientDataSet::InternalInitFieldDefs() {
 }
 
 void TCustomClientDataSet::InternalOpen() {
-  if (!hasData_ && !fileName_.isEmpty()) {
-    LoadFromFile(fileName_);
-    return;
-  }
+  if (!hasData_ && !fileName_.isEmpty()) ReadFile(fileName_);
   if (!hasData_) DatabaseError(SMissingDataPacket, this);
   FieldDefs()->Update();
   if (DefaultFields()) CreateFields();

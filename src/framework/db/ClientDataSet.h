@@ -120,6 +120,9 @@ private:
 
   // Data
   void ResetStore();
+  // Replaces definitions, indexes and rows with the file's; raises before changing
+  // anything when the file cannot be read.
+  void ReadFile(const QString& fileName);
   int AppendRow(const std::vector<Variant>& values);
   void WriteRow(int row, const std::vector<Variant>& values);
   std::vector<Variant> RowValues(int row) const;
@@ -159,7 +162,8 @@ private:
   QString indexName_;
   std::unique_ptr<TIndexDefs> indexDefs_;
   TFilterExpression filter_;
-  std::vector<TField*> filterFields_;
+  // Calculated and lookup fields that the filter reads, after the columns.
+  mutable std::vector<TField*> filterFields_;
   TRecordBuffer filterRecord_ = nullptr;
 
   QString commandText_;

@@ -27,7 +27,7 @@ void TDataSet::UpdateBufferCount() {
 void TDataSet::SetBufListSize(int count) {
   if (count == bufferCount_) return;
   // Shrinking drops records from the front first, so that the active one stays.
-  const int dropped = std::max(0, activeRecord_ - (count - 1));
+  const int dropped = count > 0 ? std::max(0, activeRecord_ - (count - 1)) : recordCount_;
   if (dropped > 0) {
     std::rotate(buffers_.begin(), buffers_.begin() + dropped, buffers_.begin() + recordCount_);
     activeRecord_ -= dropped;
@@ -35,6 +35,7 @@ void TDataSet::SetBufListSize(int count) {
     CursorPosChanged();
   }
   recordCount_ = std::min(recordCount_, count);
+  activeRecord_ = std::min(activeRecord_, std::max(recordCount_ - 1, 0));
   if (currentRecord_ >= recordCount_) CursorPosChanged();
   const size_t wanted = count > 0 ? size_t(count) + 1 : 0;
   while (buffers_.size() > wanted) {

@@ -83,9 +83,11 @@ void TDataSource::DataEvent(TDataEvent event, intptr_t info) {
     UpdateState();
     return;
   }
+  // With controls disabled the links learn only that the data set opened or closed;
+  // a change between open states waits for EnableControls.
   if (event == deDisabledStateChange) {
-    if (info) UpdateState();
-    else SetState(dsInactive);
+    if (!info) SetState(dsInactive);
+    else if (state_ == dsInactive) UpdateState();
     return;
   }
   if (state_ == dsInactive) return;
