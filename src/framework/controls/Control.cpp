@@ -84,7 +84,7 @@ TPoint TControl::ClientToScreen(TPoint point) const {
 void TControl::SetAlign(TAlign align) {
   if (align_ == align) return;
   align_ = align;
-  // FIXME: alignment inside the parent is not laid out yet; controls keep their bounds.
+  if (parent_) parent_->Realign();
 }
 
 void TControl::SetVisible(bool visible) {
@@ -92,6 +92,7 @@ void TControl::SetVisible(bool visible) {
   InvalidateControl(true, false);
   visible_ = visible;
   Perform(CM_VISIBLECHANGED, WPARAM(visible), 0);
+  if (parent_ && align_ != alNone) parent_->Realign();
 }
 
 bool TControl::Showing() const { return visible_ && parent_ && parent_->Showing(); }

@@ -328,6 +328,8 @@ public:
   void RemoveControl(TControl* control);
   // The child control at a client point, null when none is there.
   TControl* ControlAtPos(TPoint point) const;
+  // Lays the aligned children out again in the client area.
+  void Realign();
 
   bool TabStop() const { return tabStop_; }
   void SetTabStop(bool tabStop) { tabStop_ = tabStop; }
@@ -372,6 +374,8 @@ protected:
   virtual void DestroyWnd();
   // Makes the QWidget of this control; a native control makes its own kind.
   virtual QWidget* CreateWidget();
+  // Places the aligned children in rect and takes what they use off it.
+  virtual void AlignControls(TControl* control, TRect& rect);
 
   void Dispatch(TMessage& message) override;
   void DefaultHandler(TMessage& message) override;
@@ -434,6 +438,7 @@ private:
   std::vector<TControl*> controls_;
   bool tabStop_ = false;
   bool ctl3D_ = true;
+  bool aligning_ = false;
   TKeyEvent onKeyDown_, onKeyUp_;
   TKeyPressEvent onKeyPress_;
   TNotifyEvent onEnter_, onExit_;

@@ -21,6 +21,8 @@ void TCustomGrid::SetEditorMode(bool editorMode) {
 }
 
 void TCustomGrid::ShowEditor() {
+  // Without goEditing the grid does not go into editor mode at all.
+  if (!options_.Contains(goEditing)) return;
   editorMode_ = true;
   UpdateEdit();
 }

@@ -97,7 +97,7 @@ void TCustomGrid::UpdateScrollPos() {
 }
 
 // Scroll codes move the top left cell; the current cell stays where it is.
-void TCustomGrid::ScrollBy(int bar, int code) {
+void TCustomGrid::ScrollBy(int bar, int code, int thumbPos) {
   TGridDrawInfo info;
   CalcDrawInfo(info);
   bool horizontal = bar == SB_HORZ;
@@ -119,10 +119,11 @@ void TCustomGrid::ScrollBy(int bar, int code) {
       if (!options_.Contains(goThumbTracking)) return;
       [[fallthrough]];
     case SB_THUMBPOSITION: {
+      // The message holds 16 bits of the thumb's place; a longer bar is asked for all of it.
       TScrollInfo scroll;
-      scroll.fMask = SIF_TRACKPOS;
+      scroll.fMask = SIF_RANGE | SIF_TRACKPOS;
       GetScrollInfo(this, bar, scroll);
-      target = fixed + scroll.nTrackPos;
+      target = fixed + (scroll.nMax > 0xFFFF ? scroll.nTrackPos : thumbPos);
       break;
     }
     default: return;
@@ -134,9 +135,13 @@ void TCustomGrid::ScrollBy(int bar, int code) {
   UpdateScrollPos();
 }
 
-void TCustomGrid::WMHScroll(TMessage& message) { ScrollBy(SB_HORZ, LOWORD(message.WParam)); }
+void TCustomGrid::WMHScroll(TMessage& message) {
+  ScrollBy(SB_HORZ, LOWORD(message.WParam), HIWORD(message.WParam));
+}
 
-void TCustomGrid::WMVScroll(TMessage& message) { ScrollBy(SB_VERT, LOWORD(message.WParam)); }
+void TCustomGrid::WMVScroll(TMessage& message) {
+  ScrollBy(SB_VERT, LOWORD(message.WParam), HIWORD(message.WParam));
+}
 
 void TCustomGrid::TimedScroll(TGridScrollDirection direction) {
   TGridDrawInfo info;

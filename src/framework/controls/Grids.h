@@ -315,7 +315,8 @@ private:
   void SelectionMoved(const TGridRect& oldSel);
   void InvalidateGridRect(const TGridRect& rect);
   void TopLeftMoved(const TGridCoord& oldTopLeft);
-  void ScrollBy(int bar, int code);
+  // thumbPos: the 16-bit thumb place a scroll message carries.
+  void ScrollBy(int bar, int code, int thumbPos);
   void DrawBlock(const TGridDrawInfo& info, int firstCol, int colOrigin, int colLimit, int firstRow,
                  int rowOrigin, int rowLimit, bool fixed);
   void DrawLines(const TGridDrawInfo& info, int firstCol, int colOrigin, int colLimit, int firstRow,

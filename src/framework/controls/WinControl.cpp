@@ -163,6 +163,7 @@ void TWinControl::InsertControl(TControl* control) {
   control->parent_ = this;
   if (auto* window = dynamic_cast<TWinControl*>(control); window && HandleAllocated()) window->HandleNeeded();
   control->Invalidate();
+  if (control->Align() != alNone) Realign();
 }
 
 void TWinControl::RemoveControl(TControl* control) {
@@ -396,6 +397,7 @@ void TWinControl::WMNCCalcSize(TMessage& message) {
 }
 
 void TWinControl::WMSize(TMessage& message) {
+  Realign();
   if (!ComponentState().Contains(csLoading)) Resize();
 }
 

@@ -1,0 +1,77 @@
+// The base grid's demo window: a plain grid of 1,000 x 50 cells that scrolls, sizes,
+// moves columns and edits in place.
+//   quil_basegrid [--screenshot FILE] [--top-row N] [--left-col N] [--edit]
+// With --screenshot it lays out, applies the other options, renders the window into a
+// PNG and quits, so that a test can look at it offscreen.
+
+#include <QApplication>
+#include <QCommandLineParser>
+#include <QTimer>
+#include <QWidget>
+#include <cstdio>
+
+#include "CellGrid.h"
+#include "framework/controls/Forms.h"
+
+namespace {
+
+struct Options {
+  QString screenshot;
+  int topRow = 1;
+  int leftCol = 1;
+  bool edit = false;
+};
+
+Options ParseOptions(const QApplication& app) {
+  QCommandLineParser parser;
+  parser.setApplicationDescription("Base grid demo");
+  parser.addHelpOption();
+  parser.addOption({"screenshot", "Render the window into a PNG and quit.", "file"});
+  parser.addOption({"top-row", "Scroll so that this row is the first below the titles.", "row", "1"});
+  parser.addOption({"left-col", "Scroll so that this column is the first after the row numbers.", "col", "1"});
+  parser.addOption({"edit", "Open the in-place editor on the current cell."});
+  parser.process(app);
+  Options options;
+  options.screenshot = parser.value("screenshot");
+  options.topRow = parser.value("top-row").toInt();
+  options.leftCol = parser.value("left-col").toInt();
+  options.edit = parser.isSet("edit");
+  return options;
+}
+
+// Puts the grid where the options ask; the current cell follows the top left one.
+void ApplyOptions(quil::demo::TCellGrid& grid, const Options& options) {
+  grid.SetFocus();
+  grid.MoveColRow(options.leftCol, options.topRow, true, true);
+  grid.SetTopRow(options.topRow);
+  grid.SetLeftCol(options.leftCol);
+  if (options.edit) grid.SetEditorMode(true);
+}
+
+}  // namespace
+
+int main(int argc, char** argv) {
+  if (qEnvironmentVariableIsEmpty("DISPLAY") && qEnvironmentVariableIsEmpty("WAYLAND_DISPLAY"))
+    qputenv("QT_QPA_PLATFORM", "offscreen");
+  QApplication app(argc, argv);
+  const Options options = ParseOptions(app);
+  quil::TForm form(nullptr);
+  form.SetCaption(QStringLiteral("Base grid"));
+  form.SetBounds(0, 0, 1024, 640);
+  auto* grid = new quil::demo::TCellGrid(&form);
+  grid->SetParent(&form);
+  grid->SetAlign(quil::alClient);
+  form.Show();
+  form.Handle()->activateWindow();
+  // The options wait for the window to be active, so that the grid can take the focus.
+  QTimer::singleShot(0, &app, [&] {
+    ApplyOptions(*grid, options);
+    if (options.screenshot.isEmpty()) return;
+    QTimer::singleShot(0, &app, [&] {
+      const bool saved = form.Handle()->grab().save(options.screenshot, "PNG");
+      if (!saved) std::fprintf(stderr, "basegrid: cannot write %s\n", qPrintable(options.screenshot));
+      app.exit(saved ? 0 : 1);
+    });
+  });
+  return app.exec();
+}

@@ -1,0 +1,54 @@
+#include <gtest/gtest.h>
+
+#include <QImage>
+#include <QProcess>
+#include <QTemporaryDir>
+
+namespace {
+
+QImage RunScreenshot(const QTemporaryDir& dir, const QStringList& options) {
+  const QString shot = dir.filePath("basegrid.png");
+  QProcess app;
+  QProcessEnvironment env = QProcessEnvironment::systemEnvironment();
+  env.insert("QT_QPA_PLATFORM", "offscreen");
+  app.setProcessEnvironment(env);
+  app.start(QUIL_BASEGRID_BINARY, QStringList(options) << "--screenshot" << shot);
+  EXPECT_TRUE(app.waitForFinished(60000));
+  EXPECT_EQ(app.exitCode(), 0) << app.readAllStandardError().toStdString();
+  return QImage(shot);
+}
+
+// Pixels in the band of rows [top, bottom) that differ from the colour at (x0, top).
+int InkInBand(const QImage& image, int top, int bottom, int x0) {
+  const QRgb background = image.pixel(x0, top);
+  int ink = 0;
+  for (int y = top; y < bottom; ++y)
+    for (int x = 0; x < image.width(); ++x) ink += image.pixel(x, y) != background;
+  return ink;
+}
+
+}  // namespace
+
+// The window lays out offscreen with the grid filling it: titles, numbers and cells show.
+TEST(BaseGridDemo, TakesAScreenshotOfTheWholeGrid) {
+  QTemporaryDir dir;
+  ASSERT_TRUE(dir.isValid());
+  const QImage image = RunScreenshot(dir, {});
+  ASSERT_FALSE(image.isNull());
+  EXPECT_EQ(image.size(), QSize(1024, 640));
+  // The cells reach the bottom of the window (the grid is aligned to the client area).
+  EXPECT_GT(InkInBand(image, 580, 600, 60), 100);
+  // The title row and the first data row are not the same picture.
+  EXPECT_NE(image.copy(60, 5, 300, 14), image.copy(60, 28, 300, 14));
+}
+
+// Scrolled far down and right with the editor open, the window still paints in full.
+TEST(BaseGridDemo, ScrollsAndOpensTheEditor) {
+  QTemporaryDir dir;
+  ASSERT_TRUE(dir.isValid());
+  const QImage top = RunScreenshot(dir, {});
+  const QImage scrolled = RunScreenshot(dir, {"--top-row", "900", "--left-col", "40", "--edit"});
+  ASSERT_FALSE(scrolled.isNull());
+  EXPECT_NE(top.copy(0, 25, 1000, 500), scrolled.copy(0, 25, 1000, 500));
+  EXPECT_GT(InkInBand(scrolled, 300, 320, 60), 100);
+}
