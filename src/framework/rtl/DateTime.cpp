@@ -120,6 +120,16 @@ TDateTime ComposeDateTime(TDateTime date, TDateTime time) {
   return date < 0 ? date - std::fabs(time) : date + std::fabs(time);
 }
 
+void ReplaceDate(TDateTime& value, TDateTime newDate) {
+  TDateTime result = newDate;
+  ReplaceTime(result, value);
+  value = result;
+}
+
+void ReplaceTime(TDateTime& value, TDateTime newTime) {
+  value = TimeStampToDateTime({DateTimeToTimeStamp(newTime).Time, DateTimeToTimeStamp(value).Date});
+}
+
 int DayOfWeek(TDateTime value) { return (DateTimeToTimeStamp(value).Date % 7 + 7) % 7 + 1; }
 
 TDateTime Now() {

@@ -46,6 +46,10 @@ TDateTime EncodeTime(int hour, int minute, int second, int millisecond);
 void DecodeTime(TDateTime value, int& hour, int& minute, int& second, int& millisecond);
 // A date plus a time of day, by the rule for dates before 1899.
 TDateTime ComposeDateTime(TDateTime date, TDateTime time);
+// Gives value the day of newDate and keeps its time of day.
+void ReplaceDate(TDateTime& value, TDateTime newDate);
+// Gives value the time of day of newTime and keeps its day.
+void ReplaceTime(TDateTime& value, TDateTime newTime);
 
 // 1 for Sunday to 7 for Saturday.
 int DayOfWeek(TDateTime value);

@@ -245,6 +245,21 @@ TEST(Recode, ReplacesPartsAndRefusesInvalidResults) {
   EXPECT_EQ(unchanged, 5);
 }
 
+// Before 1899 the day counts back while the time still adds: the replaced part must
+// land on the other side of day 0 by that rule, not by the sign of the old value.
+TEST(Replace, SwapsDayOrTimeAcrossDayZero) {
+  TDateTime value = At(2024, 1, 31, 23, 59, 59, 999);
+  ReplaceDate(value, At(1899, 12, 29, 6));
+  EXPECT_EQ(Decode(value), (Parts{1899, 12, 29, 23, 59, 59, 999}));
+  ReplaceDate(value, -0.5);  // 30 December 1899, noon
+  EXPECT_EQ(Decode(value), (Parts{1899, 12, 30, 23, 59, 59, 999}));
+  ReplaceTime(value, At(1800, 1, 1, 6, 30));
+  EXPECT_EQ(Decode(value), (Parts{1899, 12, 30, 6, 30, 0, 0}));
+  value = At(1700, 3, 1, 12);
+  ReplaceTime(value, At(2000, 1, 1, 0, 0, 0, 1));
+  EXPECT_EQ(Decode(value), (Parts{1700, 3, 1, 0, 0, 0, 1}));
+}
+
 TEST(Parts, ReadEachComponent) {
   const TDateTime moment = At(2024, 3, 5, 14, 7, 9, 45);
   EXPECT_EQ(YearOf(moment), 2024);
