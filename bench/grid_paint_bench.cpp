@@ -1,0 +1,74 @@
+// Painting one full 1920x1080 frame of the base grid's demo (1,000 x 50 text cells, a
+// title row and a row-number column), against a QTableView over a table model that
+// answers the same texts, with the same column widths and row heights.
+
+#include <QAbstractTableModel>
+#include <QHeaderView>
+#include <QImage>
+#include <QTableView>
+#include <benchmark/benchmark.h>
+
+#include "../apps/basegrid/CellGrid.h"
+#include "framework/controls/Forms.h"
+
+namespace {
+
+constexpr int kFrameWidth = 1920;
+constexpr int kFrameHeight = 1080;
+
+class CellModel : public QAbstractTableModel {
+public:
+  int rowCount(const QModelIndex& parent) const override { return parent.isValid() ? 0 : quil::demo::kDataRows; }
+  int columnCount(const QModelIndex& parent) const override { return parent.isValid() ? 0 : quil::demo::kDataCols; }
+  QVariant data(const QModelIndex& index, int role) const override {
+    if (role != Qt::DisplayRole) return QVariant();
+    return quil::demo::GeneratedCellText(index.row(), index.column());
+  }
+  QVariant headerData(int section, Qt::Orientation orientation, int role) const override {
+    if (role != Qt::DisplayRole) return QVariant();
+    return orientation == Qt::Horizontal ? quil::demo::ColumnTitle(section) : QVariant(section + 1);
+  }
+};
+
+// Renders the widget into the frame, as a paint of the whole window does. The last frame
+// is saved for a look by eye when QUIL_BENCH_SNAPSHOTS names a folder.
+void PaintFrames(benchmark::State& state, QWidget* widget, const char* side) {
+  QImage frame(kFrameWidth, kFrameHeight, QImage::Format_ARGB32_Premultiplied);
+  for (auto _ : state) {
+    widget->render(&frame);
+    benchmark::DoNotOptimize(frame.constBits());
+  }
+  const QString folder = qEnvironmentVariable("QUIL_BENCH_SNAPSHOTS");
+  if (!folder.isEmpty()) frame.save(folder + QStringLiteral("/grid_paint_%1.png").arg(QLatin1String(side)));
+  state.counters["frames/s"] = benchmark::Counter(double(state.iterations()), benchmark::Counter::kIsRate);
+}
+
+void BM_FullFrameQuil(benchmark::State& state) {
+  quil::TForm form(nullptr);
+  form.SetBounds(0, 0, kFrameWidth, kFrameHeight);
+  auto* grid = new quil::demo::TCellGrid(&form);
+  grid->SetParent(&form);
+  grid->SetAlign(quil::alClient);
+  form.Show();
+  PaintFrames(state, grid->Handle(), "quil");
+}
+
+void BM_FullFramePeer(benchmark::State& state) {
+  CellModel model;
+  QTableView view;
+  view.setModel(&model);
+  view.horizontalHeader()->setDefaultSectionSize(80);
+  view.verticalHeader()->setSectionResizeMode(QHeaderView::Fixed);
+  view.verticalHeader()->setMinimumSectionSize(1);
+  view.verticalHeader()->setDefaultSectionSize(22);
+  view.verticalHeader()->setFixedWidth(48);
+  view.resize(kFrameWidth, kFrameHeight);
+  view.setCurrentIndex(model.index(0, 0));
+  view.show();
+  PaintFrames(state, &view, "peer");
+}
+
+}  // namespace
+
+BENCHMARK(BM_FullFrameQuil)->Name("grid_paint_1920x1080/quil")->Unit(benchmark::kMillisecond);
+BENCHMARK(BM_FullFramePeer)->Name("grid_paint_1920x1080/peer")->Unit(benchmark::kMillisecond);
