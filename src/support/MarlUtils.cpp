@@ -17,8 +17,10 @@ TDateTime StartOfMinutes(TDateTime value, int step) {
 // The first month of the months-long period of the year that holds value.
 int FirstMonthOf(TDateTime value, int months) { return (MonthOf(value) - 1) / months * months + 1; }
 
-TDateTime ReplaceDate(TDateTime value, int year, int month, int day) {
-  return RecodeDate(value, year, month, std::min(day, DaysInAMonth(year, month)));
+// The date year-month-day, the day lowered to the month's last, with value's time.
+TDateTime ReplaceDay(TDateTime value, int year, int month, int day) {
+  ReplaceDate(value, EncodeDate(year, month, std::min(day, DaysInAMonth(year, month))));
+  return value;
 }
 }  // namespace
 
@@ -43,11 +45,11 @@ uint16_t DecadeOf(TDateTime value) { return uint16_t(YearOf(value) / 10 * 10); }
 uint16_t CenturyOf(TDateTime value) { return uint16_t(YearOf(value) / 100 * 100); }
 
 void ReplaceMonth(TDateTime& value, TDateTime newDate) {
-  value = ReplaceDate(value, YearOf(newDate), MonthOf(newDate), DayOf(value));
+  value = ReplaceDay(value, YearOf(newDate), MonthOf(newDate), DayOf(value));
 }
 
 void ReplaceYear(TDateTime& value, TDateTime newDate) {
-  value = ReplaceDate(value, YearOf(newDate), MonthOf(value), DayOf(value));
+  value = ReplaceDay(value, YearOf(newDate), MonthOf(value), DayOf(value));
 }
 
 QString ShortTimeToStr(TDateTime value) {
