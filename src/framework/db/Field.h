@@ -110,7 +110,8 @@ public:
   void SetReadOnly(bool readOnly);
   bool Required() const { return required_; }
   void SetRequired(bool required) { required_ = required; }
-  // Not read-only, and the data set can modify (calculated fields only while calculating).
+  // A data field that is not read-only in a data set that can modify; never a
+  // calculated or lookup field, which only OnCalcFields writes.
   virtual bool CanModify() const;
   // Whether ch may be typed into the field's text.
   virtual bool IsValidChar(QChar ch) const;
