@@ -1,6 +1,6 @@
 // The base grid's demo window: a plain grid of 1,000 x 50 cells that scrolls, sizes,
 // moves columns and edits in place.
-//   quil_basegrid [--screenshot FILE] [--top-row N] [--left-col N] [--edit]
+//   quil_basegrid [--screenshot FILE] [--top-row N] [--left-col N] [--edit] [--color-style NAME]
 // With --screenshot it lays out, applies the other options, renders the window into a
 // PNG and quits, so that a test can look at it offscreen.
 
@@ -12,6 +12,7 @@
 
 #include "CellGrid.h"
 #include "framework/controls/Forms.h"
+#include "framework/graphics/StyleServices.h"
 
 namespace {
 
@@ -20,6 +21,7 @@ struct Options {
   int topRow = 1;
   int leftCol = 1;
   bool edit = false;
+  QString style;
 };
 
 Options ParseOptions(const QApplication& app) {
@@ -30,12 +32,14 @@ Options ParseOptions(const QApplication& app) {
   parser.addOption({"top-row", "Scroll so that this row is the first below the titles.", "row", "1"});
   parser.addOption({"left-col", "Scroll so that this column is the first after the row numbers.", "col", "1"});
   parser.addOption({"edit", "Open the in-place editor on the current cell."});
+  parser.addOption({"color-style", "Paint in this style: \"Quil Light\", \"Quil Dark\" or \"Windows\".", "name"});
   parser.process(app);
   Options options;
   options.screenshot = parser.value("screenshot");
   options.topRow = parser.value("top-row").toInt();
   options.leftCol = parser.value("left-col").toInt();
   options.edit = parser.isSet("edit");
+  options.style = parser.value("color-style");
   return options;
 }
 
@@ -55,6 +59,10 @@ int main(int argc, char** argv) {
     qputenv("QT_QPA_PLATFORM", "offscreen");
   QApplication app(argc, argv);
   const Options options = ParseOptions(app);
+  if (!options.style.isEmpty() && !quil::TStyleManager::TrySetStyle(options.style)) {
+    std::fprintf(stderr, "basegrid: no style named %s\n", qPrintable(options.style));
+    return 1;
+  }
   quil::TForm form(nullptr);
   form.SetCaption(QStringLiteral("Base grid"));
   form.SetBounds(0, 0, 1024, 640);

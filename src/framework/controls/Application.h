@@ -18,6 +18,10 @@ public:
   static const TMetaClass& StaticClass();
   const TMetaClass& ClassType() const override;
 
+  // Gives every window the active style's colors and repaints it; the style manager
+  // calls this when the style switches.
+  void StyleChanged(TObject* sender);
+
   // Delivers what is waiting: Qt's events, then the posted messages.
   void ProcessMessages();
   // Runs the event loop until the last window closes, then frees the owned forms.

@@ -125,5 +125,9 @@ private:
 
 // Sends CM_EXIT and CM_ENTER to the controls that the focus leaves and enters.
 void WatchFocusChanges();
+// Repaints every window in the new style when the active style switches.
+void WatchStyleChanges();
+// Gives a top-level window the active style's palette.
+void ApplyStylePalette(QWidget* window);
 
 }  // namespace quil

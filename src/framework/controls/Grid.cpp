@@ -49,6 +49,7 @@ TCustomGrid::TCustomGrid(TComponent* owner) : TCustomControl(owner), scrollTimer
   SetControlStyle({csCaptureMouse, csOpaque, csDoubleClicks});
   SetTabStop(true);
   SetColor(clWindow);
+  SetParentColor(false);
   SetBounds(0, 0, 320, 120);
   scrollTimer_->SetEnabled(false);
   scrollTimer_->SetInterval(60);

@@ -6,6 +6,7 @@
 #include "framework/controls/Grids.h"
 #include "framework/graphics/Canvas.h"
 #include "framework/graphics/Canvas_p.h"
+#include "framework/graphics/StyleServices.h"
 #include "framework/graphics/Types_p.h"
 
 namespace quil {
@@ -92,7 +93,9 @@ void TCustomGrid::DrawBlock(const TGridDrawInfo& info, int firstCol, int colOrig
     top = bottom + rowLine;
   }
   bool fixedLines = fixed || firstCol < fixedCols_;
+  // The classic black and silver lines; a custom style has line colors of its own.
   TColor lineColor = fixedLines ? clBlack : clSilver;
+  if (TStyleManager::IsCustomStyleActive()) lineColor = StyleServices()->Scheme()[fixedLines ? srBorder : srGridLine];
   if (options_.Intersects(fixedLines ? TGridOptions{goFixedVertLine, goFixedHorzLine} : TGridOptions{goVertLine, goHorzLine}))
     DrawLines(info, firstCol, colOrigin, colLimit, firstRow, rowOrigin, rowLimit, lineColor);
 }

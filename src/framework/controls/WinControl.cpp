@@ -78,7 +78,9 @@ void TWinControl::CreateWnd() {
   d_->ApplyScrollInfo(SB_HORZ, false);
   d_->ApplyScrollInfo(SB_VERT, false);
   if (Parent()) widget->setVisible(Visible());
+  else ApplyStylePalette(widget);
   WatchFocusChanges();
+  WatchStyleChanges();
 }
 
 void TWinControl::DestroyWnd() {

@@ -97,13 +97,13 @@ TStyleScheme DarkStyleScheme() {
   scheme[srShadow] = RGB(28, 28, 31);
   scheme[srDarkShadow] = RGB(12, 12, 14);
   scheme[srHighlight] = RGB(9, 90, 150);
-  scheme[srHighlightText] = RGB(255, 255, 255);
+  scheme[srHighlightText] = RGB(242, 246, 250);
   scheme[srGrayText] = RGB(124, 125, 130);
   scheme[srInfoBk] = RGB(62, 62, 66);
   scheme[srInfoText] = RGB(230, 230, 230);
   scheme[srHotLight] = RGB(86, 156, 214);
   scheme[srActiveCaption] = RGB(0, 110, 190);
-  scheme[srCaptionText] = RGB(255, 255, 255);
+  scheme[srCaptionText] = RGB(240, 244, 248);
   scheme[srInactiveCaption] = RGB(63, 63, 70);
   scheme[srInactiveCaptionText] = RGB(160, 160, 164);
   scheme[srAppWorkSpace] = RGB(30, 30, 32);
