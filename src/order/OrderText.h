@@ -4,10 +4,28 @@
 //   index fields  "Name;Age:D"           a data set's index-name properties, with an
 //                                        optional modifier list "asc;desc;none";
 //   SQL clause    "ORDER BY Name, Age DESC" on one line of a statement.
-// The statement functions are line-based on purpose: they look for the last line that
-// holds "ORDER BY " and never parse SQL. A statement whose outer ORDER BY is not the
-// last one in its text (a sub-select's clause on a later line, say) is the
-// application's to lay out, one clause per line.
+//
+// Strings are UTF-16 and string lists are TStrings, so one function serves where the
+// framework had overloads on WideString and TWideStrings.
+//
+// The statement functions, ExtractOrderFields and ModifyOrderFields, are line-based
+// by design and never parse SQL. They take as the clause the last line that holds
+// "ORDER BY " (any case, with its blank on the same line), read or replace everything
+// behind the keyword up to the line's end, and keep a semicolon that ended the line.
+// Without such a line, ModifyOrderFields adds one at the end, moving a final
+// semicolon onto it; empty fields cut the line before the keyword. So lay a
+// statement out one clause per line, the outer ORDER BY on a line of its own that no
+// later line holding "ORDER BY " follows, and LIMIT or OFFSET on lines after it:
+//   SELECT p.Name, c.Country
+//   FROM People p
+//   JOIN Cities c ON c.City = p.City
+//   ORDER BY p.Name
+//   LIMIT 100;            <- only behind an ORDER BY line: a clause is added last
+// Anything else is the application's to lay out: a sub-select whose ORDER BY stands
+// on the outer clause's line or after it (with no outer clause, or once it has been
+// removed, the sub-select's clause is the one rewritten), a clause that runs on over
+// several lines, a LIMIT with no ORDER BY line before it. The functions will not look
+// beyond the line.
 
 #include <QString>
 

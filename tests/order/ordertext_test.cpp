@@ -2,6 +2,8 @@
 
 #include "QtPrinters.h"
 
+#include "framework/db/ClientDataSet.h"
+#include "framework/db/FieldDefs.h"
 #include "framework/rtl/Strings.h"
 #include "order/OrderText.h"
 
@@ -104,6 +106,9 @@ TEST(ExtractOrderFields, ReadsTheLastClause) {
   EXPECT_EQ(ExtractOrderFields(&sql), "A");
   SetLines(sql, {"SELECT * FROM T"});
   EXPECT_EQ(ExtractOrderFields(&sql), "");
+  // A letter whose upper case is longer must not shift the keyword's position.
+  SetLines(sql, {"SELECT * FROM T WHERE s = 'ßß' ORDER BY s DESC"});
+  EXPECT_EQ(ExtractOrderFields(&sql), "s DESC");
 }
 
 struct ModifyCase {
@@ -132,7 +137,26 @@ INSTANTIATE_TEST_SUITE_P(Table, ModifyOrderFieldsTest, ::testing::Values(
     ModifyCase{{"SELECT *", "FROM T", "Order By X; "}, "Y,Z DESC", {"SELECT *", "FROM T", "Order By Y,Z DESC;"}},
     ModifyCase{{"SELECT * FROM T"}, "", {"SELECT * FROM T"}},
     // The semicolon goes, the blank before it stays.
-    ModifyCase{{"SELECT * FROM T ;  "}, "A", {"SELECT * FROM T ", "ORDER BY A;"}}));
+    ModifyCase{{"SELECT * FROM T ;  "}, "A", {"SELECT * FROM T ", "ORDER BY A;"}},
+    ModifyCase{{"SELECT 'Straße' AS s FROM T ORDER BY s"}, "x", {"SELECT 'Straße' AS s FROM T ORDER BY x"}},
+    // Line-based by design: the last line holding "ORDER BY " is the clause, and all
+    // behind the keyword on that line is replaced, a sub-select's parenthesis too.
+    ModifyCase{{"SELECT * FROM (SELECT * FROM T", "ORDER BY A) x"}, "B", {"SELECT * FROM (SELECT * FROM T", "ORDER BY B"}},
+    ModifyCase{{"SELECT * FROM (SELECT * FROM T ORDER BY A) x", "ORDER BY C"}, "B",
+               {"SELECT * FROM (SELECT * FROM T ORDER BY A) x", "ORDER BY B"}},
+    // The keyword counts only with its blank on the same line.
+    ModifyCase{{"SELECT *", "FROM T", "ORDER BY"}, "B", {"SELECT *", "FROM T", "ORDER BY", "ORDER BY B"}}));
+
+TEST(ValidFieldNames, SpellsNamesAsTheFieldsDo) {
+  TClientDataSet dataSet(nullptr);
+  dataSet.FieldDefs()->Add("Customer_ID", ftInteger);
+  dataSet.FieldDefs()->Add("Name", ftString, 20);
+  dataSet.CreateDataSet();
+  EXPECT_EQ(ValidFieldNames(nullptr, " name ;;x", false), " name ;;x");
+  EXPECT_EQ(ValidFieldNames(&dataSet, "customer_id; NAME ;;Unknown;", false), "Customer_ID;Name;Unknown");
+  EXPECT_EQ(ValidFieldNames(&dataSet, "name;customer_id", true), "Name");
+  EXPECT_EQ(ValidFieldNames(&dataSet, "", false), "");
+}
 
 TEST(AutoNumberStr, FormatsPositiveNumbersOnly) {
   EXPECT_EQ(AutoNumberStr(1), "1.");
