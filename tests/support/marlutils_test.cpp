@@ -1,6 +1,7 @@
 #include <gtest/gtest.h>
 
 #include "framework/rtl/DateUtils.h"
+#include "framework/rtl/Exceptions.h"
 #include "framework/rtl/FormatSettings.h"
 #include "support/MarlUtils.h"
 
@@ -52,7 +53,33 @@ INSTANTIATE_TEST_SUITE_P(Table, PeriodRounding, ::testing::Values(
     RoundCase{"decade end", EndOfTheDecade, At(2030, 1, 1), At(2039, 12, 31, 23, 59, 59, 999)},
     RoundCase{"century", StartOfTheCentury, At(1999, 12, 31), At(1900, 1, 1)},
     RoundCase{"century end", EndOfTheCentury, At(2000, 1, 1), At(2099, 12, 31, 23, 59, 59, 999)},
-    RoundCase{"feb quarter leap", EndOfTheQuarter, At(2000, 1, 31), At(2000, 3, 31, 23, 59, 59, 999)}));
+    RoundCase{"feb quarter leap", EndOfTheQuarter, At(2000, 1, 31), At(2000, 3, 31, 23, 59, 59, 999)},
+    RoundCase{"Q2 end from a month end", EndOfTheQuarter, At(2024, 5, 31), At(2024, 6, 30, 23, 59, 59, 999)},
+    RoundCase{"Q3 end", EndOfTheQuarter, At(2024, 8, 15), At(2024, 9, 30, 23, 59, 59, 999)},
+    RoundCase{"Q3 start on its first day", StartOfTheQuarter, At(2024, 7, 1), At(2024, 7, 1)},
+    RoundCase{"Q4 start at the year's last ms", StartOfTheQuarter, At(2023, 12, 31, 23, 59, 59, 999), At(2023, 10, 1)},
+    RoundCase{"semester end on its last ms", EndOfTheSemester, At(2024, 6, 30, 23, 59, 59, 999),
+              At(2024, 6, 30, 23, 59, 59, 999)},
+    RoundCase{"decade start on 2000", StartOfTheDecade, At(2000, 1, 1), At(2000, 1, 1)},
+    RoundCase{"decade end at its last ms", EndOfTheDecade, At(1999, 12, 31, 23, 59, 59, 999),
+              At(1999, 12, 31, 23, 59, 59, 999)},
+    RoundCase{"century start on 2000", StartOfTheCentury, At(2000, 1, 1, 12), At(2000, 1, 1)},
+    RoundCase{"century end of 1999", EndOfTheCentury, At(1999, 12, 31, 23, 59, 59, 999),
+              At(1999, 12, 31, 23, 59, 59, 999)},
+    RoundCase{"last century of the calendar", EndOfTheCentury, At(9950, 6, 1), At(9999, 12, 31, 23, 59, 59, 999)},
+    // Before 30 December 1899 the day counts back while the time still counts forward.
+    RoundCase{"minute before 1899", StartOfTheMinute, At(1850, 6, 1, 13, 7, 42, 500), At(1850, 6, 1, 13, 7)},
+    RoundCase{"30 mins on day 0", StartOfThe30Mins, At(1899, 12, 30, 0, 29, 59, 999), At(1899, 12, 30)},
+    RoundCase{"quarter before 1899", EndOfTheQuarter, At(1899, 11, 30, 6), At(1899, 12, 31, 23, 59, 59, 999)}));
+
+// The calendar has no year 0, so the decade and century of the first years cannot be
+// dated; they raise rather than return a wrong date.
+TEST(DecadeAndCentury, OfTheFirstYearsRaise) {
+  EXPECT_EQ(DecadeOf(At(9, 1, 1)), 0);
+  EXPECT_THROW(StartOfTheDecade(At(9, 1, 1)), EConvertError);
+  EXPECT_THROW(StartOfTheCentury(At(99, 12, 31)), EConvertError);
+  EXPECT_TRUE(SameMoment(EndOfTheDecade(At(5, 3, 1)), At(9, 12, 31, 23, 59, 59, 999)));
+}
 
 TEST(DecadeAndCentury, CountFromTheRoundYear) {
   EXPECT_EQ(DecadeOf(At(2021, 6, 1)), 2020);
@@ -72,6 +99,30 @@ TEST(ReplaceMonth, KeepsTheTimeAndLowersTheDay) {
   EXPECT_TRUE(SameMoment(value, At(2030, 11, 15, 23, 59, 59, 999)));
 }
 
+struct MonthCase {
+  TDateTime value;
+  TDateTime newDate;
+  TDateTime expected;
+};
+
+class ReplaceMonthTable : public ::testing::TestWithParam<MonthCase> {};
+
+TEST_P(ReplaceMonthTable, TakesYearAndMonthOfTheNewDate) {
+  TDateTime value = GetParam().value;
+  ReplaceMonth(value, GetParam().newDate);
+  EXPECT_TRUE(SameMoment(value, GetParam().expected));
+}
+
+INSTANTIATE_TEST_SUITE_P(MonthEnds, ReplaceMonthTable, ::testing::Values(
+    MonthCase{At(2023, 3, 31, 6), At(2024, 2, 1), At(2024, 2, 29, 6)},
+    MonthCase{At(2023, 3, 31, 6), At(2100, 2, 1), At(2100, 2, 28, 6)},
+    MonthCase{At(2023, 3, 31, 6), At(2000, 2, 1), At(2000, 2, 29, 6)},
+    MonthCase{At(2024, 5, 31, 23, 59, 59, 999), At(2024, 6, 15, 8), At(2024, 6, 30, 23, 59, 59, 999)},
+    MonthCase{At(2024, 2, 29), At(2024, 12, 31, 23, 59, 59, 999), At(2024, 12, 29)},
+    MonthCase{At(1850, 1, 31, 6), At(1850, 4, 1), At(1850, 4, 30, 6)},
+    MonthCase{At(2024, 1, 31, 18), At(1899, 12, 29, 6), At(1899, 12, 31, 18)},
+    MonthCase{At(2024, 1, 29, 18), At(1899, 12, 31, 6), At(1899, 12, 29, 18)}));
+
 TEST(ReplaceYear, LowersTheLeapDayOnlyWhenItMust) {
   TDateTime value = At(2024, 2, 29, 12, 30);
   ReplaceYear(value, At(2023, 7, 4));
@@ -82,6 +133,9 @@ TEST(ReplaceYear, LowersTheLeapDayOnlyWhenItMust) {
   value = At(2024, 2, 29);
   ReplaceYear(value, At(1900, 1, 1));  // 1900 is no leap year
   EXPECT_TRUE(SameMoment(value, At(1900, 2, 28)));
+  value = At(2023, 12, 31, 23, 59, 59, 999);
+  ReplaceYear(value, At(1750, 1, 1, 12));
+  EXPECT_TRUE(SameMoment(value, At(1750, 12, 31, 23, 59, 59, 999)));
 }
 
 TEST(ShortTexts, FollowTheFormatSettings) {
