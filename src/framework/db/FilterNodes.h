@@ -27,6 +27,7 @@ public:
   const Variant& Value(const TFilterValueSource& record, Variant& scratch) const override {
     return scratch = record.FieldValue(fieldIndex_);
   }
+  int FieldIndex() const { return fieldIndex_; }
 
 private:
   int fieldIndex_;
@@ -36,6 +37,7 @@ class TFilterConstantOperand final : public TFilterOperand {
 public:
   explicit TFilterConstantOperand(Variant value) : value_(std::move(value)) {}
   const Variant& Value(const TFilterValueSource&, Variant&) const override { return value_; }
+  const Variant& Constant() const { return value_; }
 
 private:
   Variant value_;
@@ -49,6 +51,8 @@ public:
   TFilterCaseOperand(TFilterTextCase textCase, TFilterOperandPtr operand)
       : textCase_(textCase), operand_(std::move(operand)) {}
   const Variant& Value(const TFilterValueSource& record, Variant& scratch) const override;
+  TFilterTextCase TextCase() const { return textCase_; }
+  const TFilterOperand& Operand() const { return *operand_; }
 
 private:
   TFilterTextCase textCase_;
@@ -71,6 +75,8 @@ public:
   TFilterJunctionNode(TFilterJunction junction, std::vector<TFilterNodePtr> terms)
       : junction_(junction), terms_(std::move(terms)) {}
   bool Test(const TFilterValueSource& record) const override;
+  TFilterJunction Junction() const { return junction_; }
+  const std::vector<TFilterNodePtr>& Terms() const { return terms_; }
 
 private:
   TFilterJunction junction_;
@@ -81,6 +87,7 @@ class TFilterNotNode final : public TFilterNode {
 public:
   explicit TFilterNotNode(TFilterNodePtr term) : term_(std::move(term)) {}
   bool Test(const TFilterValueSource& record) const override { return !term_->Test(record); }
+  const TFilterNode& Term() const { return *term_; }
 
 private:
   TFilterNodePtr term_;
@@ -91,6 +98,10 @@ public:
   TFilterCompareNode(TFilterCompareOp op, TFilterOperandPtr left, TFilterOperandPtr right, TFilterCase textCase)
       : op_(op), left_(std::move(left)), right_(std::move(right)), textCase_(textCase) {}
   bool Test(const TFilterValueSource& record) const override;
+  TFilterCompareOp Op() const { return op_; }
+  const TFilterOperand& Left() const { return *left_; }
+  const TFilterOperand& Right() const { return *right_; }
+  TFilterCase TextCase() const { return textCase_; }
 
 private:
   TFilterCompareOp op_;
@@ -104,6 +115,8 @@ public:
   TFilterLikeNode(TFilterOperandPtr operand, TLikePattern pattern)
       : operand_(std::move(operand)), pattern_(std::move(pattern)) {}
   bool Test(const TFilterValueSource& record) const override;
+  const TFilterOperand& Operand() const { return *operand_; }
+  const TLikePattern& Pattern() const { return pattern_; }
 
 private:
   TFilterOperandPtr operand_;
@@ -115,6 +128,9 @@ public:
   TFilterInNode(TFilterOperandPtr operand, std::vector<Variant> items, TFilterCase textCase)
       : operand_(std::move(operand)), items_(std::move(items)), textCase_(textCase) {}
   bool Test(const TFilterValueSource& record) const override;
+  const TFilterOperand& Operand() const { return *operand_; }
+  const std::vector<Variant>& Items() const { return items_; }
+  TFilterCase TextCase() const { return textCase_; }
 
 private:
   TFilterOperandPtr operand_;
@@ -130,6 +146,8 @@ class TFilterValueTestNode final : public TFilterNode {
 public:
   TFilterValueTestNode(TFilterValueTest test, TFilterOperandPtr operand) : test_(test), operand_(std::move(operand)) {}
   bool Test(const TFilterValueSource& record) const override;
+  TFilterValueTest ValueTest() const { return test_; }
+  const TFilterOperand& Operand() const { return *operand_; }
 
 private:
   TFilterValueTest test_;

@@ -13,7 +13,7 @@ TLikePattern::TLikePattern(TShape shape, const QString& literal, Qt::CaseSensiti
     : shape_(shape), literal_(literal), sensitivity_(sensitivity) {}
 
 TLikePattern::TLikePattern(const QString& pattern, Qt::CaseSensitivity sensitivity)
-    : shape_(TShape::Wildcards), literal_(pattern), sensitivity_(sensitivity) {
+    : shape_(TShape::Wildcards), literal_(pattern), sensitivity_(sensitivity), text_(pattern) {
   qsizetype first = 0;
   qsizetype last = pattern.size();
   while (first < last && pattern[first] == AnyText) ++first;
@@ -34,7 +34,10 @@ TLikePattern::TLikePattern(const QString& pattern, Qt::CaseSensitivity sensitivi
 }
 
 TLikePattern TLikePattern::Prefix(const QString& prefix, Qt::CaseSensitivity sensitivity) {
-  return TLikePattern(TShape::Prefix, prefix, sensitivity);
+  TLikePattern pattern(TShape::Prefix, prefix, sensitivity);
+  pattern.text_ = prefix;
+  pattern.prefix_ = true;
+  return pattern;
 }
 
 bool TLikePattern::Matches(QStringView text) const {

@@ -15,6 +15,10 @@ public:
   static TLikePattern Prefix(const QString& prefix, Qt::CaseSensitivity sensitivity);
 
   bool Matches(QStringView text) const;
+  // The pattern as written; for Prefix, the prefix, whose wildcards match themselves.
+  const QString& Text() const { return text_; }
+  bool IsPrefix() const { return prefix_; }
+  Qt::CaseSensitivity Sensitivity() const { return sensitivity_; }
 
 private:
   enum class TShape { Exact, Prefix, Suffix, Part, AnyText, Wildcards };
@@ -28,6 +32,8 @@ private:
   // pattern, case-folded when the case is ignored, for Wildcards.
   QString literal_;
   Qt::CaseSensitivity sensitivity_;
+  QString text_;
+  bool prefix_ = false;
 };
 
 }  // namespace quil

@@ -1,0 +1,144 @@
+#include "framework/db/SqlConnection.h"
+
+#include <QSqlError>
+#include <QSqlQuery>
+#include <atomic>
+
+#include "framework/db/DataTypes.h"
+#include "framework/rtl/TypInfo.h"
+
+namespace quil {
+
+namespace {
+
+QString NextConnectionName() {
+  static std::atomic<int> counter{0};
+  return QStringLiteral("quil-sql-%1").arg(++counter);
+}
+
+}  // namespace
+
+const TMetaClass& TSQLConnection::StaticClass() {
+  static const TMetaClass meta =
+      TMetaClass("TSQLConnection", &TComponent::StaticClass())
+          .Creates<TSQLConnection>()
+          .Published(StrProp("DriverName", &TSQLConnection::DriverName, &TSQLConnection::SetDriverName))
+          .Published(StrProp("DatabaseName", &TSQLConnection::DatabaseName, &TSQLConnection::SetDatabaseName))
+          .Published(StrProp("HostName", &TSQLConnection::HostName, &TSQLConnection::SetHostName))
+          .Published(IntProp("Port", &TSQLConnection::Port, &TSQLConnection::SetPort).Default(-1))
+          .Published(StrProp("UserName", &TSQLConnection::UserName, &TSQLConnection::SetUserName))
+          .Published(StrProp("Password", &TSQLConnection::Password, &TSQLConnection::SetPassword))
+          .Published(BoolProp("Connected", &TSQLConnection::Connected, &TSQLConnection::SetConnected).Default(false));
+  return meta;
+}
+
+const TMetaClass& TSQLConnection::ClassType() const { return StaticClass(); }
+
+TSQLConnection::TSQLConnection(TComponent* owner) : TComponent(owner), connectionName_(NextConnectionName()) {}
+
+TSQLConnection::~TSQLConnection() {
+  if (QSqlDatabase::contains(connectionName_)) {
+    QSqlDatabase::database(connectionName_, false).close();
+    QSqlDatabase::removeDatabase(connectionName_);
+  }
+}
+
+void TSQLConnection::SetSetting(QString& setting, const QString& value) {
+  if (setting == value) return;
+  Close();
+  setting = value;
+}
+
+void TSQLConnection::SetPort(int value) {
+  if (port_ == value) return;
+  Close();
+  port_ = value;
+}
+
+bool TSQLConnection::Connected() const {
+  return QSqlDatabase::contains(connectionName_) && QSqlDatabase::database(connectionName_, false).isOpen();
+}
+
+void TSQLConnection::SetConnected(bool value) {
+  if (value == Connected()) return;
+  if (!value) {
+    QSqlDatabase::database(connectionName_, false).close();
+    inTransaction_ = false;
+    return;
+  }
+  if (!QSqlDatabase::isDriverAvailable(driverName_))
+    DatabaseError(QStringLiteral("The database driver '%1' is not available").arg(driverName_), this);
+  if (!QSqlDatabase::contains(connectionName_)) QSqlDatabase::addDatabase(driverName_, connectionName_);
+  QSqlDatabase db = QSqlDatabase::database(connectionName_, false);
+  db.setDatabaseName(databaseName_);
+  db.setHostName(hostName_);
+  db.setPort(port_);
+  db.setUserName(userName_);
+  db.setPassword(password_);
+  if (!db.open())
+    DatabaseError(QStringLiteral("Cannot connect to '%1': %2").arg(databaseName_, db.lastError().text()), this);
+}
+
+QSqlDatabase TSQLConnection::Database() {
+  Open();
+  return QSqlDatabase::database(connectionName_, false);
+}
+
+TSQLDialect TSQLConnection::Dialect() const {
+  return driverName_.startsWith(QLatin1String("QPSQL")) ? TSQLDialect::PostgreSQL : TSQLDialect::SQLite;
+}
+
+void TSQLConnection::StartTransaction() {
+  if (inTransaction_) DatabaseError(QStringLiteral("A transaction is already active"), this);
+  QSqlDatabase db = Database();
+  if (!db.transaction())
+    DatabaseError(QStringLiteral("Cannot start a transaction: %1").arg(db.lastError().text()), this);
+  inTransaction_ = true;
+}
+
+void TSQLConnection::Commit() {
+  if (!inTransaction_) DatabaseError(QStringLiteral("No transaction is active"), this);
+  QSqlDatabase db = Database();
+  if (!db.commit()) {
+    const QString message = db.lastError().text();
+    db.rollback();
+    inTransaction_ = false;
+    DatabaseError(QStringLiteral("Cannot commit, the transaction was rolled back: %1").arg(message), this);
+  }
+  inTransaction_ = false;
+}
+
+void TSQLConnection::Rollback() {
+  if (!inTransaction_) DatabaseError(QStringLiteral("No transaction is active"), this);
+  inTransaction_ = false;
+  QSqlDatabase db = Database();
+  if (!db.rollback()) DatabaseError(QStringLiteral("Cannot roll back: %1").arg(db.lastError().text()), this);
+}
+
+int TSQLConnection::ExecuteDirect(const QString& sql) {
+  QSqlQuery query(Database());
+  if (!query.exec(sql)) DatabaseError(QStringLiteral("%1\nin: %2").arg(query.lastError().text(), sql), this);
+  return query.numRowsAffected();
+}
+
+TSQLWriteTransaction::TSQLWriteTransaction(TSQLConnection& connection)
+    : connection_(connection), own_(!connection.InTransaction()) {
+  if (own_) connection_.StartTransaction();
+}
+
+TSQLWriteTransaction::~TSQLWriteTransaction() {
+  if (own_ && !done_ && connection_.InTransaction()) {
+    try {
+      connection_.Rollback();
+    } catch (...) {
+      // The write's own error is the one to report.
+    }
+  }
+}
+
+void TSQLWriteTransaction::Commit() {
+  done_ = true;
+  if (own_) connection_.Commit();
+}
+
+}  // namespace quil

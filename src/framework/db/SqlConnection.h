@@ -1,0 +1,85 @@
+#pragma once
+// TSQLConnection: one database connection over Qt SQL, shared by the SQL data sets
+// that name it. SQLite ("QSQLITE", the default) needs only DatabaseName, a file path or
+// ":memory:"; PostgreSQL ("QPSQL") takes HostName, Port, UserName and Password too.
+//
+// Every failure raises EDatabaseError with the database's own message.
+
+#include <QSqlDatabase>
+#include <QString>
+
+#include "framework/rtl/Component.h"
+
+namespace quil {
+
+// The SQL that differs between the two databases the data sets speak.
+enum class TSQLDialect { SQLite, PostgreSQL };
+
+class TSQLConnection : public TComponent {
+public:
+  explicit TSQLConnection(TComponent* owner);
+  ~TSQLConnection() override;
+
+  static const TMetaClass& StaticClass();
+  const TMetaClass& ClassType() const override;
+
+  const QString& DriverName() const { return driverName_; }
+  void SetDriverName(const QString& value) { SetSetting(driverName_, value); }
+  const QString& DatabaseName() const { return databaseName_; }
+  void SetDatabaseName(const QString& value) { SetSetting(databaseName_, value); }
+  const QString& HostName() const { return hostName_; }
+  void SetHostName(const QString& value) { SetSetting(hostName_, value); }
+  int Port() const { return port_; }
+  void SetPort(int value);
+  const QString& UserName() const { return userName_; }
+  void SetUserName(const QString& value) { SetSetting(userName_, value); }
+  const QString& Password() const { return password_; }
+  void SetPassword(const QString& value) { SetSetting(password_, value); }
+
+  bool Connected() const;
+  void SetConnected(bool value);
+  void Open() { SetConnected(true); }
+  void Close() { SetConnected(false); }
+
+  bool InTransaction() const { return inTransaction_; }
+  void StartTransaction();
+  void Commit();
+  void Rollback();
+
+  // Runs a statement that returns no rows; answers the rows affected.
+  int ExecuteDirect(const QString& sql);
+
+  TSQLDialect Dialect() const;
+  // The open connection; raises when it cannot be opened.
+  QSqlDatabase Database();
+
+private:
+  void SetSetting(QString& setting, const QString& value);
+
+  QString driverName_ = QStringLiteral("QSQLITE");
+  QString databaseName_;
+  QString hostName_;
+  int port_ = -1;
+  QString userName_;
+  QString password_;
+  QString connectionName_;  // unique per component, for QSqlDatabase's registry
+  bool inTransaction_ = false;
+};
+
+// A write that commits when the scope ends normally and rolls back when it unwinds;
+// inside a transaction the application started, it leaves the transaction alone.
+class TSQLWriteTransaction {
+public:
+  explicit TSQLWriteTransaction(TSQLConnection& connection);
+  ~TSQLWriteTransaction();
+  TSQLWriteTransaction(const TSQLWriteTransaction&) = delete;
+  TSQLWriteTransaction& operator=(const TSQLWriteTransaction&) = delete;
+  void Commit();
+
+private:
+  TSQLConnection& connection_;
+  bool own_;
+  bool done_ = false;
+};
+
+}  // namespace quil

@@ -1,0 +1,474 @@
+#include "framework/db/SqlDataSet.h"
+
+#include <QSqlError>
+#include <QSqlField>
+#include <QSqlIndex>
+#include <QSqlQuery>
+#include <QSqlRecord>
+
+#include "framework/db/Field.h"
+#include "framework/db/FieldDefs.h"
+#include "framework/db/SqlFilter.h"
+#include "framework/rtl/RtlConsts.h"
+
+namespace quil {
+
+const TMetaClass& TCustomSQLDataSet::StaticClass() {
+  static const TMetaClass meta("TCustomSQLDataSet", &TDataSet::StaticClass());
+  return meta;
+}
+
+const TMetaClass& TCustomSQLDataSet::ClassType() const { return StaticClass(); }
+
+TCustomSQLDataSet::TCustomSQLDataSet(TComponent* owner) : TDataSet(owner) {}
+
+TCustomSQLDataSet::~TCustomSQLDataSet() {
+  Destroying();
+  try {
+    SetActive(false);
+  } catch (...) {
+    // Nothing can be reported from a destructor; the buffers are freed all the same.
+  }
+}
+
+void TCustomSQLDataSet::SetConnection(TSQLConnection* connection) {
+  if (connection == connection_) return;
+  CheckInactive();
+  if (connection_) connection_->RemoveFreeNotification(this);
+  connection_ = connection;
+  if (connection_) connection_->FreeNotification(this);
+}
+
+void TCustomSQLDataSet::Notification(TComponent* component, TOperation operation) {
+  TDataSet::Notification(component, operation);
+  if (operation == opRemove && component == connection_) {
+    Close();
+    connection_ = nullptr;
+  }
+}
+
+void TCustomSQLDataSet::SetKeyFields(const QString& fields) {
+  if (fields == keyFields_) return;
+  keyFields_ = fields;
+  Reopen();
+}
+
+void TCustomSQLDataSet::SetFetchSize(int rows) {
+  if (rows < 1) DatabaseError(QStringLiteral("FetchSize must be at least 1"), this);
+  fetchSize_ = rows;
+}
+
+void TCustomSQLDataSet::SetCacheFetches(int fetches) {
+  if (fetches < 2) DatabaseError(QStringLiteral("CacheFetches must be at least 2"), this);
+  cacheFetches_ = fetches;
+}
+
+void TCustomSQLDataSet::Reopen() {
+  if (!Active()) return;
+  Close();
+  Open();
+}
+
+TSQLConnection& TCustomSQLDataSet::CheckConnection() const {
+  if (!connection_) DatabaseError(QStringLiteral("Missing Connection"), this);
+  return *connection_;
+}
+
+// --- Opening --------------------------------------------------------------------------
+
+void TCustomSQLDataSet::InternalInitFieldDefs() {
+  FieldDefs()->Clear();
+  for (const TSQLColumn& column : columns_) FieldDefs()->Add(column.name, column.type, column.size, false);
+}
+
+void TCustomSQLDataSet::InternalOpen() {
+  const TSQLSource source = Source();
+  table_ = source.table;
+  statement_ = QStringLiteral("SELECT * FROM (%1) q").arg(source.select.body);
+  statementValues_ = source.values;
+  ReadColumns(source);
+  ResolveKeys(source);
+  filter_ = CurrentFilterClause(Filter(), FilterOptions(), Filtered());
+  FieldDefs()->SetUpdated(false);
+  FieldDefs()->Update();
+  if (DefaultFields()) CreateFields();
+  BindFields(true);
+  SetBookmarkSize(int(sizeof(int64_t)));
+  filterRecord_ = CreateRecordBuffer();
+  cursorOpen_ = true;
+  ResetCache(true, false);
+}
+
+void TCustomSQLDataSet::InternalClose() {
+  if (filterRecord_) DestroyRecordBuffer(filterRecord_);
+  filterRecord_ = nullptr;
+  rows_.clear();
+  count_.reset();
+  firstPosition_.reset();
+  BindFields(false);
+  if (DefaultFields()) DestroyFields();
+  FieldDefs()->SetUpdated(false);
+  cursorOpen_ = false;
+}
+
+// The columns as the statement gives them; on SQLite, the declared types of the table
+// they come from, since its driver reports most columns as text.
+void TCustomSQLDataSet::ReadColumns(const TSQLSource& source) {
+  QSqlQuery probe = Run(statement_ + QStringLiteral(" LIMIT 0"), statementValues_);
+  const QSqlRecord record = probe.record();
+  std::unordered_map<QString, QString> declared;
+  if (Dialect() == TSQLDialect::SQLite && !source.table.isEmpty()) {
+    QSqlQuery info = Run(QStringLiteral("PRAGMA table_info(%1)").arg(QuoteIdentifier(source.table)), {});
+    while (info.next()) declared[info.value(1).toString().toLower()] = info.value(2).toString();
+  }
+  columns_.clear();
+  for (int index = 0; index < record.count(); ++index) {
+    const QSqlField field = record.field(index);
+    const auto found = declared.find(field.name().toLower());
+    columns_.push_back(found != declared.end() ? ColumnForDeclaredType(field.name(), found->second)
+                                               : ColumnForSqlField(field));
+  }
+}
+
+void TCustomSQLDataSet::ResolveKeys(const TSQLSource& source) {
+  QStringList keyNames;
+  if (!keyFields_.isEmpty()) {
+    for (const TSQLOrderItem& item : ParseOrderItems(keyFields_)) keyNames.append(item.column);
+  } else if (!source.table.isEmpty()) {
+    const QSqlIndex primary = CheckConnection().Database().primaryIndex(source.table);
+    for (int index = 0; index < primary.count(); ++index) keyNames.append(primary.fieldName(index));
+  }
+  if (keyNames.isEmpty())
+    DatabaseError(QStringLiteral("No key identifies the rows of the statement: set KeyFields"), this);
+  const auto columnOf = [&](const QString& name) {
+    for (size_t index = 0; index < columns_.size(); ++index)
+      if (columns_[index].name.compare(name, Qt::CaseInsensitive) == 0) return int(index);
+    DatabaseError(QStringLiteral("Column '%1' is not in the result of the statement").arg(name), this);
+  };
+  std::vector<TSQLOrderItem> order;
+  orderColumns_.clear();
+  keyColumns_.clear();
+  for (const TSQLOrderItem& item : source.select.order) {
+    orderColumns_.push_back(columnOf(item.column));
+    order.push_back({columns_[size_t(orderColumns_.back())].name, item.descending});
+  }
+  for (const QString& name : keyNames) {
+    const int column = columnOf(name);
+    keyColumns_.push_back(column);
+    if (std::find(orderColumns_.begin(), orderColumns_.end(), column) != orderColumns_.end()) continue;
+    orderColumns_.push_back(column);
+    order.push_back({columns_[size_t(column)].name, false});
+  }
+  keyset_ = TSQLKeyset(std::move(order));
+}
+
+// --- Running statements ---------------------------------------------------------------
+
+QSqlQuery TCustomSQLDataSet::Run(const QString& sql, const std::vector<QVariant>& values) const {
+  QSqlQuery query(CheckConnection().Database());
+  query.setForwardOnly(true);
+  if (!query.prepare(sql))
+    DatabaseError(QStringLiteral("%1\nin: %2").arg(query.lastError().text(), sql), this);
+  for (size_t index = 0; index < values.size(); ++index) query.bindValue(int(index), values[index]);
+  if (!query.exec()) DatabaseError(QStringLiteral("%1\nin: %2").arg(query.lastError().text(), sql), this);
+  return query;
+}
+
+std::vector<TCustomSQLDataSet::TRowPtr> TCustomSQLDataSet::FetchRows(const QString& sql,
+                                                                     const std::vector<QVariant>& values) const {
+  QSqlQuery query = Run(sql, values);
+  std::vector<TRowPtr> rows;
+  while (query.next()) {
+    auto row = std::make_shared<TRow>();
+    row->reserve(columns_.size());
+    for (size_t column = 0; column < columns_.size(); ++column)
+      row->push_back(FromSqlValue(query.value(int(column)), columns_[column].type));
+    rows.push_back(std::move(row));
+  }
+  return rows;
+}
+
+int64_t TCustomSQLDataSet::CountRows(const QString& where, const std::vector<QVariant>& values) const {
+  QString sql = QStringLiteral("SELECT count(*) FROM (%1) c").arg(statement_);
+  std::vector<QVariant> all = statementValues_;
+  QStringList conditions;
+  if (!filter_.sql.isEmpty()) conditions.append(filter_.sql);
+  all.insert(all.end(), filter_.values.begin(), filter_.values.end());
+  if (!where.isEmpty()) conditions.append(where);
+  all.insert(all.end(), values.begin(), values.end());
+  if (!conditions.isEmpty()) sql += QStringLiteral(" WHERE ") + conditions.join(QLatin1String(" AND "));
+  QSqlQuery query = Run(sql, all);
+  query.next();
+  return query.value(0).toLongLong();
+}
+
+std::vector<QVariant> TCustomSQLDataSet::OrderValues(const TRow& row) const {
+  std::vector<QVariant> values;
+  for (int column : orderColumns_) values.push_back(ToSqlValue(row[size_t(column)], columns_[size_t(column)].type, Dialect()));
+  return values;
+}
+
+std::vector<QVariant> TCustomSQLDataSet::KeyValues(const TRow& row) const {
+  std::vector<QVariant> values;
+  for (int column : keyColumns_) values.push_back(ToSqlValue(row[size_t(column)], columns_[size_t(column)].type, Dialect()));
+  return values;
+}
+
+TCustomSQLDataSet::TRowPtr TCustomSQLDataSet::RowByKey(const std::vector<QVariant>& key) const {
+  QStringList conditions;
+  std::vector<QVariant> values = statementValues_;
+  for (size_t index = 0; index < keyColumns_.size(); ++index)
+    conditions.append(QuoteIdentifier(columns_[size_t(keyColumns_[index])].name) + QLatin1String(" = ?"));
+  if (!filter_.sql.isEmpty()) conditions.append(filter_.sql);
+  values.insert(values.end(), key.begin(), key.end());
+  values.insert(values.end(), filter_.values.begin(), filter_.values.end());
+  const auto rows = FetchRows(statement_ + QStringLiteral(" WHERE ") + conditions.join(QLatin1String(" AND ")), values);
+  return rows.empty() ? nullptr : rows.front();
+}
+
+// --- The cache ------------------------------------------------------------------------
+
+void TCustomSQLDataSet::ResetCache(bool atStart, bool atEnd) {
+  rows_.clear();
+  atStart_ = atStart;
+  atEnd_ = atEnd;
+  cursor_ = atEnd && !atStart ? 0 : -1;
+  firstPosition_.reset();
+  if (atStart) firstPosition_ = 0;
+}
+
+// One fetch of the rows beyond `anchor` toward `end`, nearest first; without an anchor,
+// the first (or last) rows of the result.
+std::vector<TCustomSQLDataSet::TRowPtr> TCustomSQLDataSet::FetchBeyond(const TRowPtr& anchor, TEnd end) const {
+  const bool back = end == TEnd::Back;
+  QStringList conditions;
+  std::vector<QVariant> values = statementValues_;
+  if (!filter_.sql.isEmpty()) conditions.append(filter_.sql);
+  values.insert(values.end(), filter_.values.begin(), filter_.values.end());
+  if (anchor) {
+    const TSQLClause edge =
+        keyset_.Condition(OrderValues(*anchor), back ? TSQLKeyset::TDirection::After : TSQLKeyset::TDirection::Before);
+    conditions.append(edge.sql);
+    values.insert(values.end(), edge.values.begin(), edge.values.end());
+  }
+  QString sql = statement_;
+  if (!conditions.isEmpty()) sql += QStringLiteral(" WHERE ") + conditions.join(QLatin1String(" AND "));
+  sql += keyset_.OrderBy(!back) + QStringLiteral(" LIMIT %1").arg(fetchSize_);
+  return FetchRows(sql, values);
+}
+
+// Reads beyond one end of the cache until a row passes OnFilterRecord or the result
+// ends; false when nothing was added.
+bool TCustomSQLDataSet::Extend(TEnd end) {
+  const bool back = end == TEnd::Back;
+  if (back ? atEnd_ : atStart_) return false;
+  TRowPtr anchor = rows_.empty() ? nullptr : (back ? rows_.back() : rows_.front());
+  int added = 0;
+  bool reachedEnd = false;
+  while (added == 0 && !reachedEnd) {
+    const std::vector<TRowPtr> fetched = FetchBeyond(anchor, end);
+    reachedEnd = int(fetched.size()) < fetchSize_;
+    for (const TRowPtr& row : fetched) {
+      if (!Accepts(row)) continue;
+      ++added;
+      if (back) {
+        rows_.push_back(row);
+      } else {
+        rows_.push_front(row);
+        ++cursor_;
+      }
+    }
+    if (!fetched.empty()) anchor = fetched.back();
+  }
+  if (!back && firstPosition_) *firstPosition_ -= added;
+  if (back) atEnd_ = reachedEnd;
+  else atStart_ = reachedEnd;
+  if (atStart_) firstPosition_ = 0;
+  if (atStart_ && atEnd_) count_ = int64_t(rows_.size());
+  else if (atEnd_ && firstPosition_ && !HandlerFilters()) count_ = *firstPosition_ + int64_t(rows_.size());
+  Trim(end);
+  return added > 0;
+}
+
+// Drops rows at the end opposite `keep` beyond the cache's bound.
+void TCustomSQLDataSet::Trim(TEnd keep) {
+  const size_t limit = size_t(fetchSize_) * size_t(cacheFetches_);
+  while (rows_.size() > limit) {
+    if (keep == TEnd::Back) {
+      rows_.pop_front();
+      --cursor_;
+      atStart_ = false;
+      if (firstPosition_) ++*firstPosition_;
+    } else {
+      rows_.pop_back();
+      atEnd_ = false;
+    }
+  }
+}
+
+void TCustomSQLDataSet::Seek(const TRow& row) {
+  ResetCache(false, false);
+  QStringList conditions;
+  std::vector<QVariant> values = statementValues_;
+  if (!filter_.sql.isEmpty()) conditions.append(filter_.sql);
+  values.insert(values.end(), filter_.values.begin(), filter_.values.end());
+  const TSQLClause from = keyset_.Condition(OrderValues(row), TSQLKeyset::TDirection::AtOrAfter);
+  conditions.append(from.sql);
+  values.insert(values.end(), from.values.begin(), from.values.end());
+  const QString sql = statement_ + QStringLiteral(" WHERE ") + conditions.join(QLatin1String(" AND ")) +
+                      keyset_.OrderBy(false) + QStringLiteral(" LIMIT %1").arg(fetchSize_);
+  const std::vector<TRowPtr> fetched = FetchRows(sql, values);
+  for (const TRowPtr& fetchedRow : fetched)
+    if (Accepts(fetchedRow)) rows_.push_back(fetchedRow);
+  atEnd_ = int(fetched.size()) < fetchSize_;
+  cursor_ = 0;
+}
+
+// The window of rows around a position, read with OFFSET from the nearer end.
+void TCustomSQLDataSet::LoadAt(int64_t position) {
+  const int64_t count = Count();
+  const bool fromEnd = position >= count / 2;
+  const int64_t first = fromEnd ? std::max<int64_t>(0, position - fetchSize_ + 1) : std::max<int64_t>(0, position - fetchSize_ / 2);
+  const int64_t offset = fromEnd ? count - 1 - std::min(count - 1, first + fetchSize_ - 1) : first;
+  QString sql = statement_;
+  std::vector<QVariant> values = statementValues_;
+  if (!filter_.sql.isEmpty()) sql += QStringLiteral(" WHERE ") + filter_.sql;
+  values.insert(values.end(), filter_.values.begin(), filter_.values.end());
+  sql += keyset_.OrderBy(fromEnd) + QStringLiteral(" LIMIT %1 OFFSET %2").arg(fetchSize_).arg(offset);
+  std::vector<TRowPtr> fetched = FetchRows(sql, values);
+  if (fromEnd) std::reverse(fetched.begin(), fetched.end());
+  ResetCache(false, false);
+  rows_.assign(fetched.begin(), fetched.end());
+  firstPosition_ = fromEnd ? count - offset - int64_t(fetched.size()) : offset;
+  atStart_ = *firstPosition_ == 0;
+  atEnd_ = *firstPosition_ + int64_t(rows_.size()) >= count;
+  cursor_ = int(position - *firstPosition_);
+}
+
+int TCustomSQLDataSet::IndexOfRow(const TRowPtr& row) const {
+  for (size_t index = 0; index < rows_.size(); ++index)
+    if (rows_[index] == row) return int(index);
+  if (!row) return -1;
+  const std::vector<QVariant> key = KeyValues(*row);
+  for (size_t index = 0; index < rows_.size(); ++index)
+    if (KeyValues(*rows_[index]) == key) return int(index);
+  return -1;
+}
+
+int64_t TCustomSQLDataSet::Count() const {
+  if (!count_) count_ = HandlerFilters() ? -1 : CountRows({}, {});
+  return *count_;
+}
+
+int64_t TCustomSQLDataSet::FirstPosition() const {
+  if (firstPosition_) return *firstPosition_;
+  if (rows_.empty() || HandlerFilters()) return -1;
+  if (atEnd_) {
+    firstPosition_ = Count() - int64_t(rows_.size());
+  } else {
+    const TSQLClause before = keyset_.Condition(OrderValues(*rows_.front()), TSQLKeyset::TDirection::Before);
+    firstPosition_ = CountRows(before.sql, before.values);
+  }
+  return *firstPosition_;
+}
+
+bool TCustomSQLDataSet::HandlerFilters() const { return Filtered() && bool(OnFilterRecord()); }
+
+bool TCustomSQLDataSet::Accepts(const TRowPtr& row) {
+  if (!HandlerFilters()) return true;
+  Record(filterRecord_)->row = row;
+  TStateScope scope(*this, dsFilter);
+  SetFilterBuffer(filterRecord_);
+  bool accept = true;
+  OnFilterRecord()(this, accept);
+  return accept;
+}
+
+void TCustomSQLDataSet::CheckCacheConsistency() const {
+  if (cursor_ < -1 || cursor_ > int(rows_.size())) throw std::logic_error("the cursor is outside the cache");
+  if (rows_.size() > size_t(fetchSize_) * size_t(cacheFetches_)) throw std::logic_error("the cache outgrew its bound");
+  for (size_t index = 1; index < rows_.size(); ++index)
+    if (KeyValues(*rows_[index - 1]) == KeyValues(*rows_[index])) throw std::logic_error("a row is cached twice");
+  if (count_ && firstPosition_ && *count_ >= 0 && *firstPosition_ + int64_t(rows_.size()) > *count_)
+    throw std::logic_error("the cache reaches past the counted rows");
+}
+
+// --- Buffers and the cursor -----------------------------------------------------------
+
+TRecordBuffer TCustomSQLDataSet::AllocRecordBuffer() { return reinterpret_cast<TRecordBuffer>(new TRecord); }
+
+void TCustomSQLDataSet::FreeRecordBuffer(TRecordBuffer& buffer) {
+  delete Record(buffer);
+  buffer = nullptr;
+}
+
+TGetResult TCustomSQLDataSet::GetRecord(TRecordBuffer buffer, TGetMode mode, bool doCheck) {
+  if (mode == gmNext) {
+    cursor_ = std::min(cursor_ + 1, int(rows_.size()));
+    while (cursor_ >= int(rows_.size()))
+      if (!Extend(TEnd::Back)) return grEOF;
+  } else if (mode == gmPrior) {
+    cursor_ = std::max(cursor_ - 1, -1);
+    while (cursor_ < 0)
+      if (!Extend(TEnd::Front)) return grBOF;
+  } else if (cursor_ >= int(rows_.size()) && !atEnd_) {
+    Extend(TEnd::Back);
+  }
+  if (cursor_ < 0) return grBOF;
+  if (cursor_ >= int(rows_.size())) return grEOF;
+  TRecord* record = Record(buffer);
+  record->row = rows_[size_t(cursor_)];
+  record->flag = bfCurrent;
+  record->pending.reset();
+  GetCalcFields(buffer);
+  (void)doCheck;  // a fetch that fails raises whatever doCheck says
+  return grOK;
+}
+
+void TCustomSQLDataSet::InternalFirst() {
+  if (!atStart_) ResetCache(true, false);
+  cursor_ = -1;
+}
+
+void TCustomSQLDataSet::InternalLast() {
+  if (!atEnd_) ResetCache(false, true);
+  cursor_ = int(rows_.size());
+}
+
+void TCustomSQLDataSet::InternalSetToRecord(TRecordBuffer buffer) {
+  const TRowPtr& row = Record(buffer)->row;
+  if (!row) return;
+  const int index = IndexOfRow(row);
+  if (index >= 0) cursor_ = index;
+  else Seek(*row);
+}
+
+int TCustomSQLDataSet::GetRecordCount() const {
+  CheckActive();
+  return int(Count());
+}
+
+int TCustomSQLDataSet::GetRecNo() const {
+  CheckActive();
+  if (IsEmpty()) return -1;
+  const TRecord* record = Record(State() == dsCalcFields ? CalcBuffer() : ActiveBuffer());
+  if (record->flag != bfCurrent || !record->row) return -1;
+  const int index = IndexOfRow(record->row);
+  if (index < 0) return -1;
+  const int64_t first = FirstPosition();
+  return first < 0 ? -1 : int(first + index + 1);
+}
+
+void TCustomSQLDataSet::SetRecNo(int value) {
+  CheckBrowseMode();
+  if (value < 1 || value == GetRecNo() || HandlerFilters() || value > Count()) return;
+  DoBeforeScroll();
+  const int64_t position = value - 1;
+  const int64_t first = rows_.empty() ? -1 : FirstPosition();
+  if (first >= 0 && position >= first && position < first + int64_t(rows_.size())) cursor_ = int(position - first);
+  else LoadAt(position);
+  Resync({rmCenter});
+  DoAfterScroll();
+}
+
+}  // namespace quil

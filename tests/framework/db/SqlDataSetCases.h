@@ -1,0 +1,413 @@
+#pragma once
+// The SQL data set cases that run against each database. A test program defines
+// ConnectBackend (how its TSQLConnection reaches the database) and includes this file.
+
+#include <QDate>
+#include <QSqlDatabase>
+#include <QSqlError>
+#include <QSqlQuery>
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <memory>
+#include <optional>
+
+#include "framework/db/Field.h"
+#include "framework/db/SqlQuery.h"
+#include "framework/db/SqlTable.h"
+#include "framework/rtl/Exceptions.h"
+
+void ConnectBackend(quil::TSQLConnection& connection);
+
+namespace sqlcases {
+
+using namespace quil;
+
+constexpr int kRows = 57;
+
+// The generated row i: nulls and awkward texts where the cases need them.
+struct TPerson {
+  int id;
+  std::optional<QString> name;
+  std::optional<int> group;
+};
+
+inline TPerson Person(int id) {
+  TPerson person{id, QStringLiteral("Name%1").arg(id, 2, 10, QLatin1Char('0')), id % 4};
+  if (id == 7) person.name = QStringLiteral("O'Brien");
+  if (id == 8) person.name.reset();
+  if (id == 9) person.name = QStringLiteral("[bracket] 50%");
+  if (id == 10) person.name = QStringLiteral("alice");
+  if (id == 11) person.name = QStringLiteral("Alice");
+  if (id % 10 == 0) person.group.reset();
+  return person;
+}
+
+class SqlDataSetTest : public testing::Test {
+protected:
+  void SetUp() override {
+    ConnectBackend(connection_);
+    const bool postgres = connection_.Dialect() == TSQLDialect::PostgreSQL;
+    connection_.ExecuteDirect(QStringLiteral("DROP TABLE IF EXISTS people"));
+    connection_.ExecuteDirect(QStringLiteral(
+        "CREATE TABLE people (id INTEGER PRIMARY KEY, \"first name\" VARCHAR(40), grp INTEGER, "
+        "amount NUMERIC(12,2), score DOUBLE PRECISION, active BOOLEAN, born DATE, seen TIMESTAMP, "
+        "notes TEXT, photo %1, big BIGINT, code VARCHAR(8) UNIQUE)").arg(postgres ? "BYTEA" : "BLOB"));
+    QSqlDatabase db = connection_.Database();
+    db.transaction();
+    QSqlQuery insert(db);
+    insert.prepare(QStringLiteral("INSERT INTO people (id, \"first name\", grp, amount, score, active, born, seen, "
+                                  "notes, photo, big, code) VALUES (?, ?, ?, ?, ?, ?, ?, ?, ?, ?, ?, ?)"));
+    for (int id = 1; id <= kRows; ++id) {
+      const TPerson person = Person(id);
+      const QDate born = QDate(2000, 1, 1).addDays(id);
+      insert.bindValue(0, id);
+      insert.bindValue(1, person.name ? QVariant(*person.name) : QVariant(QMetaType(QMetaType::QString)));
+      insert.bindValue(2, person.group ? QVariant(*person.group) : QVariant(QMetaType(QMetaType::Int)));
+      insert.bindValue(3, id * 1.25);
+      insert.bindValue(4, id / 8.0);
+      insert.bindValue(5, id % 2 == 0);
+      insert.bindValue(6, postgres ? QVariant(born) : QVariant(born.toString(Qt::ISODate)));
+      const QString seen = born.toString(Qt::ISODate) + QStringLiteral(" %1:30:00").arg(id % 24, 2, 10, QLatin1Char('0'));
+      insert.bindValue(7, seen);
+      insert.bindValue(8, id % 3 == 0 ? QVariant(QMetaType(QMetaType::QString)) : QVariant(QStringLiteral("note %1").arg(id)));
+      insert.bindValue(9, id == 1 ? QVariant(QByteArray("\x89PNG\0\x01", 6)) : QVariant(QMetaType(QMetaType::QByteArray)));
+      insert.bindValue(10, qlonglong(id) * 10000000000LL);
+      insert.bindValue(11, QStringLiteral("C%1").arg(id));
+      ASSERT_TRUE(insert.exec()) << insert.lastError().text().toStdString();
+    }
+    db.commit();
+  }
+
+  std::unique_ptr<TSQLTable> Table(int fetchSize = 5) {
+    auto table = std::make_unique<TSQLTable>(nullptr);
+    table->SetConnection(&connection_);
+    table->SetTableName(QStringLiteral("people"));
+    table->SetFetchSize(fetchSize);
+    table->SetCacheFetches(2);
+    return table;
+  }
+
+  static int Id(const TDataSet& dataSet) { return dataSet.FieldByName(QStringLiteral("id"))->AsInteger(); }
+
+  // Walks forward from First, checking RecNo and the cache's bound at every step.
+  static std::vector<int> WalkForward(TCustomSQLDataSet& dataSet) {
+    std::vector<int> ids;
+    for (dataSet.First(); !dataSet.Eof(); dataSet.Next()) {
+      ids.push_back(Id(dataSet));
+      EXPECT_EQ(dataSet.RecNo(), int(ids.size()));
+      dataSet.CheckCacheConsistency();
+      dataSet.CheckConsistency();
+    }
+    return ids;
+  }
+
+  static std::vector<int> AllIds() {
+    std::vector<int> ids(kRows);
+    for (int id = 1; id <= kRows; ++id) ids[size_t(id - 1)] = id;
+    return ids;
+  }
+
+  TSQLConnection connection_{nullptr};
+};
+
+TEST_F(SqlDataSetTest, WalksBothWaysAcrossFetchBoundariesWithExactPositions) {
+  auto table = Table();
+  table->Open();
+  EXPECT_EQ(WalkForward(*table), AllIds());
+  EXPECT_EQ(table->RecordCount(), kRows);
+  EXPECT_LE(table->CachedRowCount(), 10);
+
+  std::vector<int> backwards;
+  for (table->Last(); !table->Bof(); table->Prior()) {
+    backwards.push_back(Id(*table));
+    EXPECT_EQ(table->RecNo(), kRows + 1 - int(backwards.size()));
+    table->CheckCacheConsistency();
+  }
+  std::reverse(backwards.begin(), backwards.end());
+  EXPECT_EQ(backwards, AllIds());
+}
+
+TEST_F(SqlDataSetTest, LastRightAfterOpeningKnowsItsPositionAndTheCount) {
+  auto table = Table();
+  table->Open();
+  table->Last();
+  EXPECT_EQ(Id(*table), kRows);
+  EXPECT_EQ(table->RecNo(), kRows);
+  EXPECT_EQ(table->RecordCount(), kRows);
+  EXPECT_EQ(table->MoveBy(-12), -12);
+  EXPECT_EQ(Id(*table), kRows - 12);
+  EXPECT_EQ(table->RecNo(), kRows - 12);
+}
+
+TEST_F(SqlDataSetTest, RecNoJumpsFromEitherEnd) {
+  auto table = Table();
+  table->Open();
+  for (int recNo : {30, 3, 55, 29, 57, 1}) {
+    table->SetRecNo(recNo);
+    EXPECT_EQ(Id(*table), recNo);
+    EXPECT_EQ(table->RecNo(), recNo);
+    table->CheckCacheConsistency();
+  }
+  table->SetRecNo(40);
+  table->Next();
+  EXPECT_EQ(Id(*table), 41);
+  table->MoveBy(-20);
+  EXPECT_EQ(table->RecNo(), 21);
+}
+
+TEST_F(SqlDataSetTest, OrdersByIndexFieldNamesWithNullsFirstAndTheKeyAsTieBreak) {
+  auto table = Table();
+  table->SetIndexFieldNames(QStringLiteral("grp DESC;first name"));
+  table->Open();
+  std::vector<TPerson> people;
+  for (int id = 1; id <= kRows; ++id) people.push_back(Person(id));
+  std::stable_sort(people.begin(), people.end(), [](const TPerson& a, const TPerson& b) {
+    if (a.group != b.group) return a.group > b.group;  // descending: Null last
+    if (a.name != b.name) return a.name < b.name;      // ascending: Null first
+    return a.id < b.id;
+  });
+  std::vector<int> expected;
+  for (const TPerson& person : people) expected.push_back(person.id);
+  EXPECT_EQ(WalkForward(*table), expected);
+
+  table->SetIndexFieldNames(QStringLiteral("id DESC"));
+  ASSERT_TRUE(table->Active());
+  table->First();
+  EXPECT_EQ(Id(*table), kRows);
+}
+
+TEST_F(SqlDataSetTest, BookmarksLeadBackAfterScrollingAndReopening) {
+  auto table = Table();
+  table->Open();
+  table->SetRecNo(33);
+  const TBookmark bookmark = table->GetBookmark();
+  table->SetRecNo(4);
+  const TBookmark early = table->GetBookmark();
+  EXPECT_LT(table->CompareBookmarks(early, bookmark), 0);
+  EXPECT_GT(table->CompareBookmarks(bookmark, early), 0);
+  table->Last();
+  table->GotoBookmark(bookmark);
+  EXPECT_EQ(Id(*table), 33);
+  EXPECT_EQ(table->RecNo(), 33);
+  table->Close();
+  table->Open();
+  EXPECT_TRUE(table->BookmarkValid(bookmark));
+  table->GotoBookmark(bookmark);
+  EXPECT_EQ(Id(*table), 33);
+  table->Next();
+  EXPECT_EQ(Id(*table), 34);
+}
+
+TEST_F(SqlDataSetTest, EditInsertAndDeleteRoundTripThroughTheDatabase) {
+  auto table = Table();
+  table->Open();
+  table->SetRecNo(20);
+  table->Edit();
+  table->FieldByName(QStringLiteral("first name"))->SetAsString(QStringLiteral("Changed"));
+  table->FieldByName(QStringLiteral("notes"))->Clear();
+  table->Post();
+  EXPECT_EQ(Id(*table), 20);
+
+  table->Append();
+  table->FieldByName(QStringLiteral("id"))->SetAsInteger(100);
+  table->FieldByName(QStringLiteral("first name"))->SetAsString(QStringLiteral("New"));
+  table->Post();
+  EXPECT_EQ(Id(*table), 100);
+  EXPECT_EQ(table->RecNo(), kRows + 1);
+  EXPECT_EQ(table->RecordCount(), kRows + 1);
+
+  table->SetRecNo(5);
+  table->Delete();
+  EXPECT_EQ(Id(*table), 6);
+  EXPECT_EQ(table->RecordCount(), kRows);
+
+  auto check = Table();
+  check->Open();
+  check->SetRecNo(19);
+  EXPECT_EQ(check->FieldByName(QStringLiteral("first name"))->AsString(), QStringLiteral("Changed"));
+  EXPECT_TRUE(check->FieldByName(QStringLiteral("notes"))->IsNull());
+  check->Last();
+  EXPECT_EQ(check->FieldByName(QStringLiteral("first name"))->AsString(), QStringLiteral("New"));
+  EXPECT_EQ(check->RecordCount(), kRows);
+}
+
+TEST_F(SqlDataSetTest, FailedPostRaisesKeepsTheEditAndWritesNothing) {
+  auto table = Table();
+  table->Open();
+  table->SetRecNo(2);
+  table->Edit();
+  table->FieldByName(QStringLiteral("code"))->SetAsString(QStringLiteral("C1"));  // unique
+  table->FieldByName(QStringLiteral("first name"))->SetAsString(QStringLiteral("Lost?"));
+  EXPECT_THROW(table->Post(), EDatabaseError);
+  EXPECT_EQ(table->State(), dsEdit);
+  EXPECT_EQ(table->FieldByName(QStringLiteral("first name"))->AsString(), QStringLiteral("Lost?"));
+  table->Cancel();
+  EXPECT_EQ(table->FieldByName(QStringLiteral("first name"))->AsString(), QStringLiteral("Name02"));
+  EXPECT_EQ(table->FieldByName(QStringLiteral("code"))->AsString(), QStringLiteral("C2"));
+
+  table->Append();
+  table->FieldByName(QStringLiteral("id"))->SetAsInteger(1);  // taken
+  EXPECT_THROW(table->Post(), EDatabaseError);
+  EXPECT_EQ(table->State(), dsInsert);
+  table->Cancel();
+  EXPECT_EQ(table->RecordCount(), kRows);
+}
+
+TEST_F(SqlDataSetTest, MapsEveryColumnTypeAndReadsNulls) {
+  auto table = Table();
+  table->Open();
+  struct TTypeCase {
+    const char* field;
+    TFieldType type;
+  };
+  for (const TTypeCase& typeCase : {TTypeCase{"id", ftInteger}, TTypeCase{"first name", ftString},
+                                    TTypeCase{"amount", ftBCD}, TTypeCase{"score", ftFloat},
+                                    TTypeCase{"active", ftBoolean}, TTypeCase{"born", ftDate},
+                                    TTypeCase{"seen", ftDateTime}, TTypeCase{"notes", ftMemo},
+                                    TTypeCase{"photo", ftBlob}, TTypeCase{"big", ftLargeint}})
+    EXPECT_EQ(table->FieldByName(QString::fromLatin1(typeCase.field))->DataType(), typeCase.type) << typeCase.field;
+  table->First();
+  EXPECT_EQ(table->FieldByName(QStringLiteral("amount"))->AsCurrency().ToDouble(), 1.25);
+  EXPECT_EQ(table->FieldByName(QStringLiteral("score"))->AsFloat(), 0.125);
+  EXPECT_FALSE(table->FieldByName(QStringLiteral("active"))->AsBoolean());
+  EXPECT_EQ(table->FieldByName(QStringLiteral("born"))->AsDateTime(), EncodeDate(2000, 1, 2));
+  EXPECT_EQ(table->FieldByName(QStringLiteral("seen"))->AsDateTime(),
+            EncodeDate(2000, 1, 2) + EncodeTime(1, 30, 0, 0));
+  EXPECT_EQ(table->FieldByName(QStringLiteral("big"))->AsLargeInt(), 10000000000LL);
+  EXPECT_EQ(table->FieldByName(QStringLiteral("photo"))->AsVariant().AsString().toLatin1(), QByteArray("\x89PNG\0\x01", 6));
+  table->SetRecNo(30);
+  EXPECT_TRUE(table->FieldByName(QStringLiteral("grp"))->IsNull());
+  EXPECT_TRUE(table->FieldByName(QStringLiteral("notes"))->IsNull());
+  EXPECT_TRUE(table->FieldByName(QStringLiteral("photo"))->IsNull());
+
+  table->Edit();
+  table->FieldByName(QStringLiteral("born"))->SetAsDateTime(EncodeDate(2024, 2, 29));
+  table->FieldByName(QStringLiteral("active"))->SetAsBoolean(true);
+  table->FieldByName(QStringLiteral("amount"))->SetAsCurrency(Currency::FromDouble(12.34));
+  table->Post();
+  table->Close();
+  table->Open();
+  table->SetRecNo(30);
+  EXPECT_EQ(table->FieldByName(QStringLiteral("born"))->AsDateTime(), EncodeDate(2024, 2, 29));
+  EXPECT_TRUE(table->FieldByName(QStringLiteral("active"))->AsBoolean());
+  EXPECT_EQ(table->FieldByName(QStringLiteral("amount"))->AsCurrency().ToDouble(), 12.34);
+}
+
+struct TFilterCase {
+  const char* text;
+  bool caseInsensitive;
+  std::vector<int> ids;  // empty: compare the count only
+  int count;
+};
+
+class SqlFilterTest : public SqlDataSetTest, public testing::WithParamInterface<TFilterCase> {};
+
+TEST_P(SqlFilterTest, RunsTheFilterInTheDatabase) {
+  auto table = Table(4);
+  table->Open();
+  if (GetParam().caseInsensitive) table->SetFilterOptions(TFilterOptions{foCaseInsensitive});
+  table->SetFilter(QString::fromUtf8(GetParam().text));
+  table->SetFiltered(true);
+  const std::vector<int> ids = WalkForward(*table);
+  if (!GetParam().ids.empty()) EXPECT_EQ(ids, GetParam().ids);
+  EXPECT_EQ(int(ids.size()), GetParam().count);
+  EXPECT_EQ(table->RecordCount(), GetParam().count);
+}
+
+INSTANTIATE_TEST_SUITE_P(Texts, SqlFilterTest, testing::Values(
+    TFilterCase{"[first name] = 'O''Brien'", false, {7}, 1},
+    TFilterCase{"[first name] LIKE '[bracket]%'", false, {9}, 1},
+    TFilterCase{"[first name] LIKE '%50\\%'", false, {}, 0},
+    TFilterCase{"[first name] = 'ali*'", false, {10}, 1},
+    TFilterCase{"[first name] = 'ALICE'", true, {10, 11}, 2},
+    TFilterCase{"[first name] LIKE 'a%'", false, {10}, 1},
+    TFilterCase{"[first name] LIKE 'A%'", true, {10, 11}, 2},
+    TFilterCase{"NOT ([first name] LIKE 'Name%')", false, {7, 8, 9, 10, 11}, 5},
+    TFilterCase{"[first name] IS NULL OR id IN (1, 2)", false, {1, 2, 8}, 3},
+    TFilterCase{"grp <> 1 AND (id < 10 OR id > 50)", false, {2, 3, 4, 6, 7, 8, 51, 52, 54, 55, 56}, 11},
+    TFilterCase{"NOT grp = 1", false, {}, 42},
+    TFilterCase{"active AND amount >= 60", false, {48, 50, 52, 54, 56}, 5},
+    TFilterCase{"born < '01/10/2000'", false, {}, 8},
+    TFilterCase{"UPPER([first name]) = 'ALICE'", false, {10, 11}, 2}));
+
+TEST_F(SqlDataSetTest, AnUntranslatableFilterRaisesAndLeavesThePreviousOne) {
+  auto table = Table();
+  table->Open();
+  table->SetFilter(QStringLiteral("grp = 2"));
+  table->SetFiltered(true);
+  const int filtered = table->RecordCount();
+  EXPECT_THROW(table->SetFilter(QStringLiteral("grp = = 2")), EDatabaseError);
+  EXPECT_THROW(table->SetFilter(QStringLiteral("missing = 2")), EDatabaseError);
+  EXPECT_EQ(table->Filter(), QStringLiteral("grp = 2"));
+  EXPECT_EQ(table->RecordCount(), filtered);
+  EXPECT_EQ(WalkForward(*table).size(), size_t(filtered));
+}
+
+TEST_F(SqlDataSetTest, OnFilterRecordRunsOnTopOfTheDatabaseFilter) {
+  auto table = Table(4);
+  table->SetFilter(QStringLiteral("grp = 2"));
+  table->SetFiltered(true);
+  table->SetOnFilterRecord([](TDataSet* dataSet, bool& accept) {
+    accept = dataSet->FieldByName(QStringLiteral("id"))->AsInteger() > 20;
+  });
+  table->Open();
+  std::vector<int> ids;
+  for (table->First(); !table->Eof(); table->Next()) ids.push_back(Id(*table));
+  EXPECT_EQ(ids, (std::vector<int>{22, 26, 34, 38, 42, 46, 54}));
+}
+
+TEST_F(SqlDataSetTest, QueryBindsTypedParametersAndReopensWhenItsOrderChanges) {
+  TSQLQuery query(nullptr);
+  query.SetConnection(&connection_);
+  query.SetFetchSize(4);
+  query.SQL()->SetText(QStringLiteral("SELECT id, \"first name\", grp FROM people WHERE id > :low AND grp = :grp ORDER BY id"));
+  ASSERT_EQ(query.Params()->Count(), 2);
+  query.ParamByName(QStringLiteral("low"))->SetDataType(ftInteger);
+  query.ParamByName(QStringLiteral("low"))->SetValue(Variant(QStringLiteral("40")));
+  query.ParamByName(QStringLiteral("grp"))->SetValue(Variant(1));
+  query.Open();
+  EXPECT_EQ(WalkForward(query), (std::vector<int>{41, 45, 49, 53, 57}));
+
+  query.SQL()->SetText(QStringLiteral("SELECT id, \"first name\", grp FROM people WHERE id > :low AND grp = :grp ORDER BY id DESC"));
+  ASSERT_TRUE(query.Active());
+  EXPECT_EQ(WalkForward(query), (std::vector<int>{57, 53, 49, 45, 41}));
+
+  query.Close();
+  query.ParamByName(QStringLiteral("low"))->SetValue(Variant(QStringLiteral("forty")));
+  EXPECT_THROW(query.Open(), EDatabaseError);
+  EXPECT_FALSE(query.Active());
+}
+
+TEST_F(SqlDataSetTest, BadStatementsRaiseDatabaseErrorsThatSayWhat) {
+  TSQLQuery query(nullptr);
+  query.SetConnection(&connection_);
+  const auto messageOf = [&](const QString& sql) {
+    query.SQL()->SetText(sql);
+    try {
+      query.Open();
+    } catch (const EDatabaseError& error) {
+      return error.Message();
+    }
+    return QString();
+  };
+  EXPECT_TRUE(messageOf(QStringLiteral("SELEC id FROM people")).contains(QStringLiteral("SELEC")));
+  EXPECT_TRUE(messageOf(QStringLiteral("SELECT * FROM nowhere")).contains(QStringLiteral("nowhere")));
+  EXPECT_TRUE(messageOf(QStringLiteral("SELECT grp FROM people GROUP BY grp")).contains(QStringLiteral("KeyFields")));
+  EXPECT_FALSE(query.Active());
+
+  query.SQL()->SetText(QStringLiteral("UPDATE people SET grp = :grp WHERE id < :id"));
+  query.ParamByName(QStringLiteral("grp"))->SetValue(Variant(9));
+  query.ParamByName(QStringLiteral("id"))->SetValue(Variant(4));
+  EXPECT_EQ(query.ExecSQL(), 3);
+}
+
+TEST_F(SqlDataSetTest, ALostConnectionRaisesOnTheNextFetch) {
+  auto table = Table(2);
+  table->Open();
+  connection_.Close();
+  connection_.SetDatabaseName(connection_.DatabaseName() + QStringLiteral("-gone/none"));
+  EXPECT_THROW(table->SetRecNo(40), EDatabaseError);
+}
+
+}  // namespace sqlcases
