@@ -1,6 +1,11 @@
 // TRegistryIniFile over QSettings' native store. Sections are child groups of the root,
 // keys the values in them; names are matched case-insensitively on every platform,
 // as the registry matches them.
+//
+// QSettings reads '/' (and on Windows '\') in a name as a group separator, where the
+// registry allows both in a value name and '/' in a key name. So names are stored
+// with '%', '/' and, in keys, '\' escaped as "%25", "%2F" and "%5C"; a backslash in
+// a section stays what it is in the registry, the path to a subkey.
 
 #include <QSettings>
 #include <QStringList>
@@ -30,10 +35,50 @@ std::unique_ptr<QSettings> OpenRoot(const QString& rootKey) {
 #endif
 }
 
-QString FindName(const QStringList& stored, const QString& name) {
-  for (const QString& candidate : stored)
-    if (candidate.compare(name, Qt::CaseInsensitive) == 0) return candidate;
+enum TNameKind { nkSection, nkKey };
+
+QString EncodeName(const QString& name, TNameKind kind) {
+  QString stored;
+  for (const QChar ch : name) {
+    if (ch == u'%') stored += QLatin1String("%25");
+    else if (ch == u'/') stored += QLatin1String("%2F");
+    else if (ch == u'\\' && kind == nkKey) stored += QLatin1String("%5C");
+    else stored += ch;
+  }
+  return stored;
+}
+
+// The character an escape at the start of code stands for, or a null character.
+QChar Unescaped(QStringView code) {
+  if (code.size() < 3 || code[0] != u'%') return {};
+  const QString hex = code.mid(1, 2).toString().toUpper();
+  if (hex == QLatin1String("25")) return u'%';
+  if (hex == QLatin1String("2F")) return u'/';
+  if (hex == QLatin1String("5C")) return u'\\';
+  return {};
+}
+
+QString DecodeName(const QString& stored) {
+  QString name;
+  for (qsizetype pos = 0; pos < stored.size(); ++pos) {
+    const QChar escaped = Unescaped(QStringView(stored).mid(pos));
+    name += escaped.isNull() ? stored[pos] : escaped;
+    if (!escaped.isNull()) pos += 2;
+  }
   return name;
+}
+
+QStringList DecodeNames(const QStringList& stored) {
+  QStringList names;
+  for (const QString& name : stored) names << DecodeName(name);
+  return names;
+}
+
+// The stored spelling of name, matched without regard to case; a new name is encoded.
+QString FindName(const QStringList& stored, const QString& name, TNameKind kind) {
+  for (const QString& candidate : stored)
+    if (DecodeName(candidate).compare(name, Qt::CaseInsensitive) == 0) return candidate;
+  return EncodeName(name, kind);
 }
 
 }  // namespace
@@ -51,7 +96,7 @@ TRegistryIniFile::TRegistryIniFile(const QString& rootKey)
 TRegistryIniFile::~TRegistryIniFile() = default;
 
 QString TRegistryIniFile::StoredSection(const QString& section) const {
-  return FindName(settings_->childGroups(), section);
+  return FindName(settings_->childGroups(), section, nkSection);
 }
 
 QString TRegistryIniFile::StoredPath(const QString& section, const QString& ident) const {
@@ -59,7 +104,7 @@ QString TRegistryIniFile::StoredPath(const QString& section, const QString& iden
   settings_->beginGroup(storedSection);
   const QStringList keys = settings_->childKeys();
   settings_->endGroup();
-  return storedSection + QLatin1Char('/') + FindName(keys, ident);
+  return storedSection + QLatin1Char('/') + FindName(keys, ident, nkKey);
 }
 
 QString TRegistryIniFile::ReadString(const QString& section, const QString& ident,
@@ -80,16 +125,18 @@ void TRegistryIniFile::ReadSection(const QString& section, TStrings* keys) const
   settings_->beginGroup(StoredSection(section));
   const QStringList stored = settings_->childKeys();
   settings_->endGroup();
-  SetLines(keys, stored);
+  SetLines(keys, DecodeNames(stored));
 }
 
-void TRegistryIniFile::ReadSections(TStrings* sections) const { SetLines(sections, settings_->childGroups()); }
+void TRegistryIniFile::ReadSections(TStrings* sections) const {
+  SetLines(sections, DecodeNames(settings_->childGroups()));
+}
 
 void TRegistryIniFile::ReadSectionValues(const QString& section, TStrings* values) const {
   settings_->beginGroup(StoredSection(section));
   QStringList lines;
   for (const QString& key : settings_->childKeys())
-    lines << key + QLatin1Char('=') + settings_->value(key).toString();
+    lines << DecodeName(key) + QLatin1Char('=') + settings_->value(key).toString();
   settings_->endGroup();
   SetLines(values, lines);
 }

@@ -328,3 +328,28 @@ TEST_F(RegistryIniFileTest, EraseAndDeleteRemoveOnlyTheirTarget) {
   EXPECT_TRUE(ini.SectionExists(QStringLiteral("Keep")));
   EXPECT_EQ(ini.ReadString(QStringLiteral("Keep"), QStringLiteral("a"), QString()), QStringLiteral("1"));
 }
+
+// A name is the application's text: a slash or backslash in a key must not open a
+// group of the store, and a backslash in a section names a subkey as in the registry.
+TEST_F(RegistryIniFileTest, SeparatorsInNamesKeepTheirMeaning) {
+  {
+    TRegistryIniFile ini(root_);
+    ini.WriteString(QStringLiteral("Form1.Grid1"), QStringLiteral("Price/Unit"), QStringLiteral("1"));
+    ini.WriteString(QStringLiteral("Form1.Grid1"), QStringLiteral("A\\B"), QStringLiteral("2"));
+    ini.WriteString(QStringLiteral("Form1.Grid1"), QStringLiteral("50%"), QStringLiteral("3"));
+    ini.WriteString(QStringLiteral("Layouts\\Main"), QStringLiteral("Columns"), QStringLiteral("4"));
+    ini.UpdateFile();
+  }
+  QSettings store(dir_.filePath(QStringLiteral("Quil Test/Grid.conf")), QSettings::IniFormat);
+  EXPECT_EQ(store.value(QStringLiteral("Form1.Grid1/Price%2FUnit")).toString(), "1") << "escaped, not a group";
+  TRegistryIniFile ini(root_);
+  EXPECT_EQ(ini.ReadString(QStringLiteral("Form1.Grid1"), QStringLiteral("price/unit"), QString()), "1");
+  EXPECT_EQ(ini.ReadString(QStringLiteral("Form1.Grid1"), QStringLiteral("A\\B"), QString()), "2");
+  QStringList values = SectionValues(ini, QStringLiteral("Form1.Grid1"));
+  values.sort();
+  EXPECT_EQ(values, QStringList({"50%=3", "A\\B=2", "Price/Unit=1"}));
+  EXPECT_TRUE(ini.SectionExists(QStringLiteral("layouts\\main")));
+  EXPECT_EQ(SectionValues(ini, QStringLiteral("Layouts\\Main")), QStringList({"Columns=4"}));
+  ini.EraseSection(QStringLiteral("Layouts\\Main"));
+  EXPECT_FALSE(ini.SectionExists(QStringLiteral("Layouts\\Main")));
+}
