@@ -87,6 +87,12 @@ void TControl::SetAlign(TAlign align) {
   if (parent_) parent_->Realign();
 }
 
+void TControl::SetCaption(const QString& caption) {
+  if (caption == caption_) return;
+  caption_ = caption;
+  Perform(CM_TEXTCHANGED, 0, 0);
+}
+
 void TControl::SetVisible(bool visible) {
   if (visible_ == visible) return;
   InvalidateControl(true, false);
@@ -218,6 +224,7 @@ void TControl::Dispatch(TMessage& message) {
     case CM_PARENTBIDIMODECHANGED: CMParentBiDiModeChanged(message); break;
     case CM_HINTSHOW: CMHintShow(message); break;
     case CM_STYLECHANGED: CMStyleChanged(message); break;
+    case CM_TEXTCHANGED: CMTextChanged(message); break;
     default: DefaultHandler(message); break;
   }
 }

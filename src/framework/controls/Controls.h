@@ -125,6 +125,10 @@ public:
   TAlign Align() const { return align_; }
   void SetAlign(TAlign align);
 
+  // The text a control shows: a label's, a button's, a form's title.
+  const QString& Caption() const { return caption_; }
+  void SetCaption(const QString& caption);
+
   bool Visible() const { return visible_; }
   virtual void SetVisible(bool visible);
   void Show() { SetVisible(true); }
@@ -254,6 +258,7 @@ protected:
   virtual void CMParentBiDiModeChanged(TMessage& message);
   virtual void CMHintShow(TMessage& message) {}
   virtual void CMStyleChanged(TMessage& message) { Invalidate(); }
+  virtual void CMTextChanged(TMessage& message) { Invalidate(); }
 
   void Notification(TComponent* component, TOperation operation) override;
   // For constructors: sets Visible without telling anyone.
@@ -272,6 +277,7 @@ private:
   TWinControl* parent_ = nullptr;
   TRect bounds_;
   TAlign align_ = alNone;
+  QString caption_;
   bool visible_ = true;
   bool enabled_ = true;
   std::unique_ptr<TFont> font_;

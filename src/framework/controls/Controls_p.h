@@ -71,6 +71,12 @@ public:
   void SetScrollBarShown(int bar, bool shown);
   void LayoutScrollBars();
 
+  // The graphic child under the mouse hears CM_MOUSEENTER and CM_MOUSELEAVE as it changes;
+  // null for none, or the window itself.
+  void TrackHover(TControl* target);
+  // A child that goes away is no longer under the mouse.
+  void ForgetHover(TControl* child);
+
 private:
   bool HandleKey(QKeyEvent* event);
   bool HandleMouse(QMouseEvent* event);
@@ -93,6 +99,7 @@ private:
   QRegion paintRegion_;  // window coordinates: what the paint being handled draws
   std::unique_ptr<QPainter> painter_;
   std::array<TWindowScrollBar, 2> bars_;
+  TControl* hover_ = nullptr;  // the graphic child under the mouse; null for none
 };
 
 // The widget of a window control over any QWidget class: its events go through the

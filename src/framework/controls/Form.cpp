@@ -25,12 +25,11 @@ TForm::~TForm() = default;
 
 void TForm::CreateWnd() {
   TWinControl::CreateWnd();
-  Handle()->setWindowTitle(caption_);
+  Handle()->setWindowTitle(Caption());
 }
 
-void TForm::SetCaption(const QString& caption) {
-  caption_ = caption;
-  if (HandleAllocated()) Handle()->setWindowTitle(caption);
+void TForm::CMTextChanged(TMessage& message) {
+  if (HandleAllocated()) Handle()->setWindowTitle(Caption());
 }
 
 TWinControl* TForm::ActiveControl() const {

@@ -27,9 +27,6 @@ public:
   static const TMetaClass& StaticClass();
   const TMetaClass& ClassType() const override;
 
-  const QString& Caption() const { return caption_; }
-  void SetCaption(const QString& caption);
-
   // The control that had the focus last, or gets it when the form shows.
   TWinControl* ActiveControl() const;
   void SetActiveControl(TWinControl* control);
@@ -42,9 +39,9 @@ public:
 protected:
   void CreateWnd() override;
   void CMDialogKey(TMessage& message) override;
+  void CMTextChanged(TMessage& message) override;
 
 private:
-  QString caption_;
   TModalResult modalResult_ = mrNone;
   bool inModalLoop_ = false;
 };

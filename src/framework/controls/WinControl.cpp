@@ -172,6 +172,7 @@ void TWinControl::RemoveControl(TControl* control) {
   auto found = std::find(controls_.begin(), controls_.end(), control);
   if (found == controls_.end()) return;
   control->InvalidateControl(control->Visible(), false);
+  d_->ForgetHover(control);
   controls_.erase(found);
   control->parent_ = nullptr;
 }

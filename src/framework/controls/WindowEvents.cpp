@@ -92,7 +92,10 @@ bool TWinControlPrivate::HandleEvent(QEvent* event) {
     case QEvent::FocusIn: control_->Perform(WM_SETFOCUS, 0, 0); break;
     case QEvent::FocusOut: control_->Perform(WM_KILLFOCUS, 0, 0); break;
     case QEvent::Enter: control_->Perform(CM_MOUSEENTER, 0, 0); break;
-    case QEvent::Leave: control_->Perform(CM_MOUSELEAVE, 0, 0); break;
+    case QEvent::Leave:
+      TrackHover(nullptr);
+      control_->Perform(CM_MOUSELEAVE, 0, 0);
+      break;
     default: break;
   }
   return result;
@@ -137,6 +140,19 @@ TControl* TWinControlPrivate::MouseTarget(TPoint clientPoint) const {
   return control_;
 }
 
+void TWinControlPrivate::TrackHover(TControl* target) {
+  TControl* child = target == control_ ? nullptr : target;
+  if (child == hover_) return;
+  TControl* left = hover_;
+  hover_ = child;
+  if (left) left->Perform(CM_MOUSELEAVE, 0, 0);
+  if (child) child->Perform(CM_MOUSEENTER, 0, 0);
+}
+
+void TWinControlPrivate::ForgetHover(TControl* child) {
+  if (hover_ == child) hover_ = nullptr;
+}
+
 void TWinControlPrivate::SendSetCursor(TControl* target, UINT mouseMsg) {
   control_->Perform(WM_SETCURSOR, WPARAM(target), LPARAM(1 | (mouseMsg << 16)));
 }
@@ -155,6 +171,7 @@ bool TWinControlPrivate::HandleMouse(QMouseEvent* event) {
   // Presses on the frame and free moves over it belong to the frame, not the client.
   if (!inside && !buttonUp && !(msg == WM_MOUSEMOVE && held)) return window_->BaseEvent(event);
   TControl* target = MouseTarget(client);
+  if (msg == WM_MOUSEMOVE) TrackHover(inside ? target : nullptr);
   if (msg == WM_MOUSEMOVE || msg == WM_LBUTTONDOWN || msg == WM_RBUTTONDOWN) SendSetCursor(target, msg);
   if (target != control_) {
     client.X -= target->Left();
