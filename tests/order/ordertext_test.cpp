@@ -87,6 +87,8 @@ TEST(IndexFieldsToOrderFields, ReadsModifierSuffixes) {
   // The descending token is tested first, and an empty token marks nothing.
   EXPECT_EQ(IndexFieldsToOrderFields("X DESC;Y", " ASC; DESC"), "X DESC,Y");
   EXPECT_EQ(IndexFieldsToOrderFields("Code:D:A", ":A;:D;:N"), "Code DESC");
+  // The cut falls where the token stands in the item, whatever upper case does to it.
+  EXPECT_EQ(IndexFieldsToOrderFields("Straße:D;Maß:A", ":A;:D;:N"), "Straße DESC,Maß");
 }
 
 TEST(SameFieldName, IgnoresCaseIncludingNonAscii) {
