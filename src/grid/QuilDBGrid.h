@@ -1,0 +1,320 @@
+#pragma once
+// TQuilCustomDBGrid: the frame of the data grid. It owns the columns, the data link
+// and the option sets, runs every change of structure through the layout transaction,
+// and maps the base grid's rows onto the data link's record window.
+
+#include <memory>
+#include <vector>
+
+#include "framework/controls/Grids.h"
+#include "framework/controls/Timer.h"
+#include "grid/QuilDBGridColumns.h"
+#include "grid/QuilDBGridOptions.h"
+#include "grid/QuilDBGridParts.h"
+#include "grid/QuilGridDataLink.h"
+
+namespace quil {
+
+class TDataSet;
+class TDataSource;
+class TField;
+
+// Posted to the grid to lay it out later, when a layout cannot run now.
+constexpr UINT CM_DEFERLAYOUT = WM_USER + 100;
+
+// Milliseconds that the deferred work waits for the changes to stop; an application may
+// change it before use.
+extern int DelayInterval;
+
+enum TQuilDelayTimer { dtEndSelect, dtListItems, dtSequence, dtTotals };
+
+class TQuilCustomDBGrid : public TCustomGrid {
+public:
+  explicit TQuilCustomDBGrid(TComponent* owner);
+  ~TQuilCustomDBGrid() override;
+
+  static const TMetaClass& StaticClass();
+  const TMetaClass& ClassType() const override;
+
+  // --- Option sets; each setter keeps the sets' mutual constraints.
+  TQuilDBGridOptions Options() const { return options_; }
+  void SetOptions(TQuilDBGridOptions value);
+  void SwitchOptions(TQuilDBGridOptions members, bool include);
+  TQuilDBGridOptionsEx OptionsEx() const { return optionsEx_; }
+  void SetOptionsEx(TQuilDBGridOptionsEx value);
+  void SwitchOptionsEx(TQuilDBGridOptionsEx members, bool include);
+  TQuilDBGridOptionsExt OptionsExt() const { return optionsExt_; }
+  void SetOptionsExt(TQuilDBGridOptionsExt value);
+  void SwitchOptionsExt(TQuilDBGridOptionsExt members, bool include);
+  TGridDrawingOptions DrawingOptions() const { return drawingOptions_; }
+  void SetDrawingOptions(TGridDrawingOptions value);
+  void SwitchDrawingOptions(TGridDrawingOptions members, bool include);
+  TQuilHintOptions HintOptions() const { return hintOptions_; }
+  void SetHintOptions(TQuilHintOptions value) { hintOptions_ = value; }
+  void SwitchHintOptions(TQuilHintOptions members, bool include);
+  TQuilResizeOptions ResizeOptions() const { return resizeOptions_; }
+  void SetResizeOptions(TQuilResizeOptions value);
+  void SwitchResizeOptions(TQuilResizeOptions members, bool include);
+  TMultiSelectOptions MultiSelectOptions() const { return multiSelectOptions_; }
+  void SetMultiSelectOptions(TMultiSelectOptions value);
+  void SwitchMultiSelectOptions(TMultiSelectOptions members, bool include);
+  TSystemStyleElements SystemStyleElements() const { return systemStyleElements_; }
+  void SetSystemStyleElements(TSystemStyleElements value);
+  void SwitchSystemStyleElements(TSystemStyleElements members, bool include);
+
+  // --- The layout transaction
+  void BeginUpdate();
+  void EndUpdate();
+  void BeginLayout();
+  void EndLayout();
+  void CancelLayout();
+  // Lays out later through CM_DEFERLAYOUT, and ends the running transaction without it.
+  void DeferLayout();
+  // Opens a transaction when none runs; false when one does.
+  bool AcquireLayoutLock();
+  // Lays out now, unless a transaction that will do it is running.
+  virtual void LayoutChanged();
+  void InternalLayout();
+  int UpdateLock() const { return updateLock_; }
+  int LayoutLock() const { return layoutLock_; }
+
+  // --- Owned parts
+  TQuilDBGridColumns* Columns() const { return columns_.get(); }
+  TQuilGridDataLink* DataLink() const { return dataLink_.get(); }
+  TQuilGridStyle* GridStyle() const { return gridStyle_.get(); }
+  TQuilDBGridTotals* Totals() const { return totals_.get(); }
+  TFont* TitleFont() const { return titleFont_.get(); }
+  TFont* HeaderFont() const { return headerFont_.get(); }
+  // The columns whose GetShowing holds, in column order.
+  const std::vector<TQuilColumn*>& VisibleColumns() const { return visibleColumns_; }
+
+  // --- Data binding
+  TDataSource* DataSource() const;
+  void SetDataSource(TDataSource* value);
+  TDataSet* DataSet() const;
+
+  // --- Columns: raw columns count the indicator, data columns index Columns.
+  int RawToDataColumn(int raw) const { return raw - indicatorOffset_; }
+  int DataToRawColumn(int data) const { return data + indicatorOffset_; }
+  int SelectedIndex() const { return RawToDataColumn(Col()); }
+  void SetSelectedIndex(int dataCol);
+  TQuilColumn* SelectedColumn() const;
+  void SetSelectedColumn(TQuilColumn* column);
+  TField* SelectedField() const;
+  void SetSelectedField(TField* field);
+  // Frozen data columns; negative counts as 0, and a layout keeps one scrollable.
+  int FixedCols() const { return fixedCols_; }
+  void SetFixedCols(int value);
+
+  // --- Properties that shape rows and columns
+  int IndicatorWidth() const { return indicatorWidth_; }
+  void SetIndicatorWidth(int value);
+  int LinesCount() const { return linesCount_; }
+  void SetLinesCount(int value);
+  int TitleLinesCount() const { return titleLinesCount_; }
+  void SetTitleLinesCount(int value);
+  int HeaderLinesCount() const { return headerLinesCount_; }
+  void SetHeaderLinesCount(int value);
+  // clNone for plain rows; stripes depend on a row's place, so scrolling repaints.
+  TColor StripeColor() const { return stripeColor_; }
+  void SetStripeColor(TColor value);
+  bool ReadOnly() const { return readOnly_; }
+  void SetReadOnly(bool value) { readOnly_ = value; }
+
+  // --- The row window
+  int TitleOffset() const { return titleOffset_; }
+  int IndicatorOffset() const { return indicatorOffset_; }
+  // The blank row and the total rows below the data.
+  int TotalRows() const { return totalRows_; }
+  int TotalHeaderRows() const { return totalHeaderRows_; }
+  int TotalValuesRows() const { return totalValuesRows_; }
+  int TotalFooterRows() const { return totalFooterRows_; }
+  int TotalRowHeight() const { return totalRowHeight_; }
+  int DataLineHeight() const { return dataLineHeight_; }
+  int GetTotalRowCount() const;
+  int GetTotalFieldsRowCount() const;
+  int GetRowLineWidth() const;
+  int GetColLineWidth() const;
+  int GetRowHeight() const;
+  int GetTitleHeight() const;
+  int GetTotalHeight() const;
+  int GetDataRowsHeight() const;
+  int GetDataHeight() const;
+  int GetBlankHeight() const;
+  bool GetAlignTotalsToBorder() const;
+  int GetVisibleRowCount() const;
+  int GetDataRowCount() const;
+  int GetColsWidth(int count) const;
+  int GetColumnsWidth() const;
+  int GetFixedColsWidth() const;
+  // Sizes the link's buffer to the rows that fit and composes the base grid's rows.
+  void UpdateRowCount();
+
+  // --- Following the data
+  void DataChanged();
+  void RecordChanged(TField* field);
+  void EditingChanged();
+  void UpdateActive();
+  void UpdateData();
+  virtual void Scroll(int distance);
+  virtual void LinkActive(bool value);
+  virtual void DefineFieldMap();
+
+  // --- Movement
+  int MoveBy(int distance, bool force = false);
+  void MoveCol(int rawCol, int direction);
+  int GetPosition() const;
+  void SetPosition(int index);
+  int GetRecNumber() const;
+  void SetRecNumber(int value);
+  int GetRecCount() const;
+  void SetupRecNumber(int value);
+  void SetupRecCount(int value);
+
+  // --- Field access
+  int GetFieldCount() const;
+  TField* GetFields(int index) const;
+  bool ValidFieldIndex(int index) const;
+  TField* GetColField(int dataCol) const;
+  QString GetFieldValue(int dataCol) const;
+
+  // --- Deferred work
+  void UpdateTotals(bool automatic);
+  void UpdateSequence(bool automatic);
+  void UpdateListItems(bool automatic);
+  // Settles every delayed task, as before the data set changes.
+  virtual void PerformDelayed();
+  bool GetUpdateInProgress() const { return busyCount_ > 0; }
+  TTimer* DelayTimer(TQuilDelayTimer which) const { return timers_[which].get(); }
+  // The base grid row that was current when last drawn; -1 before any paint.
+  int LastDrawnCurrentRow() const { return lastDrawnCurrentRow_; }
+  // The position lock: raised while the grid moves the data set itself.
+  int PositionLock() const { return positionLock_; }
+
+  // The base grid row of a buffered record.
+  int DataRowToRaw(int bufferRow) const { return bufferRow + titleOffset_; }
+
+  // Stands still while the row count is being worked out: that paints once at its end.
+  void Invalidate() override;
+  void InvalidateData();
+
+  void DefineProperties(TFiler* filer) override;
+
+protected:
+  friend class TQuilGridDataLink;
+  friend class TQuilDBGridColumns;
+
+  void Loaded() override;
+  void Notification(TComponent* component, TOperation operation) override;
+  void Dispatch(TMessage& message) override;
+  void DrawCell(int col, int row, const TRect& rect, TGridDrawState state) override;
+  void WMSize(TMessage& message) override;
+  void RowHeightsChanged() override;
+  void CMExit(TMessage& message) override;
+
+  virtual TQuilDBGridColumns* CreateColumns();
+  virtual TQuilGridDataLink* CreateDataLink();
+  virtual TQuilGridStyle* CreateGridStyle();
+  virtual TQuilDBGridTotals* CreateTotals();
+  virtual TTimer* CreateTimer(TQuilDelayTimer which);
+  virtual void SetColumnAttributes();
+  virtual void UpdateScrollBar();
+  virtual void TotalsChanged();
+  virtual void ColEnter() {}
+  virtual void ColExit() {}
+
+  void CMDeferLayout(TMessage& message);
+  void DelayUpdateTotals(TObject* sender);
+  void DelayUpdateSequence(TObject* sender);
+  void DelayUpdateListItems(TObject* sender);
+  void DelayEndSelect(TObject* sender);
+
+  // The data set walks under the position lock without the user noticing.
+  void DisablePosition();
+  void EnablePosition(bool keep);
+  void AlwaysShowEditor();
+  void ClearSelection() {}
+
+private:
+  class TBusyScope;
+
+  // Layout steps
+  void FreeMixedColumns();
+  void BindColumns();
+  void BindDefaultColumns();
+  void ListVisibleColumns();
+  void RepairFixedCols();
+  int ComputeTitleOffset() const;
+  void ComputeTotalRows();
+  void MeasureRows();
+  void MeasureTitleRows();
+  void MeasureTotalRows();
+  void ShapeTotalRows(bool forCounting);
+  void ApplyBaseOptions(TQuilDBGridOptions value);
+  // Deferred work
+  bool StartDelay(TQuilDelayTimer which, bool delayed);
+  std::unique_ptr<TTimer> TakeTimer(TQuilDelayTimer which);
+  void RecalcTotals();
+  void RecalcSequence();
+  void ReloadListItems();
+  // Painting
+  void DrawTitleCell(int dataCol, const TRect& rect);
+  void DrawDataCell(int dataCol, int bufferRow, const TRect& rect);
+  TRect RowBox(int row) const;
+  void ScrollDataRows(int distance);
+
+  std::unique_ptr<TQuilDBGridColumns> columns_;
+  std::vector<TQuilColumn*> visibleColumns_;
+  std::unique_ptr<TQuilGridDataLink> dataLink_;
+  std::unique_ptr<TQuilGridStyle> gridStyle_;
+  std::unique_ptr<TQuilDBGridTotals> totals_;
+  std::unique_ptr<TFont> titleFont_;
+  std::unique_ptr<TFont> headerFont_;
+  std::unique_ptr<TTimer> timers_[4];
+
+  TQuilDBGridOptions options_;
+  TQuilDBGridOptionsEx optionsEx_;
+  TQuilDBGridOptionsExt optionsExt_;
+  TGridDrawingOptions drawingOptions_;
+  TQuilHintOptions hintOptions_;
+  TQuilResizeOptions resizeOptions_;
+  TMultiSelectOptions multiSelectOptions_;
+  TSystemStyleElements systemStyleElements_;
+
+  uint8_t updateLock_ = 0;
+  uint8_t layoutLock_ = 0;
+  uint8_t titleOffset_ = 1;       // title rows; equals the base FixedRows
+  uint8_t indicatorOffset_ = 1;   // 1 with dgIndicator
+  int totalRows_ = 0;             // blank row plus total rows
+  int totalHeaderRows_ = 0;
+  int totalValuesRows_ = 0;
+  int totalFooterRows_ = 0;
+  int totalRowHeight_ = 0;
+  int titleLineHeight_ = 0;       // one header band; 0 without dgTitleHeaders
+  int dataLineHeight_ = 0;
+  bool layoutFromDataSet_ = false;
+  bool updateFields_ = true;
+  int rowCountLock_ = 0;
+  int positionLock_ = 0;
+  int busyCount_ = 0;
+  bool inColExit_ = false;
+  int lastDrawnCurrentRow_ = -1;
+
+  int fixedCols_ = 0;
+  int indicatorWidth_ = 20;
+  int linesCount_ = 1;
+  int titleLinesCount_ = 1;
+  int headerLinesCount_ = 1;
+  TColor stripeColor_ = clNone;
+  bool readOnly_ = false;
+};
+
+// The grid as placed on a form: it only publishes.
+class TQuilDBGrid : public TQuilCustomDBGrid {
+public:
+  explicit TQuilDBGrid(TComponent* owner) : TQuilCustomDBGrid(owner) {}
+  static const TMetaClass& StaticClass();
+  const TMetaClass& ClassType() const override;
+};
+
+}  // namespace quil

@@ -1,0 +1,304 @@
+// The grid's frame: construction and destruction, owned parts, option sets and the
+// properties that shape the layout.
+#include <QLocale>
+
+#include "framework/db/DataSet.h"
+#include "framework/db/Field.h"
+#include "grid/QuilDBGrid.h"
+
+namespace quil {
+
+namespace {
+
+template <typename E>
+TSet<E> ChangedMembers(TSet<E> before, TSet<E> after) {
+  return (before - after) + (after - before);
+}
+
+bool KoreanSystem() { return QLocale::system().language() == QLocale::Korean; }
+
+}  // namespace
+
+const TMetaClass& TQuilCustomDBGrid::StaticClass() {
+  static const TMetaClass meta("TQuilCustomDBGrid", &TCustomGrid::StaticClass());
+  return meta;
+}
+
+const TMetaClass& TQuilCustomDBGrid::ClassType() const { return StaticClass(); }
+
+const TMetaClass& TQuilDBGrid::StaticClass() {
+  static const TMetaClass meta =
+      TMetaClass("TQuilDBGrid", &TQuilCustomDBGrid::StaticClass()).Creates<TQuilDBGrid>();
+  return meta;
+}
+
+const TMetaClass& TQuilDBGrid::ClassType() const { return StaticClass(); }
+
+TQuilCustomDBGrid::TQuilCustomDBGrid(TComponent* owner)
+    : TCustomGrid(owner),
+      drawingOptions_(DefaultDrawingOptions),
+      hintOptions_(DefaultHintOptions),
+      resizeOptions_(DefaultResizeOptions),
+      multiSelectOptions_(DefaultMultiSelectOptions),
+      systemStyleElements_(DefaultSystemStyleElements) {
+  options_ = DefaultGridOptions;
+  if (KoreanSystem()) options_ += dgAlwaysShowEditor;
+  optionsEx_ = DefaultGridOptionsEx;
+  optionsExt_ = DefaultGridOptionsExt;
+  // The vertical scroll bar belongs to the record window, not to the base grid's rows.
+  TCustomGrid::SetScrollBars(ssHorizontal);
+  TCustomGrid::SetOptions({goVertLine, goHorzLine, goRowSizing, goColSizing, goColMoving, goEditing, goTabs});
+  columns_.reset(CreateColumns());
+  SetRowCount(2);
+  SetColCount(2);
+  dataLink_.reset(CreateDataLink());
+  SetColor(clWindow);
+  SetParentColor(false);
+  titleFont_ = std::make_unique<TFont>();
+  headerFont_ = std::make_unique<TFont>();
+  SetDefaultDrawing(true);
+  gridStyle_.reset(CreateGridStyle());
+  totals_.reset(CreateTotals());
+  SetTabStop(true);
+  HideEditor();
+}
+
+TQuilCustomDBGrid::~TQuilCustomDBGrid() {
+  for (auto& timer : timers_) timer.reset();
+  // The link goes first, so that no data event reaches a grid without its parts.
+  dataLink_->SetDataSource(nullptr);
+  totals_.reset();
+  gridStyle_.reset();
+  headerFont_.reset();
+  columns_.reset();
+  dataLink_.reset();
+  titleFont_.reset();
+}
+
+TQuilDBGridColumns* TQuilCustomDBGrid::CreateColumns() { return new TQuilDBGridColumns(this); }
+TQuilGridDataLink* TQuilCustomDBGrid::CreateDataLink() { return new TQuilGridDataLink(this); }
+TQuilGridStyle* TQuilCustomDBGrid::CreateGridStyle() { return new TQuilGridStyle(this); }
+TQuilDBGridTotals* TQuilCustomDBGrid::CreateTotals() { return new TQuilDBGridTotals(this); }
+
+// --- Option sets
+
+void TQuilCustomDBGrid::ApplyBaseOptions(TQuilDBGridOptions value) {
+  TGridOptions base;
+  base.Switch(goEditing, value.Contains(dgEditing));
+  base.Switch(goAlwaysShowEditor, value.Contains(dgAlwaysShowEditor));
+  base.Switch(goColSizing, value.Contains(dgColumnResize));
+  base.Switch(goColMoving, value.Contains(dgColumnResize));
+  base.Switch(goVertLine, value.Contains(dgColLines));
+  base.Switch(goHorzLine, value.Contains(dgRowLines));
+  // FIXME: visual styles add the fixed lines under a custom style as well.
+  bool fixedLines = GridLineWidth() > 1;
+  base.Switch(goFixedVertLine, fixedLines && value.Contains(dgColLines));
+  base.Switch(goFixedHorzLine, fixedLines && value.Contains(dgRowLines));
+  base.Switch(goTabs, value.Contains(dgTabs));
+  base.Switch(goRowSelect, value.Contains(dgRowSelect));
+  base.Switch(goRowSizing, value.Contains(dgRowResize));
+  base.Switch(goThumbTracking, value.Contains(dgThumbTracking));
+  TCustomGrid::SetOptions(base);
+}
+
+void TQuilCustomDBGrid::SetOptions(TQuilDBGridOptions value) {
+  if (value.Contains(dgRowSelect)) value -= TQuilDBGridOptions{dgEditing, dgAlwaysShowEditor};
+  if (value == options_) return;
+  ApplyBaseOptions(value);
+  // FIXME: row selection clears the selection when dgMultiSelect goes off.
+  const TQuilDBGridOptions changed = ChangedMembers(options_, value);
+  options_ = value;
+  if (changed.Contains(dgForceSequence)) UpdateSequence(false);
+  if (changed.Intersects({dgEditing, dgAlwaysShowEditor, dgTitles, dgIndicator, dgColLines, dgRowLines,
+                          dgRowSelect, dgAlwaysShowSelection, dgMultiSelect, dgInternalSelect, dgTitleHeaders,
+                          dgTitleWidthOff, dgIndicatorMarkOff, dgMarkerAutoAlign, dgForceSequence}))
+    LayoutChanged();
+  if (changed.Intersects({dgTitles, dgIndicator, dgColLines, dgRowLines, dgTitleHeaders, dgTitleWidthOff}))
+    InvalidateEditor();
+  // FIXME: column sizing stretches the grid, title markers update, and visual styles
+  // recreate the border on the changes that concern them.
+}
+
+void TQuilCustomDBGrid::SwitchOptions(TQuilDBGridOptions members, bool include) {
+  SetOptions(include ? options_ + members : options_ - members);
+}
+
+void TQuilCustomDBGrid::SetOptionsEx(TQuilDBGridOptionsEx value) {
+  if (!ComponentState().Contains(csDesigning) && value.Contains(dgSelectedAutoHidden)) {
+    TQuilDBGridOptionsEx selectedRows;
+    if (value.Contains(dgTotalHeaderSelected)) selectedRows += dgTotalHeader;
+    if (value.Contains(dgTotalValuesSelected)) selectedRows += dgTotalValues;
+    if (value.Contains(dgTotalFooterSelected)) selectedRows += dgTotalFooter;
+    value = totals_->GetSelected() ? value + selectedRows : value - selectedRows;
+  }
+  if (value == optionsEx_) return;
+  if (value.Intersects({dgTotalHeader, dgTotalValues, dgTotalFields, dgTotalFooter})) value += dgBlankRow;
+  if (value.Intersects({dgTotalHeaderSelected, dgTotalValuesSelected, dgTotalFooterSelected}))
+    value -= dgCalcSelectedRows;
+  const TQuilDBGridOptionsEx changed = ChangedMembers(optionsEx_, value);
+  const TQuilDBGridOptionsEx turnedOn = value - optionsEx_;
+  optionsEx_ = value;
+  // FIXME: ordering applies the order when the order members change.
+  if (changed.Contains(dgAutoUpdateSequence)) UpdateSequence(true);
+  if (turnedOn.Intersects({dgTotalHeader, dgTotalValues, dgTotalFooter, dgCalcInvisibleRows}) ||
+      changed.Intersects({dgAutoUpdateTotals, dgCalcWholeDataSet, dgCalcSelectedRows, dgTotalHeaderSelected,
+                          dgTotalValuesSelected, dgTotalFooterSelected}))
+    UpdateTotals(true);
+  if (changed.Intersects({dgBlankRow, dgTotalHeader, dgTotalValues, dgTotalFields, dgTotalFooter, dgTotalColLines,
+                          dgTotalHeaderBox, dgTotalValuesBox, dgTotalFieldsBox, dgTotalFooterBox,
+                          dgTotalDataBoxOnly}))
+    LayoutChanged();
+  if (changed.Intersects({dgBlankRow, dgTotalHeader, dgTotalValues, dgTotalFields, dgTotalFooter}))
+    InvalidateEditor();
+}
+
+void TQuilCustomDBGrid::SwitchOptionsEx(TQuilDBGridOptionsEx members, bool include) {
+  SetOptionsEx(include ? optionsEx_ + members : optionsEx_ - members);
+}
+
+void TQuilCustomDBGrid::SetOptionsExt(TQuilDBGridOptionsExt value) {
+  if (value == optionsExt_) return;
+  const TQuilDBGridOptionsExt changed = ChangedMembers(optionsExt_, value);
+  optionsExt_ = value;
+  if (changed.Contains(dgAutoUpdateListItems)) UpdateListItems(true);
+  if (changed.Intersects({dgAutoNumberColumn, dgAutoSelectColumn, dgAutoExpandColumn, dgForceSystemTheme,
+                          dgForceSystemButton, dgForceSystemMarker}))
+    LayoutChanged();
+  if (changed.Intersects({dgScrollGridMode, dgScrollPageMode})) UpdateScrollBar();
+}
+
+void TQuilCustomDBGrid::SwitchOptionsExt(TQuilDBGridOptionsExt members, bool include) {
+  SetOptionsExt(include ? optionsExt_ + members : optionsExt_ - members);
+}
+
+// FIXME: visual styles keep each member in step with its color; until then the set is
+// stored as given.
+void TQuilCustomDBGrid::SetDrawingOptions(TGridDrawingOptions value) {
+  if (value == drawingOptions_) return;
+  drawingOptions_ = value;
+  LayoutChanged();
+}
+
+void TQuilCustomDBGrid::SwitchDrawingOptions(TGridDrawingOptions members, bool include) {
+  SetDrawingOptions(include ? drawingOptions_ + members : drawingOptions_ - members);
+}
+
+void TQuilCustomDBGrid::SwitchHintOptions(TQuilHintOptions members, bool include) {
+  SetHintOptions(include ? hintOptions_ + members : hintOptions_ - members);
+}
+
+void TQuilCustomDBGrid::SetResizeOptions(TQuilResizeOptions value) {
+  if (!value.Contains(roColumnResize)) value -= TQuilResizeOptions{roOptimalWidth, roDefaultWidth};
+  resizeOptions_ = value;
+}
+
+void TQuilCustomDBGrid::SwitchResizeOptions(TQuilResizeOptions members, bool include) {
+  SetResizeOptions(include ? resizeOptions_ + members : resizeOptions_ - members);
+}
+
+void TQuilCustomDBGrid::SetMultiSelectOptions(TMultiSelectOptions value) {
+  value -= msNone;
+  if (value == multiSelectOptions_) return;
+  ClearSelection();
+  PerformDelayed();
+  multiSelectOptions_ = value;
+  // FIXME: row and column selection update their kind and offsets here.
+}
+
+void TQuilCustomDBGrid::SwitchMultiSelectOptions(TMultiSelectOptions members, bool include) {
+  SetMultiSelectOptions(include ? multiSelectOptions_ + members : multiSelectOptions_ - members);
+}
+
+void TQuilCustomDBGrid::SetSystemStyleElements(TSystemStyleElements value) {
+  if (value == systemStyleElements_) return;
+  systemStyleElements_ = value;
+  Invalidate();
+}
+
+void TQuilCustomDBGrid::SwitchSystemStyleElements(TSystemStyleElements members, bool include) {
+  SetSystemStyleElements(include ? systemStyleElements_ + members : systemStyleElements_ - members);
+}
+
+// --- Properties
+
+void TQuilCustomDBGrid::SetFixedCols(int value) {
+  value = std::max(value, 0);
+  if (value == fixedCols_) return;
+  fixedCols_ = value;
+  LayoutChanged();
+  InvalidateEditor();
+}
+
+// The indicator needs room for its mark: narrower values are widened.
+void TQuilCustomDBGrid::SetIndicatorWidth(int value) {
+  value = std::max(value, 11);
+  if (value == indicatorWidth_) return;
+  indicatorWidth_ = value;
+  LayoutChanged();
+}
+
+void TQuilCustomDBGrid::SetLinesCount(int value) {
+  if (value < 1 || value == linesCount_) return;
+  linesCount_ = value;
+  LayoutChanged();
+}
+
+void TQuilCustomDBGrid::SetTitleLinesCount(int value) {
+  if (value < 1 || value == titleLinesCount_) return;
+  titleLinesCount_ = value;
+  LayoutChanged();
+}
+
+void TQuilCustomDBGrid::SetHeaderLinesCount(int value) {
+  if (value < 1 || value == headerLinesCount_) return;
+  headerLinesCount_ = value;
+  LayoutChanged();
+}
+
+void TQuilCustomDBGrid::SetStripeColor(TColor value) {
+  if (value == stripeColor_) return;
+  stripeColor_ = value;
+  Invalidate();
+}
+
+// --- Columns and fields
+
+void TQuilCustomDBGrid::SetSelectedIndex(int dataCol) { MoveCol(DataToRawColumn(dataCol), 0); }
+
+TQuilColumn* TQuilCustomDBGrid::SelectedColumn() const {
+  int dataCol = SelectedIndex();
+  return dataCol >= 0 && dataCol < columns_->Count() ? columns_->Items(dataCol) : nullptr;
+}
+
+void TQuilCustomDBGrid::SetSelectedColumn(TQuilColumn* column) {
+  if (column) MoveCol(DataToRawColumn(column->Index()), 0);
+}
+
+TField* TQuilCustomDBGrid::SelectedField() const {
+  TQuilColumn* column = SelectedColumn();
+  return column ? column->Field() : nullptr;
+}
+
+void TQuilCustomDBGrid::SetSelectedField(TField* field) {
+  if (!field) return;
+  for (int dataCol = 0; dataCol < columns_->Count(); ++dataCol) {
+    if (columns_->Items(dataCol)->Field() != field) continue;
+    MoveCol(DataToRawColumn(dataCol), 0);
+    return;
+  }
+}
+
+// --- Style and totals parts
+
+void TQuilGridStyle::Store(int& member, int value) {
+  if (value == member) return;
+  member = value;
+  grid_->LayoutChanged();
+  grid_->InvalidateEditor();
+}
+
+TQuilDBGridTotals::TQuilDBGridTotals(TQuilCustomDBGrid* grid) : grid_(grid), font_(std::make_unique<TFont>()) {}
+
+TQuilDBGridTotals::~TQuilDBGridTotals() = default;
+
+}  // namespace quil

@@ -1,0 +1,266 @@
+// The layout transaction and InternalLayout: how the option sets and the columns become
+// the base grid's rows and columns.
+#include "framework/controls/MessageQueue.h"
+#include "framework/db/DataSet.h"
+#include "framework/db/Field.h"
+#include "framework/db/Fields.h"
+#include "framework/rtl/Filer.h"
+#include "framework/rtl/ScopeExit.h"
+#include "grid/QuilDBGrid.h"
+
+namespace quil {
+
+void TQuilCustomDBGrid::BeginUpdate() { ++updateLock_; }
+
+void TQuilCustomDBGrid::EndUpdate() {
+  if (updateLock_ > 0) --updateLock_;
+}
+
+void TQuilCustomDBGrid::BeginLayout() {
+  BeginUpdate();
+  if (layoutLock_ == 0) columns_->BeginUpdate();
+  ++layoutLock_;
+}
+
+void TQuilCustomDBGrid::EndLayout() {
+  if (layoutLock_ == 0) return;
+  if (layoutLock_ == 1) {
+    // Guards run in reverse: the columns end their update while the lock still holds,
+    // so the change they report joins this layout.
+    TScopeExit lower([this] {
+      --layoutLock_;
+      EndUpdate();
+    });
+    TScopeExit endColumns([this] { columns_->EndUpdate(); });
+    InternalLayout();
+    return;
+  }
+  --layoutLock_;
+  EndUpdate();
+}
+
+void TQuilCustomDBGrid::CancelLayout() {
+  if (layoutLock_ == 0) return;
+  if (layoutLock_ == 1) columns_->EndUpdate();
+  --layoutLock_;
+  EndUpdate();
+}
+
+bool TQuilCustomDBGrid::AcquireLayoutLock() {
+  if (updateLock_ != 0 || layoutLock_ != 0) return false;
+  BeginLayout();
+  return true;
+}
+
+void TQuilCustomDBGrid::LayoutChanged() {
+  if (AcquireLayoutLock()) EndLayout();
+}
+
+void TQuilCustomDBGrid::DeferLayout() {
+  if (HandleAllocated() && !PeekMessage(nullptr, this, CM_DEFERLAYOUT, CM_DEFERLAYOUT, PM_NOREMOVE))
+    PostMessage(this, CM_DEFERLAYOUT, 0, 0);
+  CancelLayout();
+}
+
+void TQuilCustomDBGrid::CMDeferLayout(TMessage&) {
+  if (AcquireLayoutLock()) EndLayout();
+  else DeferLayout();
+}
+
+void TQuilCustomDBGrid::Dispatch(TMessage& message) {
+  if (message.Msg == CM_DEFERLAYOUT) CMDeferLayout(message);
+  else TCustomGrid::Dispatch(message);
+}
+
+void TQuilCustomDBGrid::InternalLayout() {
+  if (ComponentState().Intersects({csLoading, csDestroying})) return;
+  if (HandleAllocated()) {
+    // This layout does the work that a deferred one would.
+    TMessage pending{};
+    if (PeekMessage(&pending, this, CM_DEFERLAYOUT, CM_DEFERLAYOUT, PM_REMOVE) && pending.Msg == WM_QUIT)
+      PostMessage(nullptr, WM_QUIT, pending.WParam, 0);
+  }
+  FreeMixedColumns();
+  indicatorOffset_ = options_.Contains(dgIndicator) ? 1 : 0;
+  dataLink_->ClearMapping();
+  if (dataLink_->Active()) DefineFieldMap();
+  BindColumns();
+  ListVisibleColumns();
+  SetColCount(columns_->Count() + indicatorOffset_);
+  if (!dataLink_->Active() && columns_->State() == csDefault) {
+    TCustomGrid::SetFixedCols(indicatorOffset_);
+  } else {
+    RepairFixedCols();
+    TCustomGrid::SetFixedCols(indicatorOffset_ + fixedCols_);
+  }
+  // FIXME: row and column selection update their offsets here.
+  titleOffset_ = uint8_t(ComputeTitleOffset());
+  ComputeTotalRows();
+  // FIXME: title markers are recreated here.
+  UpdateRowCount();
+  MeasureRows();
+  UpdateRowCount();
+  TQuilColumn* current = SelectedColumn();
+  if (current && !current->GetShowing()) MoveCol(Col(), 1);
+  UpdateScrollBar();
+  SetColumnAttributes();
+  UpdateActive();
+  UpdateRowCount();
+  Invalidate();
+}
+
+// Stored columns that follow default ones mean the application defined its own: the
+// default ones go.
+void TQuilCustomDBGrid::FreeMixedColumns() {
+  bool sawDefault = false, mixed = false;
+  for (int index = 0; index < columns_->Count() && !mixed; ++index) {
+    if (!columns_->Items(index)->Stored()) sawDefault = true;
+    else if (sawDefault) mixed = true;
+  }
+  if (!mixed) return;
+  for (int index = columns_->Count() - 1; index >= 0; --index)
+    if (!columns_->Items(index)->Stored()) columns_->Delete(index);
+}
+
+void TQuilCustomDBGrid::BindColumns() {
+  if (columns_->State() == csCustomized) {
+    for (int index = 0; index < columns_->Count(); ++index) columns_->Items(index)->SetField(nullptr);
+  } else {
+    BindDefaultColumns();
+  }
+  // FIXME: the automatic expand, select and number columns are added here, and the
+  // total cells let go of their fields.
+}
+
+void TQuilCustomDBGrid::BindDefaultColumns() {
+  TDataSet* dataSet = DataSet();
+  if (!dataLink_->Active() && dataSet && dataSet->DefaultFields()) {
+    columns_->Clear();
+  } else {
+    for (int index = columns_->Count() - 1; index >= 0; --index) {
+      TField* field = columns_->Items(index)->Field();
+      bool linked = false;
+      for (int mapped = 0; mapped < dataLink_->FieldCount() && !linked; ++mapped)
+        linked = field && dataLink_->GetFields(mapped) == field;
+      if (!linked) columns_->Delete(index);
+    }
+  }
+  const int count = dataLink_->FieldCount() == 0 && columns_->Count() == 0 ? 1 : dataLink_->FieldCount();
+  for (int dataCol = 0; dataCol < count; ++dataCol) {
+    TField* field = dataLink_->GetFields(dataCol);
+    TQuilColumn* column = nullptr;
+    for (int search = dataCol; field && search < columns_->Count() && !column; ++search)
+      if (columns_->Items(search)->Field() == field) column = columns_->Items(search);
+    if (!column) {
+      column = columns_->InternalAdd();
+      column->SetField(field);
+    }
+    column->SetIndex(dataCol);
+  }
+}
+
+void TQuilCustomDBGrid::ListVisibleColumns() {
+  visibleColumns_.clear();
+  for (int index = 0; index < columns_->Count(); ++index)
+    if (columns_->Items(index)->GetShowing()) visibleColumns_.push_back(columns_->Items(index));
+}
+
+// A frozen block keeps one column scrollable and never cuts a group.
+// FIXME: column groups repair ExpandCols here and climb to the top-level ancestor.
+void TQuilCustomDBGrid::RepairFixedCols() {
+  fixedCols_ = std::min(fixedCols_, std::max(columns_->Count() - 1, 0));
+  if (fixedCols_ <= 0) return;
+  TQuilColumn* lastFrozen = columns_->Items(fixedCols_ - 1);
+  fixedCols_ = lastFrozen->GetExpandIndex() + 1;
+  if (fixedCols_ == columns_->Count()) fixedCols_ = lastFrozen->Index();
+}
+
+int TQuilCustomDBGrid::ComputeTitleOffset() const {
+  if (!options_.Contains(dgTitles)) return 0;
+  int depth = 0;
+  for (TQuilColumn* column : visibleColumns_) depth = std::max(depth, column->Depth());
+  return 1 + depth;
+}
+
+void TQuilCustomDBGrid::SetColumnAttributes() {
+  for (int dataCol = 0; dataCol < columns_->Count(); ++dataCol) {
+    TQuilColumn* column = columns_->Items(dataCol);
+    TField* field = column->Field();
+    // FIXME: the column model counts lookup columns as read-only unless their key field
+    // can be written.
+    bool stops = column->GetShowing() && dataLink_->Active() && field && field->FieldKind() != fkCalculated &&
+                 !field->ReadOnly();
+    const int rawCol = DataToRawColumn(dataCol);
+    SetTabStops(rawCol, stops);
+    SetColWidths(rawCol, column->GetWidth());
+  }
+  if (options_.Contains(dgIndicator)) SetColWidths(0, indicatorWidth_);
+}
+
+void TQuilCustomDBGrid::DefineFieldMap() {
+  if (columns_->State() == csCustomized) {
+    dataLink_->SetSparseMap(true);
+    for (int index = 0; index < columns_->Count(); ++index) dataLink_->AddMapping(columns_->Items(index)->FieldName());
+    return;
+  }
+  dataLink_->SetSparseMap(false);
+  TFieldList* fields = DataSet()->FieldList();
+  for (int index = 0; index < fields->Count(); ++index)
+    if (fields->Fields(index)->Visible()) dataLink_->AddMapping(fields->Fields(index)->FullName());
+}
+
+// --- Loading, removal of referenced components, streaming
+
+void TQuilCustomDBGrid::Loaded() {
+  TCustomGrid::Loaded();
+  if (columns_->Count() > 0) SetColCount(columns_->Count());
+  // FIXME: layout persistence marks Settings for automatic loading, the search shows
+  // its panel, and column filters, search and tree view apply their filter here.
+  LayoutChanged();
+}
+
+void TQuilCustomDBGrid::Notification(TComponent* component, TOperation operation) {
+  TCustomGrid::Notification(component, operation);
+  if (operation != opRemove || !columns_) return;
+  if (dataLink_ && component == dataLink_->DataSource()) {
+    SetDataSource(nullptr);
+    return;
+  }
+  auto* field = dynamic_cast<TField*>(component);
+  if (!field) return;
+  // FIXME: total cells let go of the field as well.
+  BeginLayout();
+  bool bound = false;
+  for (int index = 0; index < columns_->Count(); ++index) {
+    TQuilColumn* column = columns_->Items(index);
+    if (column->Field() != field) continue;
+    column->SetField(nullptr);
+    bound = true;
+  }
+  TDataSet* dataSet = DataSet();
+  if (!bound || (dataSet && (dataSet->ControlsDisabled() || dataSet->ComponentState().Contains(csDestroying))))
+    DeferLayout();
+  else
+    EndLayout();
+}
+
+void TQuilCustomDBGrid::DefineProperties(TFiler* filer) {
+  TCustomGrid::DefineProperties(filer);
+  filer->DefineProperty(
+      QStringLiteral("Columns"),
+      [this](TReader& reader) {
+        columns_->Clear();
+        if (reader.NextValue() == vaNil) reader.ReadValue();
+        else reader.ReadCollection(columns_.get());
+      },
+      [this](TWriter& writer) {
+        if (columns_->State() == csCustomized) writer.WriteCollection(columns_.get());
+        else writer.WriteValue(vaNil);
+      },
+      columns_->State() == csCustomized);
+  // FIXME: ordering writes the order text; the order comes back through the titles.
+  filer->DefineProperty(
+      QStringLiteral("OrderFields"), [](TReader& reader) { reader.ReadString(); }, [](TWriter&) {}, false);
+}
+
+}  // namespace quil

@@ -1,0 +1,27 @@
+#pragma once
+// QuilDBGrids: the data grid and its parts.
+//
+// How a data change travels: the data set notifies its TDataSource, which hands the
+// event to TQuilGridDataLink. A scroll of the record window becomes Scroll(Distance):
+// UpdateActive puts the base grid's Row on ActiveRecord + title offset, and the rows'
+// pixels move by ScrollWindowEx so that only the exposed rows paint. A change of data
+// becomes DataChanged: UpdateRowCount sizes the link's buffer to the rows that fit
+// (BufferCount), composes title, data, blank and total rows, and the grid paints once.
+// A change of fields becomes LayoutChanged.
+//
+// How a change of structure travels: every setter that changes shape calls
+// LayoutChanged, which opens the layout transaction unless one is running
+// (BeginLayout/EndLayout nest by counter) and ends it in InternalLayout: field map,
+// columns bound to fields, the base grid's columns, fixed columns, title offset, total
+// rows, row heights, the row window. A layout that cannot run now (a field removed
+// while the data set has its controls disabled) posts CM_DEFERLAYOUT and runs later.
+//
+// How a paint travels: the base grid's Paint visits the cells that meet the update
+// region; DrawCell sets the link's ActiveRecord to the cell's buffered record, reads the
+// field and puts ActiveRecord back.
+
+#include "grid/QuilDBGrid.h"
+#include "grid/QuilDBGridColumns.h"
+#include "grid/QuilDBGridOptions.h"
+#include "grid/QuilDBGridParts.h"
+#include "grid/QuilGridDataLink.h"

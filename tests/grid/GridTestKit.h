@@ -1,0 +1,108 @@
+#pragma once
+// Shared pieces of the grid tests: a grid that counts the cells it draws and exposes
+// its protected hooks, and a shown form with the grid over an in-memory people table.
+
+#include <QCoreApplication>
+#include <QWidget>
+#include <gtest/gtest.h>
+#include <map>
+#include <set>
+#include <memory>
+#include <utility>
+
+#include "framework/controls/Forms.h"
+#include "framework/controls/MessageQueue.h"
+#include "framework/db/DbTestKit.h"
+#include "grid/QuilDBGrids.h"
+
+namespace gridtest {
+
+using quil::TRect;
+
+class TProbeGrid : public quil::TQuilDBGrid {
+public:
+  using TQuilDBGrid::TQuilDBGrid;
+  using TQuilDBGrid::ColExit;
+
+  // Cells drawn since the last ClearDrawn, by base grid row and column.
+  std::map<std::pair<int, int>, int> drawn;
+  int colExits = 0;
+  // Where ColExit moves the cursor to itself; -1 leaves it.
+  int exitMovesTo = -1;
+
+  void ClearDrawn() { drawn.clear(); }
+  int DrawnCount() const {
+    int count = 0;
+    for (const auto& entry : drawn) count += entry.second;
+    return count;
+  }
+  // The rows that had any cell drawn.
+  std::set<int> DrawnRows() const {
+    std::set<int> rows;
+    for (const auto& entry : drawn) rows.insert(entry.first.first);
+    return rows;
+  }
+  std::set<int> DrawnCols() const {
+    std::set<int> cols;
+    for (const auto& entry : drawn) cols.insert(entry.first.second);
+    return cols;
+  }
+
+protected:
+  void DrawCell(int col, int row, const TRect& rect, quil::TGridDrawState state) override {
+    ++drawn[{row, col}];
+    TQuilDBGrid::DrawCell(col, row, rect, state);
+  }
+  void ColExit() override {
+    ++colExits;
+    if (exitMovesTo >= 0) SetCol(exitMovesTo);
+  }
+};
+
+// A form showing a grid bound to a people table of `rows` records.
+class GridFixture : public ::testing::Test {
+protected:
+  void Open(int rows, int gridHeight = 240) {
+    form = new quil::TForm(nullptr);
+    form->SetBounds(0, 0, 520, gridHeight + 40);
+    dataSet = new dbtest::TWindowCheckedDataSet(form);
+    dbtest::FillPeople(*dataSet, rows);
+    source = new quil::TDataSource(form);
+    source->SetDataSet(dataSet);
+    grid = new TProbeGrid(form);
+    grid->SetParent(form);
+    grid->SetBounds(10, 10, 480, gridHeight);
+    grid->SetDataSource(source);
+    form->Show();
+    ASSERT_TRUE(form->Handle()->isVisible());
+    Settle();
+  }
+  void TearDown() override { delete form; }
+
+  // Delivers what is posted and paints what is pending, then forgets the cells drawn.
+  void Settle() {
+    quil::DeliverPostedMessages();
+    QCoreApplication::processEvents();
+    grid->Update();
+    grid->ClearDrawn();
+  }
+  // Paints what the last step left invalid.
+  void Paint() {
+    grid->Update();
+    QCoreApplication::processEvents();
+  }
+  // Data rows that fit, worked out from the row heights alone; the last row's bottom
+  // line may fall outside.
+  int RowsThatFit(int totalHeight = 0) const {
+    const int line = grid->GridLineWidth();
+    const int dataArea = grid->ClientHeight() - (grid->RowHeights(0) + line) - totalHeight;
+    return std::max(1, (dataArea + line) / (grid->DefaultRowHeight() + line));
+  }
+
+  quil::TForm* form = nullptr;
+  dbtest::TWindowCheckedDataSet* dataSet = nullptr;
+  quil::TDataSource* source = nullptr;
+  TProbeGrid* grid = nullptr;
+};
+
+}  // namespace gridtest
