@@ -301,6 +301,8 @@ struct TFilterCase {
   int count;
 };
 
+inline void PrintTo(const TFilterCase& filterCase, std::ostream* out) { *out << filterCase.text; }
+
 class SqlFilterTest : public SqlDataSetTest, public testing::WithParamInterface<TFilterCase> {};
 
 TEST_P(SqlFilterTest, RunsTheFilterInTheDatabase) {
