@@ -91,6 +91,11 @@ TEST(IndexFieldsToOrderFields, ReadsModifierSuffixes) {
   EXPECT_EQ(IndexFieldsToOrderFields("Straße:D;Maß:A", ":A;:D;:N"), "Straße DESC,Maß");
 }
 
+TEST(Separators, EveryOneIsReplacedAndNothingElse) {
+  EXPECT_EQ(CommaToSemicolon(" a,,b DESC;c,"), " a;;b DESC;c;");
+  EXPECT_EQ(SemicolonToComma(";a;b ,c"), ",a,b ,c");
+}
+
 TEST(SameFieldName, IgnoresCaseIncludingNonAscii) {
   EXPECT_TRUE(SameFieldName("customer_id", "CUSTOMER_ID"));
   EXPECT_TRUE(SameFieldText("Größe", "GRÖSSE") || SameFieldText("Größe", "GRÖßE"));
