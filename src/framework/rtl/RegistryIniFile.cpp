@@ -4,8 +4,8 @@
 //
 // QSettings reads '/' (and on Windows '\') in a name as a group separator, where the
 // registry allows both in a value name and '/' in a key name. So names are stored
-// with '%', '/' and, in keys, '\' escaped as "%25", "%2F" and "%5C"; a backslash in
-// a section stays what it is in the registry, the path to a subkey.
+// with '%', '/' and, in keys, '\' escaped as "%25", "%2F" and "%5C". A backslash in
+// a section is left to the store: in the registry it is the path to a subkey.
 
 #include <QSettings>
 #include <QStringList>
