@@ -18,6 +18,8 @@ QString TrimRight(const QString& text);
 
 QString UpperCase(const QString& text);
 QString LowerCase(const QString& text);
+// One code point at a time ("ß" stays "ß"), so that the length and every position
+// found in the result are those of the text.
 QString AnsiUpperCase(const QString& text);
 QString AnsiLowerCase(const QString& text);
 inline QString WideUpperCase(const QString& text) { return AnsiUpperCase(text); }
