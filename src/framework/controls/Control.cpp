@@ -319,16 +319,20 @@ void TControl::ChangeScale(int multiplier, int divider) {
 void TControl::MouseButtonDown(TMessage& message, TMouseButton button, TShiftState extra) {
   TPoint point = LParamToPoint(message.LParam);
   MouseDown(button, KeysToShiftState(message.WParam) + extra, point.X, point.Y);
+  // A window over one of Qt's own widgets still places the caret, presses the button...
+  DefaultHandler(message);
 }
 
 void TControl::MouseButtonUp(TMessage& message, TMouseButton button) {
   TPoint point = LParamToPoint(message.LParam);
   MouseUp(button, KeysToShiftState(message.WParam), point.X, point.Y);
+  DefaultHandler(message);
 }
 
 void TControl::WMMouseMove(TMessage& message) {
   TPoint point = LParamToPoint(message.LParam);
   MouseMove(KeysToShiftState(message.WParam), point.X, point.Y);
+  DefaultHandler(message);
 }
 
 void TControl::WMLButtonDown(TMessage& message) {

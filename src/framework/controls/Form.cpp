@@ -64,7 +64,25 @@ void TForm::Close() {
   Hide();
 }
 
+namespace {
+
+// Offers a dialog key to every control on the form until one takes it.
+bool OfferDialogKey(TWinControl* parent, TMessage& message) {
+  for (int index = 0; index < parent->ControlCount(); ++index) {
+    auto* child = dynamic_cast<TWinControl*>(parent->Controls(index));
+    if (!child) continue;
+    if (child->Perform(CM_DIALOGKEY, message.WParam, message.LParam) != 0 || OfferDialogKey(child, message)) {
+      message.Result = 1;
+      return true;
+    }
+  }
+  return false;
+}
+
+}  // namespace
+
 void TForm::CMDialogKey(TMessage& message) {
+  if ((message.WParam == VK_RETURN || message.WParam == VK_ESCAPE) && OfferDialogKey(this, message)) return;
   if (message.WParam == VK_ESCAPE && inModalLoop_) {
     modalResult_ = mrCancel;
     message.Result = 1;

@@ -365,3 +365,16 @@ TEST_F(GridTest, PostedMessageIsFoundAndTakenOut) {
   EXPECT_TRUE(PeekMessage(nullptr, grid, kDeferred, kDeferred, PM_REMOVE));
   EXPECT_FALSE(PeekMessage(nullptr, grid, kDeferred, kDeferred, PM_NOREMOVE));
 }
+
+TEST_F(GridTest, ClickInTheEditorPlacesTheCaretThere) {
+  grid->SetOptions(grid->Options() + goEditing);
+  grid->editText = QStringLiteral("abcdef");
+  Key(Qt::Key_F2);
+  TInplaceEdit* editor = grid->InplaceEditor();
+  ASSERT_NE(editor, nullptr);
+  EXPECT_EQ(editor->SelLength(), 6);
+  QTest::mouseClick(editor->Handle(), Qt::LeftButton, Qt::NoModifier, QPoint(2, editor->Height() / 2));
+  EXPECT_EQ(editor->SelLength(), 0);
+  EXPECT_EQ(editor->SelStart(), 0);
+  EXPECT_TRUE(grid->EditorMode());
+}
