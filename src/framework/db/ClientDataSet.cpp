@@ -320,6 +320,7 @@ void TCustomClientDataSet::InternalPost() {
   if (!record->pending) return;
   int row = record->row;
   int position = 0;
+  int current = -1;
   if (State() == dsInsert) {
     position = InsertPosition(record);
     const bool before = record->flag == bfInserted && row >= 0;
@@ -328,12 +329,13 @@ void TCustomClientDataSet::InternalPost() {
     natural_.insert(next, row);
   } else {
     position = RecordPosition(record);
+    current = position;
     WriteRow(row, *record->pending);
   }
   record->pending.reset();
   record->row = row;
   record->flag = bfCurrent;
-  PlaceRow(row, position);
+  PlaceRow(row, position, current);
 }
 
 void TCustomClientDataSet::InternalAddRecord(TRecordBuffer buffer, bool append) {
@@ -342,7 +344,7 @@ void TCustomClientDataSet::InternalAddRecord(TRecordBuffer buffer, bool append) 
   const int position = InsertPosition(record);
   const int row = AppendRow(record->pending ? *record->pending : std::vector<Variant>());
   natural_.push_back(row);
-  PlaceRow(row, position);
+  PlaceRow(row, position, -1);
 }
 
 void TCustomClientDataSet::InternalDelete() {

@@ -134,7 +134,10 @@ private:
   int PositionOf(int row) const;
   int RecordPosition(const TRecord* record) const;
   void ViewChanged();
-  void PlaceRow(int row, int position);
+  // Puts a posted row where the index and the filter want it, near position without an
+  // index; current is its index in the view before, -1 for a new row.
+  void PlaceRow(int row, int position, int current);
+  int IndexedPosition(int row) const;
   void ChangeView(const std::vector<TIndexKey>& keys, const QString& fieldNames, const QString& indexName);
   std::vector<TIndexKey> KeysFor(const QString& fieldNames, const QString& indexName) const;
   void RefreshView();

@@ -87,29 +87,39 @@ void TCustomClientDataSet::RebuildView() {
   ViewChanged();
 }
 
-void TCustomClientDataSet::PlaceRow(int row, int position) {
-  const int current = PositionOf(row);
+void TCustomClientDataSet::PlaceRow(int row, int position, int current) {
   if (current >= 0) view_.erase(view_.begin() + current);
-  ViewChanged();
   if (FilterActive() && !Accepts(row)) {
+    ViewChanged();
     cursor_ = std::clamp(position, 0, int(view_.size()));
     return;
   }
-  if (!indexKeys_.empty()) {
-    // Among equal keys the natural order decides, as in a view built afresh.
-    const auto naturalRank = [this](int32_t of) {
-      return std::find(natural_.begin(), natural_.end(), of) - natural_.begin();
-    };
-    const auto rank = naturalRank(row);
-    const auto at = std::partition_point(view_.begin(), view_.end(), [&](int32_t other) {
-      return Less(other, row) || (!Less(row, other) && naturalRank(other) < rank);
-    });
-    position = int(at - view_.begin());
-  }
+  if (!indexKeys_.empty()) position = IndexedPosition(row);
   position = std::clamp(position, 0, int(view_.size()));
   view_.insert(view_.begin() + position, row);
-  ViewChanged();
   cursor_ = position;
+  if (position == current) return;
+  // Appending moves no other row, so the positions need not be worked out again.
+  if (current < 0 && position + 1 == int(view_.size()) && positionsValid_) {
+    positions_.resize(deleted_.size(), -1);
+    positions_[size_t(row)] = position;
+    ++viewVersion_;
+    return;
+  }
+  ViewChanged();
+}
+
+int TCustomClientDataSet::IndexedPosition(int row) const {
+  // Among equal keys the natural order decides, as in a view built afresh.
+  const auto naturalRank = [this](int32_t of) {
+    return std::find(natural_.begin(), natural_.end(), of) - natural_.begin();
+  };
+  const auto lower = std::partition_point(view_.begin(), view_.end(), [&](int32_t other) { return Less(other, row); });
+  const auto upper = std::partition_point(lower, view_.end(), [&](int32_t other) { return !Less(row, other); });
+  if (lower == upper) return int(lower - view_.begin());
+  const auto rank = naturalRank(row);
+  return int(std::partition_point(lower, upper, [&](int32_t other) { return naturalRank(other) < rank; }) -
+             view_.begin());
 }
 
 // --- Indexes --------------------------------------------------------------------------
