@@ -62,9 +62,12 @@ void TQuilCustomDBGrid::DeferLayout() {
   CancelLayout();
 }
 
+// A busy lock belongs to a running transaction, which must not be cancelled from here:
+// the message only waits for the next round.
 void TQuilCustomDBGrid::CMDeferLayout(TMessage&) {
   if (AcquireLayoutLock()) EndLayout();
-  else DeferLayout();
+  else if (!PeekMessage(nullptr, this, CM_DEFERLAYOUT, CM_DEFERLAYOUT, PM_NOREMOVE))
+    PostMessage(this, CM_DEFERLAYOUT, 0, 0);
 }
 
 void TQuilCustomDBGrid::Dispatch(TMessage& message) {

@@ -38,6 +38,8 @@ TField::TField(TComponent* owner) : TComponent(owner) {}
 TField::~TField() {
   Destroying();
   if (dataSet_) dataSet_->fields_->Remove(this);
+  // Controls that show the field tell it by its class, so they hear of it as a field.
+  NotifyFreeing();
 }
 
 // --- Identity -------------------------------------------------------------------------

@@ -41,13 +41,7 @@ TComponent::TComponent(TComponent* owner) {
 
 TComponent::~TComponent() {
   Destroying();
-  // Whoever listens hears of the freeing while this object is still whole.
-  while (!freeNotifies_.empty()) {
-    TComponent* listener = freeNotifies_.back();
-    freeNotifies_.pop_back();
-    Erase(listener->freeNotifies_, this);
-    listener->Notification(this, opRemove);
-  }
+  NotifyFreeing();
   while (!components_.empty()) {
     TComponent* owned = components_.back();
     Remove(owned);
@@ -110,6 +104,15 @@ void TComponent::RemoveFreeNotification(TComponent* component) {
   if (!component) return;
   DropFreeLink(component);
   component->DropFreeLink(this);
+}
+
+void TComponent::NotifyFreeing() {
+  while (!freeNotifies_.empty()) {
+    TComponent* listener = freeNotifies_.back();
+    freeNotifies_.pop_back();
+    Erase(listener->freeNotifies_, this);
+    listener->Notification(this, opRemove);
+  }
 }
 
 void TComponent::Destroying() {

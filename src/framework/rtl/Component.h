@@ -76,6 +76,10 @@ public:
 
 protected:
   virtual void Notification(TComponent* component, TOperation operation);
+  // Sends opRemove to the listeners now. A descendant's destructor that wants them to
+  // see its own class (a dynamic_cast in Notification) calls it before it unwinds;
+  // ~TComponent calls it otherwise.
+  void NotifyFreeing();
   void SetComponentState(TComponentState state) { state_ = state; }
   void IncludeState(TComponentStateMember member) { state_.Include(member); }
   void ExcludeState(TComponentStateMember member) { state_.Exclude(member); }
