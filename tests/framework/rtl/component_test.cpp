@@ -132,3 +132,43 @@ TEST(TComponent, LoadingBracketsTheState) {
   EXPECT_EQ(component.ClassName(), "TComponent");
   EXPECT_TRUE(component.InheritsFrom(TPersistent::StaticClass()));
 }
+
+namespace {
+class TNotifier : public TComponent {
+public:
+  using TComponent::TComponent;
+};
+
+// Tells its listeners of its freeing before its own part unwinds.
+class TEarlyNotifier : public TNotifier {
+public:
+  using TNotifier::TNotifier;
+  ~TEarlyNotifier() override { NotifyFreeing(); }
+};
+
+// Notes whether the component it hears of is still a TNotifier.
+class ClassWitness : public TComponent {
+public:
+  using TComponent::TComponent;
+  std::vector<bool> sawNotifier;
+
+protected:
+  void Notification(TComponent* component, TOperation operation) override {
+    TComponent::Notification(component, operation);
+    if (operation == opRemove) sawNotifier.push_back(dynamic_cast<TNotifier*>(component) != nullptr);
+  }
+};
+}  // namespace
+
+// Without NotifyFreeing the listeners hear from ~TComponent, when only that part is left.
+TEST(TComponent, NotifyFreeingLetsListenersSeeTheDescendant) {
+  ClassWitness witness(nullptr);
+  auto* early = new TEarlyNotifier(nullptr);
+  witness.FreeNotification(early);
+  delete early;
+  auto* late = new TNotifier(nullptr);
+  witness.FreeNotification(late);
+  delete late;
+  EXPECT_EQ(witness.sawNotifier, (std::vector<bool>{true, false}));
+  witness.CheckConsistency();
+}
