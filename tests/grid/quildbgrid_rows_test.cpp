@@ -1,0 +1,120 @@
+// Composition of the base grid's rows: title rows, data rows, the blank row and the
+// total rows, with and without records and totals.
+#include "GridTestKit.h"
+
+using namespace quil;
+using gridtest::GridFixture;
+
+namespace {
+
+class RowComposition : public GridFixture {
+protected:
+  int Line() const { return grid->GridLineWidth(); }
+  // Height of the last `count` rows with their lines.
+  int BottomRowsHeight(int count) const {
+    int height = 0;
+    for (int row = grid->RowCount() - count; row < grid->RowCount(); ++row) height += grid->RowHeights(row) + Line();
+    return height;
+  }
+};
+
+TEST_F(RowComposition, WithoutTotalsRowsAreTitlesAndBufferedRecords) {
+  Open(500);
+  EXPECT_EQ(grid->TotalRows(), 0);
+  EXPECT_EQ(grid->RowCount(), 1 + grid->DataLink()->RecordCount());
+  EXPECT_EQ(grid->FixedRows(), 1);
+  EXPECT_EQ(grid->GetTotalRowCount(), 0);
+}
+
+TEST_F(RowComposition, TotalRowsStandBelowABlankRowThatFillsTheRest) {
+  Open(500);
+  grid->SetOptionsEx(grid->OptionsEx() + dgTotalHeader + dgTotalFooter);
+  ASSERT_EQ(grid->TotalRows(), 3);
+  EXPECT_EQ(grid->GetTotalRowCount(), 2);
+  EXPECT_EQ(grid->GetTotalFieldsRowCount(), 0);
+  EXPECT_EQ(grid->TotalHeaderRows(), 1);
+  EXPECT_EQ(grid->TotalFooterRows(), 1);
+  const int records = grid->DataLink()->RecordCount();
+  EXPECT_EQ(grid->RowCount(), 1 + records + 3);
+  // The records that fit above the two total rows.
+  const int totalsHeight = 2 * (grid->TotalRowHeight() + Line());
+  EXPECT_EQ(records, RowsThatFit(totalsHeight));
+  EXPECT_EQ(grid->RowHeights(grid->RowCount() - 1), grid->TotalRowHeight());
+  EXPECT_EQ(grid->RowHeights(grid->RowCount() - 2), grid->TotalRowHeight());
+  const int blank = grid->RowHeights(grid->RowCount() - 3);
+  EXPECT_EQ(blank, std::max(0, grid->GetBlankHeight()) - Line());
+  // Titles, data, blank and totals fill the client height exactly.
+  const int dataRows = records * (grid->DefaultRowHeight() + Line());
+  EXPECT_EQ(grid->RowHeights(0) + Line() + dataRows + blank + Line() + totalsHeight, grid->ClientHeight());
+  EXPECT_EQ(grid->GetTotalHeight(), BottomRowsHeight(2));
+}
+
+TEST_F(RowComposition, WithoutRecordsOneEmptyDataRowStaysAboveTheTotals) {
+  Open(0);
+  grid->SetOptionsEx(grid->OptionsEx() + dgTotalHeader + dgTotalFooter);
+  EXPECT_EQ(grid->RowCount(), grid->TitleOffset() + 4);
+  EXPECT_EQ(grid->DataLink()->RecordCount(), 0);
+  EXPECT_EQ(grid->GetDataRowCount(), 0);
+  EXPECT_EQ(grid->RowHeights(grid->RowCount() - 3), std::max(0, grid->GetBlankHeight()) - Line());
+  EXPECT_EQ(grid->GetDataRowsHeight(), grid->GetRowHeight());
+  grid->Invalidate();
+  Paint();
+  EXPECT_TRUE(grid->DrawnRows().count(grid->TitleOffset()));
+}
+
+TEST_F(RowComposition, AnInactiveLinkKeepsTitlesOneRowAndTotals) {
+  Open(50);
+  grid->SetOptionsEx(grid->OptionsEx() + dgTotalFooter);
+  dataSet->Close();
+  EXPECT_EQ(grid->RowCount(), grid->TitleOffset() + 2 + 1);
+  EXPECT_EQ(grid->Row(), grid->TitleOffset());
+  EXPECT_EQ(grid->GetDataRowCount(), 0);
+  dataSet->Open();
+  EXPECT_EQ(grid->RowCount(), grid->TitleOffset() + grid->DataLink()->RecordCount() + 2);
+}
+
+TEST_F(RowComposition, DataRowsFillingTheAreaLeaveABlankRowOfNoHeight) {
+  Open(500);
+  grid->SetOptionsEx(grid->OptionsEx() + dgBlankRow);
+  ASSERT_EQ(grid->TotalRows(), 1);
+  // Make the data area a whole number of rows: the blank height computes as 0 or less.
+  const int rowHeight = grid->DefaultRowHeight() + Line();
+  const int border = grid->Height() - grid->ClientHeight();
+  grid->SetHeight(border + grid->RowHeights(0) + Line() + 6 * rowHeight);
+  QCoreApplication::processEvents();
+  EXPECT_EQ(grid->DataLink()->RecordCount(), 6);
+  EXPECT_LE(grid->GetBlankHeight(), 0);
+  EXPECT_EQ(grid->RowHeights(grid->RowCount() - 1), -Line());
+}
+
+TEST_F(RowComposition, AGridShorterThanItsTitlesAndTotalsStillShowsOneRecord) {
+  Open(50);
+  grid->SetOptionsEx(grid->OptionsEx() + dgTotalHeader + dgTotalFooter);
+  grid->SetHeight(20);
+  QCoreApplication::processEvents();
+  EXPECT_EQ(grid->GetVisibleRowCount(), 1);
+  EXPECT_EQ(grid->DataLink()->BufferCount(), 1);
+  EXPECT_EQ(grid->RowCount(), grid->TitleOffset() + 1 + 3);
+}
+
+TEST_F(RowComposition, WithoutTitlesTheDataStartsAtRowZero) {
+  Open(50);
+  grid->SwitchOptions({dgTitles}, false);
+  EXPECT_EQ(grid->TitleOffset(), 0);
+  EXPECT_EQ(grid->FixedRows(), 0);
+  EXPECT_EQ(grid->Row(), 0);
+  EXPECT_EQ(grid->RowCount(), grid->DataLink()->RecordCount());
+  EXPECT_EQ(grid->DataLink()->BufferCount(), (grid->ClientHeight() + Line()) / (grid->DefaultRowHeight() + Line()));
+}
+
+TEST_F(RowComposition, LinesCountMakesTallerRowsAndFewerRecords) {
+  Open(500);
+  const int oneLine = grid->DataLink()->BufferCount();
+  const int rowHeight = grid->DefaultRowHeight();
+  grid->SetLinesCount(2);
+  EXPECT_EQ(grid->DefaultRowHeight(), rowHeight + grid->DataLineHeight());
+  EXPECT_LT(grid->DataLink()->BufferCount(), oneLine);
+  EXPECT_EQ(grid->DataLink()->BufferCount(), RowsThatFit());
+}
+
+}  // namespace

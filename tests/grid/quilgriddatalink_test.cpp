@@ -1,0 +1,187 @@
+// The data link's events while the data set scrolls, edits and changes, and what the
+// grid repaints for each.
+#include "GridTestKit.h"
+
+using namespace quil;
+using gridtest::GridFixture;
+using gridtest::TProbeGrid;
+
+namespace {
+
+class TOneWayDataSet : public TClientDataSet {
+public:
+  using TClientDataSet::TClientDataSet;
+  using TClientDataSet::SetUniDirectional;
+};
+
+class GridDataLink : public GridFixture {
+protected:
+  int CurrentRow() const { return grid->Row(); }
+};
+
+TEST_F(GridDataLink, IsAVisualLinkThatTheGridOwns) {
+  Open(5);
+  EXPECT_TRUE(grid->DataLink()->VisualControl());
+  EXPECT_EQ(grid->DataLink()->Grid(), grid);
+  EXPECT_EQ(grid->DataSource(), source);
+  EXPECT_EQ(grid->DataSet(), dataSet);
+}
+
+// Edit tells of a changed record (the data rows) and of editing (the indicator); the
+// titles stay as they are.
+TEST_F(GridDataLink, EditingRepaintsTheDataRowsAndTheIndicatorButNotTheTitles) {
+  Open(50);
+  grid->MoveBy(2);
+  Settle();
+  dataSet->Edit();
+  Paint();
+  EXPECT_EQ(grid->drawn.count({CurrentRow(), 0}), 1u);
+  EXPECT_FALSE(grid->DrawnRows().count(0));
+  EXPECT_EQ(grid->LastDrawnCurrentRow(), CurrentRow());
+}
+
+TEST_F(GridDataLink, AChangedFieldRepaintsOnlyItsColumn) {
+  Open(50);
+  dataSet->Edit();
+  Settle();
+  dataSet->FieldByName("City")->SetAsString("Rome");
+  Paint();
+  EXPECT_EQ(grid->DrawnCols(), std::set<int>{grid->DataToRawColumn(2)});
+  EXPECT_TRUE(grid->DrawnRows().count(CurrentRow()));
+  EXPECT_EQ(grid->GetFieldValue(2), QStringLiteral("Rome"));
+}
+
+TEST_F(GridDataLink, ADataChangePaintsEveryCellOnce) {
+  Open(50);
+  dataSet->Edit();
+  dataSet->FieldByName("Name")->SetAsString("Changed");
+  Settle();
+  dataSet->Post();
+  grid->Invalidate();  // a second request before the paint must not paint twice
+  Paint();
+  const int cells = grid->RowCount() * grid->ColCount();
+  EXPECT_EQ(grid->DrawnCount(), cells);
+  EXPECT_EQ(int(grid->drawn.size()), cells);
+  EXPECT_EQ(grid->GetFieldValue(1), QStringLiteral("Changed"));
+}
+
+TEST_F(GridDataLink, RowsFollowAppendsAndDeletesWhileTheyFit) {
+  Open(3);
+  EXPECT_EQ(grid->RowCount(), grid->TitleOffset() + 3);
+  dataSet->Last();
+  dataSet->Append();
+  EXPECT_EQ(grid->RowCount(), grid->TitleOffset() + 4);
+  EXPECT_EQ(CurrentRow(), grid->TitleOffset() + 3);
+  dataSet->FieldByName("ID")->SetAsInteger(4);
+  dataSet->Post();
+  EXPECT_EQ(grid->RowCount(), grid->TitleOffset() + 4);
+  dataSet->First();
+  dataSet->Delete();
+  dataSet->Delete();
+  EXPECT_EQ(grid->RowCount(), grid->TitleOffset() + 2);
+  EXPECT_EQ(CurrentRow(), grid->TitleOffset() + grid->DataLink()->ActiveRecord());
+  dataSet->CheckConsistency();
+}
+
+TEST_F(GridDataLink, CursorRowAlwaysMatchesTheActiveRecord) {
+  Open(300);
+  const int moves[] = {1, 1, 5, -3, 40, -2, 100, -150, 7, -1};
+  for (int distance : moves) {
+    dataSet->MoveBy(distance);
+    EXPECT_EQ(CurrentRow(), grid->TitleOffset() + grid->DataLink()->ActiveRecord()) << "after " << distance;
+    EXPECT_EQ(grid->GetPosition(), grid->DataLink()->ActiveRecord());
+  }
+  grid->SetPosition(0);
+  EXPECT_EQ(CurrentRow(), grid->TitleOffset());
+  grid->SetPosition(1000);
+  EXPECT_EQ(grid->GetPosition(), grid->DataLink()->RecordCount() - 1);
+  dataSet->CheckConsistency();
+}
+
+TEST_F(GridDataLink, RecordNumbersComeFromTheDataSet) {
+  Open(40);
+  grid->MoveBy(6);
+  EXPECT_EQ(grid->GetRecNumber(), 7);
+  EXPECT_EQ(grid->GetRecCount(), 40);
+  grid->SetRecNumber(30);
+  EXPECT_EQ(dataSet->RecNo(), 30);
+  EXPECT_EQ(CurrentRow(), grid->TitleOffset() + grid->DataLink()->ActiveRecord());
+}
+
+TEST_F(GridDataLink, ClosingLeavesOneEmptyRowAndReopeningRefillsTheWindow) {
+  Open(100);
+  grid->MoveBy(5);
+  dataSet->Close();
+  EXPECT_FALSE(grid->DataLink()->Active());
+  EXPECT_EQ(grid->RowCount(), grid->TitleOffset() + 1);
+  EXPECT_EQ(CurrentRow(), grid->TitleOffset());
+  EXPECT_EQ(grid->GetPosition(), 0);
+  EXPECT_EQ(grid->GetFieldValue(0), QString());
+  dataSet->Open();
+  EXPECT_EQ(grid->DataLink()->BufferCount(), RowsThatFit());
+  EXPECT_EQ(grid->Columns()->Count(), 4);
+}
+
+TEST_F(GridDataLink, CancelRunsUnderThePositionLockAndRestoresIt) {
+  Open(10);
+  dataSet->Insert();
+  grid->DataLink()->Cancel();
+  EXPECT_EQ(dataSet->State(), dsBrowse);
+  EXPECT_EQ(grid->PositionLock(), 0);
+  dataSet->Insert();
+  dataSet->FieldByName("ID")->SetAsInteger(11);
+  dataSet->FieldByName("ID")->SetRequired(true);
+  grid->DataLink()->Reset();
+  EXPECT_EQ(dataSet->State(), dsBrowse);
+}
+
+TEST_F(GridDataLink, LeavingTheGridCancelsAnUntouchedInsert) {
+  Open(10);
+  dataSet->Insert();
+  grid->Perform(CM_EXIT, 0, 0);
+  EXPECT_EQ(dataSet->State(), dsBrowse);
+  EXPECT_EQ(dataSet->RecordCount(), 10);
+  dataSet->Insert();
+  dataSet->FieldByName("ID")->SetAsInteger(11);
+  grid->Perform(CM_EXIT, 0, 0);
+  EXPECT_EQ(dataSet->State(), dsInsert) << "a typed record stays";
+  dataSet->Cancel();
+}
+
+TEST_F(GridDataLink, AUnidirectionalDataSetIsRefused) {
+  Open(3);
+  TOneWayDataSet oneWay(nullptr);
+  dbtest::FillPeople(oneWay, 3);
+  oneWay.SetUniDirectional(true);
+  TDataSource oneWaySource(nullptr);
+  oneWaySource.SetDataSet(&oneWay);
+  EXPECT_THROW(grid->SetDataSource(&oneWaySource), EDatabaseError);
+  EXPECT_EQ(grid->DataSource(), source);
+}
+
+TEST_F(GridDataLink, FreeingTheDataSourceUnbindsTheGrid) {
+  Open(3);
+  delete source;
+  source = nullptr;
+  EXPECT_EQ(grid->DataSource(), nullptr);
+  EXPECT_FALSE(grid->DataLink()->Active());
+  EXPECT_EQ(grid->RowCount(), grid->TitleOffset() + 1);
+}
+
+TEST_F(GridDataLink, AddMappingRaisesForAMissingFieldUnlessTheMapIsSparse) {
+  Open(3);
+  TQuilGridDataLink* link = grid->DataLink();
+  link->ClearMapping();
+  link->SetSparseMap(false);
+  EXPECT_THROW(link->AddMapping("Nowhere"), EDatabaseError);
+  link->SetSparseMap(true);
+  EXPECT_TRUE(link->AddMapping("Nowhere"));
+  for (int index = 0; index < 20; ++index) link->AddMapping("City");
+  EXPECT_EQ(link->FieldCount(), 21);
+  EXPECT_EQ(link->GetMappedIndex(0), -1);
+  EXPECT_EQ(link->GetFields(20), dataSet->FieldByName("City"));
+  EXPECT_EQ(link->GetFields(21), nullptr);
+  EXPECT_EQ(link->GetMappedIndex(-1), -1);
+}
+
+}  // namespace
