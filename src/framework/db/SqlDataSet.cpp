@@ -188,16 +188,29 @@ std::vector<TCustomSQLDataSet::TRowPtr> TCustomSQLDataSet::FetchRows(const QStri
   return rows;
 }
 
-int64_t TCustomSQLDataSet::CountRows(const QString& where, const std::vector<QVariant>& values) const {
-  QString sql = QStringLiteral("SELECT count(*) FROM (%1) c").arg(statement_);
-  std::vector<QVariant> all = statementValues_;
-  QStringList conditions;
-  if (!filter_.sql.isEmpty()) conditions.append(filter_.sql);
-  all.insert(all.end(), filter_.values.begin(), filter_.values.end());
-  if (!where.isEmpty()) conditions.append(where);
-  all.insert(all.end(), values.begin(), values.end());
-  if (!conditions.isEmpty()) sql += QStringLiteral(" WHERE ") + conditions.join(QLatin1String(" AND "));
-  QSqlQuery query = Run(sql, all);
+TSQLClause TCustomSQLDataSet::Select(const std::vector<TSQLClause>& conditions) const {
+  TSQLClause select{statement_, statementValues_};
+  QStringList terms;
+  const auto add = [&](const TSQLClause& condition) {
+    if (condition.sql.isEmpty()) return;
+    terms.append(condition.sql);
+    select.values.insert(select.values.end(), condition.values.begin(), condition.values.end());
+  };
+  add(filter_);
+  for (const TSQLClause& condition : conditions) add(condition);
+  if (!terms.isEmpty()) select.sql += QStringLiteral(" WHERE ") + terms.join(QLatin1String(" AND "));
+  return select;
+}
+
+TSQLClause TCustomSQLDataSet::KeyCondition(const std::vector<QVariant>& key) const {
+  QStringList terms;
+  for (int column : keyColumns_) terms.append(QuoteIdentifier(columns_[size_t(column)].name) + QLatin1String(" = ?"));
+  return {terms.join(QLatin1String(" AND ")), key};
+}
+
+int64_t TCustomSQLDataSet::CountRows(const std::vector<TSQLClause>& conditions) const {
+  const TSQLClause select = Select(conditions);
+  QSqlQuery query = Run(QStringLiteral("SELECT count(*) FROM (%1) c").arg(select.sql), select.values);
   query.next();
   return query.value(0).toLongLong();
 }
@@ -215,14 +228,8 @@ std::vector<QVariant> TCustomSQLDataSet::KeyValues(const TRow& row) const {
 }
 
 TCustomSQLDataSet::TRowPtr TCustomSQLDataSet::RowByKey(const std::vector<QVariant>& key) const {
-  QStringList conditions;
-  std::vector<QVariant> values = statementValues_;
-  for (size_t index = 0; index < keyColumns_.size(); ++index)
-    conditions.append(QuoteIdentifier(columns_[size_t(keyColumns_[index])].name) + QLatin1String(" = ?"));
-  if (!filter_.sql.isEmpty()) conditions.append(filter_.sql);
-  values.insert(values.end(), key.begin(), key.end());
-  values.insert(values.end(), filter_.values.begin(), filter_.values.end());
-  const auto rows = FetchRows(statement_ + QStringLiteral(" WHERE ") + conditions.join(QLatin1String(" AND ")), values);
+  const TSQLClause select = Select({KeyCondition(key)});
+  const auto rows = FetchRows(select.sql, select.values);
   return rows.empty() ? nullptr : rows.front();
 }
 
@@ -241,20 +248,12 @@ void TCustomSQLDataSet::ResetCache(bool atStart, bool atEnd) {
 // the first (or last) rows of the result.
 std::vector<TCustomSQLDataSet::TRowPtr> TCustomSQLDataSet::FetchBeyond(const TRowPtr& anchor, TEnd end) const {
   const bool back = end == TEnd::Back;
-  QStringList conditions;
-  std::vector<QVariant> values = statementValues_;
-  if (!filter_.sql.isEmpty()) conditions.append(filter_.sql);
-  values.insert(values.end(), filter_.values.begin(), filter_.values.end());
-  if (anchor) {
-    const TSQLClause edge =
-        keyset_.Condition(OrderValues(*anchor), back ? TSQLKeyset::TDirection::After : TSQLKeyset::TDirection::Before);
-    conditions.append(edge.sql);
-    values.insert(values.end(), edge.values.begin(), edge.values.end());
-  }
-  QString sql = statement_;
-  if (!conditions.isEmpty()) sql += QStringLiteral(" WHERE ") + conditions.join(QLatin1String(" AND "));
-  sql += keyset_.OrderBy(!back) + QStringLiteral(" LIMIT %1").arg(fetchSize_);
-  return FetchRows(sql, values);
+  std::vector<TSQLClause> conditions;
+  if (anchor)
+    conditions.push_back(keyset_.Condition(OrderValues(*anchor),
+                                           back ? TSQLKeyset::TDirection::After : TSQLKeyset::TDirection::Before));
+  const TSQLClause select = Select(conditions);
+  return FetchRows(select.sql + keyset_.OrderBy(!back) + QStringLiteral(" LIMIT %1").arg(fetchSize_), select.values);
 }
 
 // Reads beyond one end of the cache until a row passes OnFilterRecord or the result
@@ -308,16 +307,9 @@ void TCustomSQLDataSet::Trim(TEnd keep) {
 
 void TCustomSQLDataSet::Seek(const TRow& row) {
   ResetCache(false, false);
-  QStringList conditions;
-  std::vector<QVariant> values = statementValues_;
-  if (!filter_.sql.isEmpty()) conditions.append(filter_.sql);
-  values.insert(values.end(), filter_.values.begin(), filter_.values.end());
-  const TSQLClause from = keyset_.Condition(OrderValues(row), TSQLKeyset::TDirection::AtOrAfter);
-  conditions.append(from.sql);
-  values.insert(values.end(), from.values.begin(), from.values.end());
-  const QString sql = statement_ + QStringLiteral(" WHERE ") + conditions.join(QLatin1String(" AND ")) +
-                      keyset_.OrderBy(false) + QStringLiteral(" LIMIT %1").arg(fetchSize_);
-  const std::vector<TRowPtr> fetched = FetchRows(sql, values);
+  const TSQLClause select = Select({keyset_.Condition(OrderValues(row), TSQLKeyset::TDirection::AtOrAfter)});
+  const std::vector<TRowPtr> fetched =
+      FetchRows(select.sql + keyset_.OrderBy(false) + QStringLiteral(" LIMIT %1").arg(fetchSize_), select.values);
   for (const TRowPtr& fetchedRow : fetched)
     if (Accepts(fetchedRow)) rows_.push_back(fetchedRow);
   atEnd_ = int(fetched.size()) < fetchSize_;
@@ -330,12 +322,10 @@ void TCustomSQLDataSet::LoadAt(int64_t position) {
   const bool fromEnd = position >= count / 2;
   const int64_t first = fromEnd ? std::max<int64_t>(0, position - fetchSize_ + 1) : std::max<int64_t>(0, position - fetchSize_ / 2);
   const int64_t offset = fromEnd ? count - 1 - std::min(count - 1, first + fetchSize_ - 1) : first;
-  QString sql = statement_;
-  std::vector<QVariant> values = statementValues_;
-  if (!filter_.sql.isEmpty()) sql += QStringLiteral(" WHERE ") + filter_.sql;
-  values.insert(values.end(), filter_.values.begin(), filter_.values.end());
-  sql += keyset_.OrderBy(fromEnd) + QStringLiteral(" LIMIT %1 OFFSET %2").arg(fetchSize_).arg(offset);
-  std::vector<TRowPtr> fetched = FetchRows(sql, values);
+  const TSQLClause select = Select({});
+  std::vector<TRowPtr> fetched = FetchRows(
+      select.sql + keyset_.OrderBy(fromEnd) + QStringLiteral(" LIMIT %1 OFFSET %2").arg(fetchSize_).arg(offset),
+      select.values);
   if (fromEnd) std::reverse(fetched.begin(), fetched.end());
   ResetCache(false, false);
   rows_.assign(fetched.begin(), fetched.end());
@@ -356,7 +346,7 @@ int TCustomSQLDataSet::IndexOfRow(const TRowPtr& row) const {
 }
 
 int64_t TCustomSQLDataSet::Count() const {
-  if (!count_) count_ = HandlerFilters() ? -1 : CountRows({}, {});
+  if (!count_) count_ = HandlerFilters() ? -1 : CountRows({});
   return *count_;
 }
 
@@ -366,8 +356,7 @@ int64_t TCustomSQLDataSet::FirstPosition() const {
   if (atEnd_) {
     firstPosition_ = Count() - int64_t(rows_.size());
   } else {
-    const TSQLClause before = keyset_.Condition(OrderValues(*rows_.front()), TSQLKeyset::TDirection::Before);
-    firstPosition_ = CountRows(before.sql, before.values);
+    firstPosition_ = CountRows({keyset_.Condition(OrderValues(*rows_.front()), TSQLKeyset::TDirection::Before)});
   }
   return *firstPosition_;
 }

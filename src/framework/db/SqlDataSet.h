@@ -155,7 +155,10 @@ private:
   // Running statements
   QSqlQuery Run(const QString& sql, const std::vector<QVariant>& values) const;
   std::vector<TRowPtr> FetchRows(const QString& sql, const std::vector<QVariant>& values) const;
-  int64_t CountRows(const QString& where, const std::vector<QVariant>& values) const;
+  // The wrapped statement restricted by the filter and the conditions, with all values.
+  TSQLClause Select(const std::vector<TSQLClause>& conditions) const;
+  TSQLClause KeyCondition(const std::vector<QVariant>& key) const;
+  int64_t CountRows(const std::vector<TSQLClause>& conditions) const;
   std::vector<QVariant> OrderValues(const TRow& row) const;
   std::vector<QVariant> KeyValues(const TRow& row) const;
   TRowPtr RowByKey(const std::vector<QVariant>& key) const;

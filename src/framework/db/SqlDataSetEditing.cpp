@@ -73,12 +73,9 @@ void TCustomSQLDataSet::InternalAddRecord(TRecordBuffer buffer, bool append) {
 
 void TCustomSQLDataSet::InternalDelete() {
   const TRecord* record = Record(ActiveBuffer());
-  QStringList conditions;
-  for (int column : keyColumns_) conditions.append(QuoteIdentifier(columns_[size_t(column)].name) + QLatin1String(" = ?"));
+  const TSQLClause key = KeyCondition(KeyValues(*record->row));
   TSQLWriteTransaction transaction(CheckConnection());
-  QSqlQuery query = Run(QStringLiteral("DELETE FROM %1 WHERE %2")
-                            .arg(QuoteIdentifier(table_), conditions.join(QLatin1String(" AND "))),
-                        KeyValues(*record->row));
+  QSqlQuery query = Run(QStringLiteral("DELETE FROM %1 WHERE %2").arg(QuoteIdentifier(table_), key.sql), key.values);
   if (query.numRowsAffected() == 0) DatabaseError(SRecordNotFound, this);
   transaction.Commit();
   const int index = IndexOfRow(record->row);
@@ -132,12 +129,10 @@ TCustomSQLDataSet::TRowPtr TCustomSQLDataSet::Update(const TRow& original, const
     bound.push_back(ToSqlValue(values[column], columns_[column].type, Dialect()));
   }
   if (assignments.isEmpty()) return std::make_shared<TRow>(original);
-  QStringList conditions;
-  for (int column : keyColumns_) conditions.append(QuoteIdentifier(columns_[size_t(column)].name) + QLatin1String(" = ?"));
-  const std::vector<QVariant> key = KeyValues(original);
-  bound.insert(bound.end(), key.begin(), key.end());
+  const TSQLClause key = KeyCondition(KeyValues(original));
+  bound.insert(bound.end(), key.values.begin(), key.values.end());
   return Write(QStringLiteral("UPDATE %1 SET %2 WHERE %3")
-                   .arg(QuoteIdentifier(table_), assignments.join(QLatin1String(", ")), conditions.join(QLatin1String(" AND "))),
+                   .arg(QuoteIdentifier(table_), assignments.join(QLatin1String(", ")), key.sql),
                bound);
 }
 
@@ -208,12 +203,9 @@ int TCustomSQLDataSet::CompareBookmarks(const TBookmark& a, const TBookmark& b) 
   const TRowPtr rowA = RowByKey(BookmarkKey(a.data()));
   const TRowPtr rowB = RowByKey(BookmarkKey(b.data()));
   if (!rowA || !rowB) return rowA == rowB ? 0 : (rowA ? -1 : 1);
+  // a comes first when its row lies before b's in the order.
   const TSQLClause before = keyset_.Condition(OrderValues(*rowB), TSQLKeyset::TDirection::Before);
-  std::vector<QVariant> values = KeyValues(*rowA);
-  values.insert(values.end(), before.values.begin(), before.values.end());
-  QStringList conditions;
-  for (int column : keyColumns_) conditions.append(QuoteIdentifier(columns_[size_t(column)].name) + QLatin1String(" = ?"));
-  return CountRows(conditions.join(QLatin1String(" AND ")) + QLatin1String(" AND ") + before.sql, values) > 0 ? -1 : 1;
+  return CountRows({KeyCondition(KeyValues(*rowA)), before}) > 0 ? -1 : 1;
 }
 
 // --- The filter -----------------------------------------------------------------------

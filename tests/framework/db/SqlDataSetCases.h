@@ -12,6 +12,7 @@
 #include <memory>
 #include <optional>
 
+#include "framework/db/DataSource.h"
 #include "framework/db/Field.h"
 #include "framework/db/SqlQuery.h"
 #include "framework/db/SqlTable.h"
@@ -126,6 +127,52 @@ TEST_F(SqlDataSetTest, WalksBothWaysAcrossFetchBoundariesWithExactPositions) {
   }
   std::reverse(backwards.begin(), backwards.end());
   EXPECT_EQ(backwards, AllIds());
+}
+
+// A grid's view: a link that keeps a window of rows while the cursor pages through.
+TEST_F(SqlDataSetTest, ALinkPagesItsWindowWhileTheCacheStaysBounded) {
+  auto table = Table(3);
+  TDataSource source(nullptr);
+  source.SetDataSet(table.get());
+  TDataLink link;
+  link.SetBufferCount(8);
+  link.SetDataSource(&source);
+  table->Open();
+  for (int page = 0; page < 4; ++page) link.MoveBy(8);
+  EXPECT_EQ(Id(*table), 33);
+  EXPECT_EQ(table->RecNo(), 33);
+  link.MoveBy(-30);
+  EXPECT_EQ(Id(*table), 3);
+  table->CheckConsistency();
+  table->CheckCacheConsistency();
+  table->Last();
+  link.MoveBy(-9);
+  EXPECT_EQ(table->RecNo(), kRows - 9);
+  table->CheckConsistency();
+  link.SetDataSource(nullptr);
+}
+
+TEST_F(SqlDataSetTest, RefreshShowsAnotherWritersChangesAndKeepsTheRecord) {
+  auto table = Table();
+  table->Open();
+  table->SetRecNo(25);
+  connection_.ExecuteDirect(QStringLiteral("UPDATE people SET \"first name\" = 'Elsewhere' WHERE id = 25"));
+  connection_.ExecuteDirect(QStringLiteral("DELETE FROM people WHERE id < 4"));
+  table->Refresh();
+  EXPECT_EQ(Id(*table), 25);
+  EXPECT_EQ(table->FieldByName(QStringLiteral("first name"))->AsString(), QStringLiteral("Elsewhere"));
+  EXPECT_EQ(table->RecNo(), 22);
+  EXPECT_EQ(table->RecordCount(), kRows - 3);
+}
+
+TEST_F(SqlDataSetTest, LocateFindsARowBeyondTheCache) {
+  auto table = Table(3);
+  table->Open();
+  EXPECT_TRUE(table->Locate(QStringLiteral("first name"), Variant(QStringLiteral("O'Brien")), {}));
+  EXPECT_EQ(Id(*table), 7);
+  EXPECT_TRUE(table->Locate(QStringLiteral("code"), Variant(QStringLiteral("C50")), {}));
+  EXPECT_EQ(table->RecNo(), 50);
+  EXPECT_FALSE(table->Locate(QStringLiteral("code"), Variant(QStringLiteral("none")), {}));
 }
 
 TEST_F(SqlDataSetTest, LastRightAfterOpeningKnowsItsPositionAndTheCount) {
