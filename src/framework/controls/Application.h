@@ -5,6 +5,7 @@
 #include <QString>
 
 #include "framework/controls/Controls.h"
+#include "framework/controls/Hints.h"
 #include "framework/rtl/Component.h"
 #include "framework/rtl/Events.h"
 
@@ -48,7 +49,25 @@ public:
   const TNotifyEvent& OnHint() const { return onHint_; }
   void SetOnHint(const TNotifyEvent& handler) { onHint_ = handler; }
 
+  // The mouse moved to a client point of control: a hint may be due (see Hints.h).
+  void HintMouseMessage(TControl* control, TPoint clientPos);
+  // Asks the control under the mouse for its hint now and shows it.
+  void ActivateHint(TPoint cursorPos);
+  // Hides the hint window; the next hint waits for the full pause again.
+  void HideHint();
+  // The window that shows the hint, null while none shows.
+  THintWindow* HintWindow() const;
+
+protected:
+  void Notification(TComponent* component, TOperation operation) override;
+
 private:
+  void SetHintControl(TControl* control);
+  void StartHintTimer(int milliseconds);
+  void HintTimerTick(TObject* sender);
+  void HideTimerTick(TObject* sender);
+  THintWindow* MakeHintWindow(THintWindowClass windowClass);
+
   QString title_;
   QString hint_;
   int hintPause_ = 500;
@@ -56,6 +75,14 @@ private:
   int hintShortPause_ = 50;
   bool showHint_ = true;
   TNotifyEvent onHint_;
+  // The hint machinery; owned as components, so that they outlive nothing at exit.
+  TControl* hintControl_ = nullptr;  // the control with ShowHint under the mouse
+  TRect hintCursorRect_;             // where the hint shown is good, in its client
+  TPoint hintMousePos_;              // screen point of the last mouse move
+  THintWindow* hintWindow_ = nullptr;
+  THintWindowClass hintWindowClass_ = nullptr;
+  TTimer* hintTimer_ = nullptr;
+  TTimer* hideTimer_ = nullptr;
 };
 
 class TScreen : public TComponent {

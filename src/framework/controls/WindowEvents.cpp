@@ -7,6 +7,7 @@
 #include <QPointer>
 #include <QWheelEvent>
 
+#include "framework/controls/Application.h"
 #include "framework/controls/Controls.h"
 #include "framework/controls/Controls_p.h"
 #include "framework/controls/KeyMapping.h"
@@ -114,6 +115,7 @@ bool TWinControlPrivate::TakenAsDialogKey(uint16_t virtualKey, LPARAM keyData) {
 bool TWinControlPrivate::HandleKey(QKeyEvent* event) {
   DeliverPostedMessages();
   RecordInputState(*event);
+  if (event->type() == QEvent::KeyPress) Application->HideHint();
   TKeyStroke stroke = TranslateKeyEvent(*event);
   if (stroke.VirtualKey == 0) return window_->BaseEvent(event);
   QPointer<QWidget> alive(Widget());
@@ -177,6 +179,8 @@ bool TWinControlPrivate::HandleMouse(QMouseEvent* event) {
     client.X -= target->Left();
     client.Y -= target->Top();
   }
+  if (msg == WM_MOUSEMOVE) Application->HintMouseMessage(target, client);
+  else if (!buttonUp) Application->HideHint();
   QPointer<QWidget> alive(Widget());
   currentEvent_ = event;
   target->Perform(msg, MouseKeys(*event), PointToLParam(client));
@@ -188,6 +192,7 @@ bool TWinControlPrivate::HandleMouse(QMouseEvent* event) {
 bool TWinControlPrivate::HandleWheel(QWheelEvent* event) {
   DeliverPostedMessages();
   RecordInputState(*event);
+  Application->HideHint();
   int delta = event->angleDelta().y();
   if (delta == 0) return window_->BaseEvent(event);
   QPoint global = event->globalPosition().toPoint();
