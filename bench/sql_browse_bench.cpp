@@ -101,67 +101,56 @@ void ReadPeer(QSqlDatabase& db, const QString& sql) {
     for (int column = 0; column < columns; ++column) benchmark::DoNotOptimize(query.value(column).toString());
 }
 
-void FirstScreenQuil(benchmark::State& state) {
-  TBench& bench = Bench(state.range(0));
-  auto table = Orders(bench);
+enum class TStart { First, Last };
+
+// Opens the table and reads the screen at one end, as a grid does.
+void Browse(benchmark::State& state, TSQLTable& table, TStart start) {
   for (auto _ : state) {
-    table->Open();
-    ReadScreen(*table, 1);
-    table->Close();
+    table.Open();
+    if (start == TStart::Last) table.Last();
+    ReadScreen(table, start == TStart::Last ? -1 : 1);
+    table.Close();
   }
 }
+
+void Peer(benchmark::State& state, int64_t rows, const QString& sql) {
+  TBench& bench = Bench(rows);
+  for (auto _ : state) ReadPeer(bench.peer, sql);
+}
+
+const QString kScreenLimit = QStringLiteral(" LIMIT %1").arg(kScreen);
+
+void FirstScreenQuil(benchmark::State& state) { Browse(state, *Orders(Bench(state.range(0))), TStart::First); }
 
 void FirstScreenPeer(benchmark::State& state) {
-  TBench& bench = Bench(state.range(0));
-  for (auto _ : state) ReadPeer(bench.peer, QStringLiteral("SELECT * FROM orders ORDER BY id LIMIT %1").arg(kScreen));
+  Peer(state, state.range(0), QStringLiteral("SELECT * FROM orders ORDER BY id") + kScreenLimit);
 }
 
-void LastScreenQuil(benchmark::State& state) {
-  auto table = Orders(Bench(LargeRows()));
-  for (auto _ : state) {
-    table->Open();
-    table->Last();
-    ReadScreen(*table, -1);
-    table->Close();
-  }
-}
+void LastScreenQuil(benchmark::State& state) { Browse(state, *Orders(Bench(LargeRows())), TStart::Last); }
 
 void LastScreenPeer(benchmark::State& state) {
-  TBench& bench = Bench(LargeRows());
-  for (auto _ : state) ReadPeer(bench.peer, QStringLiteral("SELECT * FROM orders ORDER BY id DESC LIMIT %1").arg(kScreen));
+  Peer(state, LargeRows(), QStringLiteral("SELECT * FROM orders ORDER BY id DESC") + kScreenLimit);
 }
 
 void OrderUnindexedQuil(benchmark::State& state) {
   auto table = Orders(Bench(LargeRows()));
   table->SetIndexFieldNames(QStringLiteral("amount"));
-  for (auto _ : state) {
-    table->Open();
-    ReadScreen(*table, 1);
-    table->Close();
-  }
+  Browse(state, *table, TStart::First);
 }
 
 void OrderUnindexedPeer(benchmark::State& state) {
-  TBench& bench = Bench(LargeRows());
-  for (auto _ : state) ReadPeer(bench.peer, QStringLiteral("SELECT * FROM orders ORDER BY amount LIMIT %1").arg(kScreen));
+  Peer(state, LargeRows(), QStringLiteral("SELECT * FROM orders ORDER BY amount") + kScreenLimit);
 }
 
 void FilterLikeQuil(benchmark::State& state) {
   auto table = Orders(Bench(LargeRows()));
   table->SetFilter(QStringLiteral("notes LIKE '%express%'"));
   table->SetFiltered(true);
-  for (auto _ : state) {
-    table->Open();
-    ReadScreen(*table, 1);
-    table->Close();
-  }
+  Browse(state, *table, TStart::First);
 }
 
 void FilterLikePeer(benchmark::State& state) {
-  TBench& bench = Bench(LargeRows());
-  for (auto _ : state)
-    ReadPeer(bench.peer,
-             QStringLiteral("SELECT * FROM orders WHERE notes LIKE '%express%' ORDER BY id LIMIT %1").arg(kScreen));
+  Peer(state, LargeRows(), QStringLiteral("SELECT * FROM orders WHERE notes LIKE '%express%' ORDER BY id") + kScreenLimit);
 }
 
 void RecordCountQuil(benchmark::State& state) {
@@ -176,8 +165,7 @@ void RecordCountQuil(benchmark::State& state) {
 }
 
 void RecordCountPeer(benchmark::State& state) {
-  TBench& bench = Bench(LargeRows());
-  for (auto _ : state) ReadPeer(bench.peer, QStringLiteral("SELECT count(*) FROM orders WHERE status = 'Returned'"));
+  Peer(state, LargeRows(), QStringLiteral("SELECT count(*) FROM orders WHERE status = 'Returned'"));
 }
 
 }  // namespace

@@ -25,15 +25,6 @@ TSQLQuery::TSQLQuery(TComponent* owner)
   sql_->SetOnChange(TNotifyEvent(this, &TSQLQuery::SQLChanged));
 }
 
-TSQLQuery::~TSQLQuery() {
-  Destroying();
-  try {
-    SetActive(false);
-  } catch (...) {
-    // Nothing can be reported from a destructor.
-  }
-}
-
 void TSQLQuery::SQLChanged(TObject*) {
   params_->Update(ParsedSQL().names);
   Reopen();

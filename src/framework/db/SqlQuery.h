@@ -15,7 +15,6 @@ namespace quil {
 class TSQLQuery : public TCustomSQLDataSet {
 public:
   explicit TSQLQuery(TComponent* owner);
-  ~TSQLQuery() override;
 
   static const TMetaClass& StaticClass();
   const TMetaClass& ClassType() const override;

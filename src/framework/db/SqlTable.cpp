@@ -18,15 +18,6 @@ const TMetaClass& TSQLTable::StaticClass() {
 
 const TMetaClass& TSQLTable::ClassType() const { return StaticClass(); }
 
-TSQLTable::~TSQLTable() {
-  Destroying();
-  try {
-    SetActive(false);
-  } catch (...) {
-    // Nothing can be reported from a destructor.
-  }
-}
-
 void TSQLTable::SetTableName(const QString& name) {
   if (name == tableName_) return;
   tableName_ = name;

@@ -10,7 +10,6 @@ namespace quil {
 class TSQLTable : public TCustomSQLDataSet {
 public:
   explicit TSQLTable(TComponent* owner) : TCustomSQLDataSet(owner) {}
-  ~TSQLTable() override;
 
   static const TMetaClass& StaticClass();
   const TMetaClass& ClassType() const override;
