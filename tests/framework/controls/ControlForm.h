@@ -8,6 +8,7 @@
 #include "framework/controls/Forms.h"
 #include "framework/graphics/Colors.h"
 #include "framework/graphics/Types_p.h"
+#include "framework/rtl/Events.h"
 
 namespace quil::test {
 
@@ -37,6 +38,14 @@ public:
   }
 
   TForm* form;
+};
+
+// Counts the notifications of the events it is bound to.
+class EventCounter : public TObject {
+public:
+  int count = 0;
+  void Heard(TObject*) { ++count; }
+  TNotifyEvent Handler() { return TNotifyEvent(this, &EventCounter::Heard); }
 };
 
 inline QColor Rgb(TColor color) {

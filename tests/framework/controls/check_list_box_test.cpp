@@ -12,12 +12,6 @@ using quil::test::ControlForm;
 
 namespace {
 
-class Counter : public TObject {
-public:
-  int count = 0;
-  void Heard(TObject*) { ++count; }
-};
-
 class CheckListBoxTest : public ::testing::Test {
 protected:
   void SetUp() override {
@@ -25,7 +19,7 @@ protected:
     list->SetParent(host.form);
     list->SetBounds(10, 10, 200, 150);
     for (const char* name : {"red", "green", "blue"}) list->Items()->Add(QString::fromLatin1(name));
-    list->SetOnClickCheck(TNotifyEvent(&counter, &Counter::Heard));
+    list->SetOnClickCheck(counter.Handler());
   }
   // Clicks the check box of a row, as the user does.
   void ClickCheckOf(int row) {
@@ -37,7 +31,7 @@ protected:
 
   ControlForm host;
   TCheckListBox* list = nullptr;
-  Counter counter;
+  quil::test::EventCounter counter;
 };
 
 }  // namespace

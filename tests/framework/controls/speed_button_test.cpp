@@ -11,12 +11,6 @@ using quil::test::ControlForm;
 
 namespace {
 
-class Counter : public TObject {
-public:
-  int clicks = 0;
-  void Clicked(TObject*) { ++clicks; }
-};
-
 class SpeedButtonTest : public ::testing::Test {
 protected:
   TSpeedButton* AddButton(int left, int group = 0) {
@@ -24,7 +18,7 @@ protected:
     button->SetParent(host.form);
     button->SetBounds(left, 10, 40, 30);
     button->SetGroupIndex(group);
-    button->SetOnClick(TNotifyEvent(&counter, &Counter::Clicked));
+    button->SetOnClick(counter.Handler());
     return button;
   }
   void ClickOn(TSpeedButton* button) {
@@ -33,7 +27,7 @@ protected:
   }
 
   ControlForm host;
-  Counter counter;
+  quil::test::EventCounter counter;
 };
 
 }  // namespace
@@ -42,11 +36,11 @@ TEST_F(SpeedButtonTest, ClickInsideClicksAndLetGoOutsideDoesNot) {
   TSpeedButton* button = AddButton(10);
   ASSERT_TRUE(host.Show());
   ClickOn(button);
-  EXPECT_EQ(counter.clicks, 1);
+  EXPECT_EQ(counter.count, 1);
   EXPECT_FALSE(button->Down());
   // Pressed, dragged off and let go: no click, and the button is up again.
   quil::test::Drag(host.form, Point(30, 25), Point(150, 120));
-  EXPECT_EQ(counter.clicks, 1);
+  EXPECT_EQ(counter.count, 1);
   EXPECT_EQ(button->State(), bsUp);
 }
 
@@ -71,7 +65,7 @@ TEST_F(SpeedButtonTest, GroupKeepsOneButtonDown) {
   other->SetAllowAllUp(true);
   ClickOn(other);
   EXPECT_FALSE(other->Down());
-  EXPECT_EQ(counter.clicks, 6);
+  EXPECT_EQ(counter.count, 6);
 }
 
 TEST_F(SpeedButtonTest, FlatButtonShowsItsFrameOnlyUnderTheMouse) {

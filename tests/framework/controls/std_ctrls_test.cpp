@@ -15,13 +15,6 @@ using quil::test::ControlForm;
 
 namespace {
 
-class Counter : public TObject {
-public:
-  int count = 0;
-  void Heard(TObject*) { ++count; }
-  TNotifyEvent Handler() { return TNotifyEvent(this, &Counter::Heard); }
-};
-
 template <typename T>
 T* Place(ControlForm& host, const TRect& bounds) {
   auto* control = new T(host.form);
@@ -46,7 +39,7 @@ TEST(Button, MouseClickClicksOnceAndSetsTheFormsModalResult) {
   auto* button = Place<TButton>(host, Rect(10, 10, 90, 40));
   button->SetCaption(QStringLiteral("OK"));
   button->SetModalResult(mrOk);
-  Counter clicks;
+  quil::test::EventCounter clicks;
   button->SetOnClick(clicks.Handler());
   ASSERT_TRUE(host.Show());
   EXPECT_EQ(static_cast<QAbstractButton*>(button->Handle())->text(), QStringLiteral("OK"));
@@ -78,7 +71,7 @@ TEST(CheckBox, UserAndProgramChangesClickAndStayInStep) {
   ControlForm host;
   auto* box = Place<TCheckBox>(host, Rect(10, 10, 150, 30));
   box->SetCaption(QStringLiteral("Check me"));
-  Counter clicks;
+  quil::test::EventCounter clicks;
   box->SetOnClick(clicks.Handler());
   box->SetChecked(true);  // before the window: the window starts checked
   ASSERT_TRUE(host.Show());
@@ -123,7 +116,7 @@ TEST(ComboBox, ChoosingAnItemSetsIndexAndTextAndTellsOnce) {
   combo->Items()->Add(QStringLiteral("pear"));
   combo->Items()->Add(QStringLiteral("plum"));
   combo->SetStyle(csDropDownList);
-  Counter changes, selects;
+  quil::test::EventCounter changes, selects;
   combo->SetOnChange(changes.Handler());
   combo->SetOnSelect(selects.Handler());
   ASSERT_TRUE(host.Show());
@@ -147,7 +140,7 @@ TEST(ComboBox, EditedTextIsTheText) {
   auto* combo = Place<TComboBox>(host, Rect(10, 10, 200, 35));
   combo->Items()->Add(QStringLiteral("pear"));
   combo->SetAutoComplete(false);
-  Counter changes;
+  quil::test::EventCounter changes;
   combo->SetOnChange(changes.Handler());
   ASSERT_TRUE(host.Show());
   combo->SetFocus();
