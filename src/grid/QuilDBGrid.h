@@ -131,6 +131,10 @@ public:
   int TotalFooterRows() const { return totalFooterRows_; }
   int TotalRowHeight() const { return totalRowHeight_; }
   int DataLineHeight() const { return dataLineHeight_; }
+  // One header band above the titles; 0 without dgTitleHeaders.
+  int TitleLineHeight() const { return titleLineHeight_; }
+  // The layout change comes from the data set (its fields), not from the grid.
+  bool LayoutFromDataSet() const { return layoutFromDataSet_; }
   int GetTotalRowCount() const;
   int GetTotalFieldsRowCount() const;
   int GetRowLineWidth() const;
@@ -202,7 +206,6 @@ public:
 
 protected:
   friend class TQuilGridDataLink;
-  friend class TQuilDBGridColumns;
 
   void Loaded() override;
   void Notification(TComponent* component, TOperation operation) override;
@@ -233,6 +236,7 @@ protected:
   void DisablePosition();
   void EnablePosition(bool keep);
   void AlwaysShowEditor();
+  // FIXME: row and column selection clear the selection lists here.
   void ClearSelection() {}
 
 private:
@@ -293,7 +297,6 @@ private:
   int titleLineHeight_ = 0;       // one header band; 0 without dgTitleHeaders
   int dataLineHeight_ = 0;
   bool layoutFromDataSet_ = false;
-  bool updateFields_ = true;
   int rowCountLock_ = 0;
   int positionLock_ = 0;
   int busyCount_ = 0;

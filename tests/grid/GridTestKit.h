@@ -9,6 +9,7 @@
 #include <set>
 #include <memory>
 #include <utility>
+#include <vector>
 
 #include "framework/controls/Forms.h"
 #include "framework/controls/MessageQueue.h"
@@ -27,6 +28,8 @@ public:
   // Cells drawn since the last ClearDrawn, by base grid row and column.
   std::map<std::pair<int, int>, int> drawn;
   int colExits = 0;
+  // LayoutFromDataSet at each LayoutChanged.
+  std::vector<bool> layoutSources;
   // Where ColExit moves the cursor to itself; -1 leaves it.
   int exitMovesTo = -1;
 
@@ -52,6 +55,10 @@ protected:
   void DrawCell(int col, int row, const TRect& rect, quil::TGridDrawState state) override {
     ++drawn[{row, col}];
     TQuilDBGrid::DrawCell(col, row, rect, state);
+  }
+  void LayoutChanged() override {
+    layoutSources.push_back(LayoutFromDataSet());
+    TQuilDBGrid::LayoutChanged();
   }
   void ColExit() override {
     ++colExits;

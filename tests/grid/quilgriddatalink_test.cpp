@@ -148,6 +148,29 @@ TEST_F(GridDataLink, LeavingTheGridCancelsAnUntouchedInsert) {
   dataSet->Cancel();
 }
 
+TEST_F(GridDataLink, PerformDelayedPostsThePendingEditFirst) {
+  Open(10);
+  dataSet->Edit();
+  dataSet->FieldByName("Name")->SetAsString("Posted");
+  grid->PerformDelayed();
+  EXPECT_EQ(dataSet->State(), dsBrowse);
+  EXPECT_EQ(grid->GetFieldValue(1), QStringLiteral("Posted"));
+  for (TQuilDelayTimer timer : {dtEndSelect, dtListItems, dtSequence, dtTotals})
+    EXPECT_EQ(grid->DelayTimer(timer), nullptr);
+}
+
+TEST_F(GridDataLink, ALayoutChangeOfTheDataSetIsMarkedWhileItRuns) {
+  Open(10);
+  grid->layoutSources.clear();
+  grid->SetLinesCount(2);
+  dataSet->FieldByName("ID")->SetVisible(false);
+  ASSERT_FALSE(grid->layoutSources.empty());
+  EXPECT_FALSE(grid->layoutSources.front()) << "the grid's own change";
+  EXPECT_TRUE(grid->layoutSources.back()) << "the data set's change";
+  EXPECT_FALSE(grid->LayoutFromDataSet());
+  EXPECT_EQ(grid->Columns()->Count(), 3);
+}
+
 TEST_F(GridDataLink, AUnidirectionalDataSetIsRefused) {
   Open(3);
   TOneWayDataSet oneWay(nullptr);
