@@ -451,6 +451,26 @@ TEST_F(SqlDataSetTest, BadStatementsRaiseDatabaseErrorsThatSayWhat) {
   EXPECT_EQ(query.ExecSQL(), 3);
 }
 
+TEST_F(SqlDataSetTest, EditsJoinTheApplicationsTransactionAndRollBackWithIt) {
+  auto table = Table();
+  table->Open();
+  connection_.StartTransaction();
+  EXPECT_THROW(connection_.StartTransaction(), EDatabaseError);
+  table->SetRecNo(3);
+  table->Delete();
+  table->Edit();
+  table->FieldByName(QStringLiteral("grp"))->SetAsInteger(99);
+  table->Post();
+  connection_.Rollback();
+  EXPECT_FALSE(connection_.InTransaction());
+  EXPECT_THROW(connection_.Commit(), EDatabaseError);
+  table->Close();
+  table->Open();
+  EXPECT_EQ(table->RecordCount(), kRows);
+  table->SetRecNo(4);
+  EXPECT_EQ(table->FieldByName(QStringLiteral("grp"))->AsInteger(), 0);
+}
+
 TEST_F(SqlDataSetTest, ALostConnectionRaisesOnTheNextFetch) {
   auto table = Table(2);
   table->Open();
