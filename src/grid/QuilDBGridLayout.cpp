@@ -253,8 +253,12 @@ void TQuilCustomDBGrid::DefineProperties(TFiler* filer) {
       QStringLiteral("Columns"),
       [this](TReader& reader) {
         columns_->Clear();
-        if (reader.NextValue() == vaNil) reader.ReadValue();
-        else reader.ReadCollection(columns_.get());
+        if (reader.NextValue() == vaNil) {
+          reader.ReadValue();
+          return;
+        }
+        reader.CheckValue(vaCollection);
+        reader.ReadCollection(columns_.get());
       },
       [this](TWriter& writer) {
         if (columns_->State() == csCustomized) writer.WriteCollection(columns_.get());

@@ -3,6 +3,8 @@
 #include <stdexcept>
 
 #include "GridTestKit.h"
+#include "framework/rtl/ObjectText.h"
+#include "framework/rtl/Streams.h"
 
 using namespace quil;
 using gridtest::GridFixture;
@@ -319,6 +321,50 @@ TEST_F(GridColumns, AnExitHandlerThatMovesTheColumnStopsTheMove) {
   grid->MoveCol(4, 0);
   EXPECT_EQ(grid->Col(), 2);
   EXPECT_EQ(grid->colExits, 1);
+}
+
+}  // namespace
+
+// --- Streaming
+
+namespace {
+
+QString AsText(TMemoryStream& binary) {
+  binary.Seek(0, soBeginning);
+  TMemoryStream text;
+  ObjectBinaryToText(binary, text);
+  text.Seek(0, soBeginning);
+  QByteArray bytes(int(text.Size()), '\0');
+  text.Read(bytes.data(), bytes.size());
+  binary.Seek(0, soBeginning);
+  return QString::fromUtf8(bytes);
+}
+
+TEST(GridStreaming, CustomizedColumnsAreStoredAndReadBack) {
+  TQuilDBGrid grid(nullptr);
+  TQuilColumn* name = grid.Columns()->Add();
+  name->SetFieldName("Name");
+  name->SetWidth(80);
+  grid.Columns()->Add()->SetFieldName("City");
+  TMemoryStream stream;
+  stream.WriteComponent(&grid);
+  EXPECT_TRUE(AsText(stream).contains("Columns = <"));
+  TQuilDBGrid copy(nullptr);
+  stream.ReadComponent(&copy);
+  ASSERT_EQ(copy.Columns()->Count(), 2);
+  EXPECT_EQ(copy.Columns()->State(), csCustomized);
+  EXPECT_EQ(copy.Columns()->Items(0)->FieldName(), QStringLiteral("Name"));
+  EXPECT_EQ(copy.Columns()->Items(0)->Width(), 80);
+  EXPECT_EQ(copy.Columns()->Items(1)->FieldName(), QStringLiteral("City"));
+  EXPECT_EQ(copy.ColCount(), 3);
+}
+
+TEST(GridStreaming, DefaultColumnsAreNotStored) {
+  TQuilDBGrid grid(nullptr);
+  grid.LayoutChanged();
+  TMemoryStream stream;
+  stream.WriteComponent(&grid);
+  EXPECT_FALSE(AsText(stream).contains("Columns"));
 }
 
 }  // namespace
