@@ -65,10 +65,13 @@ void TDataSet::ActivateBuffers() {
 
 void TDataSet::MoveBuffer(int fromIndex, int toIndex) {
   if (fromIndex == toIndex) return;
+  // A shift by one slot: every scroll past the window's edge comes here.
+  TRecordBuffer moved = buffers_[size_t(fromIndex)];
   auto from = buffers_.begin() + fromIndex;
   auto to = buffers_.begin() + toIndex;
-  if (fromIndex < toIndex) std::rotate(from, from + 1, to + 1);
-  else std::rotate(to, from, from + 1);
+  if (fromIndex < toIndex) std::copy(from + 1, to + 1, from);
+  else std::copy_backward(to, from, from + 1);
+  *to = moved;
 }
 
 TRecordBuffer TDataSet::ActiveBuffer() const {
