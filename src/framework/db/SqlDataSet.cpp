@@ -443,7 +443,9 @@ int TCustomSQLDataSet::GetRecNo() const {
   const TRecord* record = Record(State() == dsCalcFields ? CalcBuffer() : ActiveBuffer());
   if (record->flag != bfCurrent || !record->row) return -1;
   const int index = IndexOfRow(record->row);
-  if (index < 0) return -1;
+  if (index < 0 && HandlerFilters()) return -1;
+  if (index < 0)
+    return int(CountRows({keyset_.Condition(OrderValues(*record->row), TSQLKeyset::TDirection::Before)}) + 1);
   const int64_t first = FirstPosition();
   return first < 0 ? -1 : int(first + index + 1);
 }
