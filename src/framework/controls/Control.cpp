@@ -223,6 +223,7 @@ void TControl::Dispatch(TMessage& message) {
     case CM_BIDIMODECHANGED: CMBiDiModeChanged(message); break;
     case CM_PARENTBIDIMODECHANGED: CMParentBiDiModeChanged(message); break;
     case CM_HINTSHOW: CMHintShow(message); break;
+    case CM_HINTSHOWPAUSE: CMHintShowPause(message); break;
     case CM_STYLECHANGED: CMStyleChanged(message); break;
     case CM_TEXTCHANGED: CMTextChanged(message); break;
     default: DefaultHandler(message); break;

@@ -257,6 +257,8 @@ protected:
   virtual void CMBiDiModeChanged(TMessage& message);
   virtual void CMParentBiDiModeChanged(TMessage& message);
   virtual void CMHintShow(TMessage& message) {}
+  // WParam: a hint was showing; LParam: int* to the pause in milliseconds, to change.
+  virtual void CMHintShowPause(TMessage& message) {}
   virtual void CMStyleChanged(TMessage& message) { Invalidate(); }
   virtual void CMTextChanged(TMessage& message) { Invalidate(); }
 

@@ -41,12 +41,9 @@ protected:
     info->CursorRect = Rect(0, 0, half, Height());
     info->HintWindowClass = HintWindowClassOf<WideHintWindow>();
   }
-  void Dispatch(TMessage& message) override {
-    if (message.Msg == CM_HINTSHOWPAUSE) {
-      ++pauses;
-      *reinterpret_cast<int*>(message.LParam) = 1;
-    }
-    TCustomControl::Dispatch(message);
+  void CMHintShowPause(TMessage& message) override {
+    ++pauses;
+    *reinterpret_cast<int*>(message.LParam) = 1;
   }
 };
 
