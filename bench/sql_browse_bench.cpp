@@ -68,8 +68,10 @@ struct TBench {
   QSqlDatabase peer;
 };
 
+// The connections close while the application still stands, not at static destruction.
 TBench& Bench(int64_t rows) {
   static std::map<int64_t, std::unique_ptr<TBench>> benches;
+  if (benches.empty()) qAddPostRoutine([] { benches.clear(); });
   auto& bench = benches[rows];
   if (!bench) bench = std::make_unique<TBench>(rows);
   return *bench;
