@@ -1,6 +1,7 @@
 #include <gtest/gtest.h>
 
 #include <QImage>
+#include <QScreen>
 #include <QScrollBar>
 
 #include "GridProbe.h"
@@ -41,6 +42,13 @@ protected:
     Application->ProcessMessages();
   }
   TPoint CellCenter(int col, int row) const { return Center(grid->CellRect(col, row)); }
+  // What the window shows after the pending paints, from the screen's backing store
+  // (a grab would paint the widget anew and hide what scrolling left there).
+  QImage OnScreen() {
+    grid->Update();
+    QWidget* window = form->Handle();
+    return window->screen()->grabWindow(window->winId()).toImage();
+  }
 
   TForm* form = nullptr;
   GridProbe* grid = nullptr;
@@ -377,4 +385,20 @@ TEST_F(GridTest, ClickInTheEditorPlacesTheCaretThere) {
   EXPECT_EQ(editor->SelLength(), 0);
   EXPECT_EQ(editor->SelStart(), 0);
   EXPECT_TRUE(grid->EditorMode());
+}
+
+TEST_F(GridTest, ScrolledPixelsMatchAFullRepaint) {
+  grid->ink = clRed;
+  grid->Repaint();
+  struct Step { Qt::Key key; int times; };
+  // A line down past the bottom, a page, a column right past the edge, back home.
+  for (const Step& step : {Step{Qt::Key_Down, 12}, Step{Qt::Key_PageDown, 1}, Step{Qt::Key_Right, 6},
+                           Step{Qt::Key_Home, 1}, Step{Qt::Key_Up, 15}}) {
+    for (int count = 0; count < step.times; ++count) Key(step.key);
+    QImage scrolled = OnScreen();
+    grid->Invalidate();
+    QImage repainted = OnScreen();
+    EXPECT_EQ(scrolled, repainted) << "after key " << step.key << " top row " << grid->TopRow();
+  }
+  EXPECT_GT(grid->topLeftChanges, 3);
 }
