@@ -3,6 +3,7 @@
 #include <cmath>
 
 #include "framework/db/DataSet.h"
+#include "framework/db/NumberFormat.h"
 
 #include "framework/rtl/Conversions.h"
 #include "framework/rtl/FormatSettings.h"
@@ -235,7 +236,19 @@ void TFloatField::SetAsStringValue(const QString& value) {
   SetAsFloat(number);
 }
 
+bool TNumericField::FormattedText(QString& text, bool displayText) const {
+  const QString& format = displayText || editFormat_.isEmpty() ? displayFormat_ : editFormat_;
+  if (format.isEmpty() || IsNull()) return false;
+  text = FormatNumber(format, GetAsFloat());
+  return true;
+}
+
+void TNumericField::GetText(QString& text, bool displayText) const {
+  if (!FormattedText(text, displayText)) TField::GetText(text, displayText);
+}
+
 void TFloatField::GetText(QString& text, bool displayText) const {
+  if (FormattedText(text, displayText)) return;
   double value = 0;
   if (!GetData(&value)) {
     text.clear();
@@ -325,6 +338,7 @@ void TBCDField::SetAsStringValue(const QString& value) {
 }
 
 void TBCDField::GetText(QString& text, bool displayText) const {
+  if (FormattedText(text, displayText)) return;
   quil::Currency value;
   if (!GetData(&value)) {
     text.clear();

@@ -26,6 +26,9 @@ public:
 
 protected:
   virtual bool AcceptsReal() const { return false; }
+  // The text by EditFormat (editing) or DisplayFormat; false when neither applies.
+  bool FormattedText(QString& text, bool displayText) const;
+  void GetText(QString& text, bool displayText) const override;
   [[noreturn]] void InvalidText(const QString& text, const QString& message) const;
 
 private:
