@@ -5,6 +5,7 @@
 #include <QSqlIndex>
 #include <QSqlQuery>
 #include <QSqlRecord>
+#include <map>
 
 #include "framework/db/Field.h"
 #include "framework/db/FieldDefs.h"
@@ -86,8 +87,7 @@ void TCustomSQLDataSet::InternalOpen() {
   table_ = source.table;
   statement_ = QStringLiteral("SELECT * FROM (%1) q").arg(source.select.body);
   statementValues_ = source.values;
-  ReadColumns(source);
-  ResolveKeys(source);
+  ResolveKeys(source, ReadColumns(source));
   filter_ = CurrentFilterClause(Filter(), FilterOptions(), Filtered());
   FieldDefs()->SetUpdated(false);
   FieldDefs()->Update();
@@ -112,14 +112,19 @@ void TCustomSQLDataSet::InternalClose() {
 }
 
 // The columns as the statement gives them; on SQLite, the declared types of the table
-// they come from, since its driver reports most columns as text.
-void TCustomSQLDataSet::ReadColumns(const TSQLSource& source) {
+// they come from, since its driver reports most columns as text. Answers the table's
+// primary key where the same look-up gives it.
+QStringList TCustomSQLDataSet::ReadColumns(const TSQLSource& source) {
   QSqlQuery probe = Run(statement_ + QStringLiteral(" LIMIT 0"), statementValues_);
   const QSqlRecord record = probe.record();
   std::unordered_map<QString, QString> declared;
+  std::map<int, QString> primaryKey;  // by position in the key
   if (Dialect() == TSQLDialect::SQLite && !source.table.isEmpty()) {
     QSqlQuery info = Run(QStringLiteral("PRAGMA table_info(%1)").arg(QuoteIdentifier(source.table)), {});
-    while (info.next()) declared[info.value(1).toString().toLower()] = info.value(2).toString();
+    while (info.next()) {
+      declared[info.value(1).toString().toLower()] = info.value(2).toString();
+      if (info.value(5).toInt() > 0) primaryKey[info.value(5).toInt()] = info.value(1).toString();
+    }
   }
   columns_.clear();
   for (int index = 0; index < record.count(); ++index) {
@@ -128,13 +133,16 @@ void TCustomSQLDataSet::ReadColumns(const TSQLSource& source) {
     columns_.push_back(found != declared.end() ? ColumnForDeclaredType(field.name(), found->second)
                                                : ColumnForSqlField(field));
   }
+  QStringList keyNames;
+  for (const auto& [position, name] : primaryKey) keyNames.append(name);
+  return keyNames;
 }
 
-void TCustomSQLDataSet::ResolveKeys(const TSQLSource& source) {
-  QStringList keyNames;
+void TCustomSQLDataSet::ResolveKeys(const TSQLSource& source, QStringList keyNames) {
   if (!keyFields_.isEmpty()) {
+    keyNames.clear();
     for (const TSQLOrderItem& item : ParseOrderItems(keyFields_)) keyNames.append(item.column);
-  } else if (!source.table.isEmpty()) {
+  } else if (keyNames.isEmpty() && !source.table.isEmpty()) {
     const QSqlIndex primary = CheckConnection().Database().primaryIndex(source.table);
     for (int index = 0; index < primary.count(); ++index) keyNames.append(primary.fieldName(index));
   }

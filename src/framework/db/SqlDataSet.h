@@ -146,8 +146,9 @@ private:
   TSQLDialect Dialect() const { return CheckConnection().Dialect(); }
 
   // Opening
-  void ReadColumns(const TSQLSource& source);
-  void ResolveKeys(const TSQLSource& source);
+  QStringList ReadColumns(const TSQLSource& source);
+  // The key is KeyFields, else the table's primary key (keyNames when already known).
+  void ResolveKeys(const TSQLSource& source, QStringList keyNames);
   void BuildStatement(const TSQLClause& filter);
   TSQLClause CurrentFilterClause(const QString& text, TFilterOptions options, bool filtered) const;
   void ApplyFilter(const QString& text, TFilterOptions options, bool filtered);
