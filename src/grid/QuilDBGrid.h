@@ -118,6 +118,10 @@ public:
   // clNone for plain rows; stripes depend on a row's place, so scrolling repaints.
   TColor StripeColor() const { return stripeColor_; }
   void SetStripeColor(TColor value);
+  // Below 1 counts as 1; rows and the buffer follow the new line width.
+  void SetGridLineWidth(int value);
+  // The client area changes, and the rows that fit with it.
+  void SetBorderStyle(TBorderStyle value);
   bool ReadOnly() const { return readOnly_; }
   void SetReadOnly(bool value) { readOnly_ = value; }
 

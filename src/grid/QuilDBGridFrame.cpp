@@ -255,6 +255,22 @@ void TQuilCustomDBGrid::SetHeaderLinesCount(int value) {
   LayoutChanged();
 }
 
+void TQuilCustomDBGrid::SetGridLineWidth(int value) {
+  value = std::max(value, 1);
+  if (value == GridLineWidth()) return;
+  TCustomGrid::SetGridLineWidth(value);
+  ApplyBaseOptions(options_);
+  Perform(CM_STYLECHANGED, 0, 0);
+  LayoutChanged();
+}
+
+void TQuilCustomDBGrid::SetBorderStyle(TBorderStyle value) {
+  if (value == BorderStyle()) return;
+  TCustomGrid::SetBorderStyle(value);
+  // FIXME: the search panel and the horizontal flat scroll bar follow the border.
+  if (!ComponentState().Contains(csLoading)) UpdateRowCount();
+}
+
 void TQuilCustomDBGrid::SetStripeColor(TColor value) {
   if (value == stripeColor_) return;
   stripeColor_ = value;

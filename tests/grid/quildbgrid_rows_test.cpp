@@ -117,4 +117,18 @@ TEST_F(RowComposition, LinesCountMakesTallerRowsAndFewerRecords) {
   EXPECT_EQ(grid->DataLink()->BufferCount(), RowsThatFit());
 }
 
+TEST_F(RowComposition, LineWidthAndBorderChangeTheRowsThatFit) {
+  Open(500);
+  grid->SetGridLineWidth(0);
+  EXPECT_EQ(grid->GridLineWidth(), 1);
+  grid->SetGridLineWidth(4);
+  EXPECT_EQ(grid->GetRowHeight(), grid->DefaultRowHeight() + 4);
+  EXPECT_EQ(grid->DataLink()->BufferCount(), RowsThatFit());
+  EXPECT_TRUE(grid->TCustomGrid::Options().Contains(goFixedHorzLine));
+  const int clientHeight = grid->ClientHeight();
+  grid->SetBorderStyle(bsNone);
+  ASSERT_GT(grid->ClientHeight(), clientHeight);
+  EXPECT_EQ(grid->DataLink()->BufferCount(), RowsThatFit());
+}
+
 }  // namespace
