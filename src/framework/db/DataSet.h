@@ -72,6 +72,9 @@ public:
   void SetAutoCalcFields(bool value) { autoCalcFields_ = value; }
   // Whether the last Locate or Find... found a record.
   bool Found() const { return found_; }
+  // Structured fields show as one field with children rather than flattened.
+  bool ObjectView() const { return objectView_; }
+  void SetObjectView(bool value) { objectView_ = value; }
   void Loaded() override;
 
   // --- Controls
@@ -131,6 +134,12 @@ public:
   virtual void SetFilterOptions(TFilterOptions options) { filterOptions_ = options; }
   const TFilterRecordEvent& OnFilterRecord() const { return onFilterRecord_; }
   virtual void SetOnFilterRecord(const TFilterRecordEvent& handler) { onFilterRecord_ = handler; }
+  // Moves to the first, last, next or prior record that the filter accepts; answers
+  // whether there was one. The move itself is the descendant's (FindRecord).
+  bool FindFirst() { return FindRecord(true, true); }
+  bool FindLast() { return FindRecord(true, false); }
+  bool FindNext() { return FindRecord(false, true); }
+  bool FindPrior() { return FindRecord(false, false); }
   // keyValues holds one value per field of keyFields (";"-separated), an array for
   // several. Moves to the first matching record and answers whether there was one.
   virtual bool Locate(const QString& keyFields, const Variant& keyValues, TLocateOptions options);
@@ -220,6 +229,11 @@ protected:
   virtual void InternalHandleException();
   virtual int GetRecordCount() const { return -1; }
   virtual int GetRecNo() const { return -1; }
+  // The byte size of a record buffer, for descendants that lay one out; 0 when unknown.
+  virtual int GetRecordSize() const { return 0; }
+  // The field definitions changed; descendants drop what they derived from them.
+  virtual void DefChanged(TObject* sender) {}
+  virtual bool FindRecord(bool restart, bool goForward);
   virtual bool GetCanModify() const { return true; }
   virtual void SetFilterText(const QString& text) { filterText_ = text; }
   // Clears the calculated and lookup values of buffer.
@@ -339,6 +353,7 @@ private:
   bool modified_ = false;
   bool found_ = false;
   bool uniDirectional_ = false;
+  bool objectView_ = false;
   bool defaultFields_ = false;
   bool autoCalcFields_ = true;
   bool streamedActive_ = false;

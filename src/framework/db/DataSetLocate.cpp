@@ -1,4 +1,4 @@
-// Locate and Lookup of TDataSet: a walk through the descendant's records, as they come
+// Locate, Lookup and the Find... moves of TDataSet: a walk through the descendant's records, as they come
 // through its GetRecord (and so through its filter), testing each in dsFilter.
 
 #include "framework/db/DataSet.h"
@@ -39,6 +39,21 @@ Variant TDataSet::Lookup(const QString& keyFields, const Variant& keyValues, con
   TStateScope scope(*this, dsCalcFields);
   CalculateFields(TempBuffer());
   return FieldValues(resultFields);
+}
+
+bool TDataSet::FindRecord(bool restart, bool goForward) {
+  CheckBrowseMode();
+  found_ = false;
+  UpdateCursorPos();
+  CursorPosChanged();
+  if (restart) {
+    if (goForward) First();
+    else Last();
+    found_ = !IsEmpty();
+  } else {
+    found_ = MoveBy(goForward ? 1 : -1) != 0;
+  }
+  return found_;
 }
 
 }  // namespace quil

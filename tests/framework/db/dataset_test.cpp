@@ -108,6 +108,21 @@ TEST(DataSetNavigation, WalkReadsEveryRecordInsideTheWindow) {
   EXPECT_EQ(backwards, sum);
 }
 
+TEST(DataSetNavigation, FindMovesThroughTheFilteredRecords) {
+  TPeople people(8, 3);
+  people.dataSet.SetFilter("City = 'Oslo'");
+  people.dataSet.SetFiltered(true);
+  EXPECT_TRUE(people.dataSet.FindLast());
+  EXPECT_EQ(people.Id(), 6);
+  EXPECT_FALSE(people.dataSet.FindNext());
+  EXPECT_TRUE(people.dataSet.FindPrior());
+  EXPECT_EQ(people.Id(), 2);
+  EXPECT_FALSE(people.dataSet.FindPrior());
+  EXPECT_FALSE(people.dataSet.Found());
+  people.dataSet.SetFilter("City = 'Rome'");
+  EXPECT_FALSE(people.dataSet.FindFirst());
+}
+
 TEST(DataSetNavigation, SetRecNoCentresAndIgnoresOutOfRange) {
   TPeople people(20, 5);
   people.dataSet.SetRecNo(12);
