@@ -206,6 +206,7 @@ void TControl::Dispatch(TMessage& message) {
     case WM_LBUTTONDBLCLK: WMLButtonDblClk(message); break;
     case WM_RBUTTONDOWN: WMRButtonDown(message); break;
     case WM_RBUTTONUP: WMRButtonUp(message); break;
+    case WM_CONTEXTMENU: WMContextMenu(message); break;
     case WM_MBUTTONDOWN: WMMButtonDown(message); break;
     case WM_MBUTTONUP: WMMButtonUp(message); break;
     case WM_MOUSEWHEEL: WMMouseWheel(message); break;
@@ -355,7 +356,22 @@ void TControl::WMLButtonDblClk(TMessage& message) {
 }
 
 void TControl::WMRButtonDown(TMessage& message) { MouseButtonDown(message, mbRight, {}); }
-void TControl::WMRButtonUp(TMessage& message) { MouseButtonUp(message, mbRight); }
+void TControl::WMRButtonUp(TMessage& message) {
+  MouseButtonUp(message, mbRight);
+  TPoint screen = ClientToScreen(LParamToPoint(message.LParam));
+  Perform(WM_CONTEXTMENU, 0, PointToLParam(screen));
+}
+
+void TControl::WMContextMenu(TMessage& message) {
+  if (!popupMenu_) {
+    if (parent_) message.Result = parent_->Perform(WM_CONTEXTMENU, message.WParam, message.LParam);
+    return;
+  }
+  TPoint screen = LParamToPoint(message.LParam);
+  popupMenu_->SetPopupComponent(this);
+  popupMenu_->Popup(screen.X, screen.Y);
+  message.Result = 1;
+}
 void TControl::WMMButtonDown(TMessage& message) { MouseButtonDown(message, mbMiddle, {}); }
 void TControl::WMMButtonUp(TMessage& message) { MouseButtonUp(message, mbMiddle); }
 

@@ -240,6 +240,8 @@ protected:
   virtual void WMLButtonDblClk(TMessage& message);
   virtual void WMRButtonDown(TMessage& message);
   virtual void WMRButtonUp(TMessage& message);
+  // Pops up PopupMenu at the screen point; a control without one asks its parent.
+  virtual void WMContextMenu(TMessage& message);
   virtual void WMMButtonDown(TMessage& message);
   virtual void WMMButtonUp(TMessage& message);
   virtual void WMMouseWheel(TMessage& message);

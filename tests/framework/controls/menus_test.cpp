@@ -86,3 +86,17 @@ TEST(MenuItem, TreeOwnsAndRemovesItsItems) {
   root.Clear();
   EXPECT_EQ(root.Count(), 0);
 }
+
+TEST_F(PopupMenuTest, RightClickPopsUpTheMenuOfTheControlOrItsParent) {
+  quil::test::ControlForm host;
+  auto* child = new TCustomControl(host.form);
+  child->SetParent(host.form);
+  child->SetBounds(10, 10, 100, 50);
+  host.form->SetPopupMenu(&menu);
+  ASSERT_TRUE(host.Show());
+  QTimer::singleShot(0, [] { QTest::keyClick(QApplication::activePopupWidget(), Qt::Key_Down);
+                             QTest::keyClick(QApplication::activePopupWidget(), Qt::Key_Return); });
+  QTest::mouseClick(child->Handle(), Qt::RightButton, Qt::NoModifier, QPoint(20, 20));
+  EXPECT_EQ(chosen.count, 1);
+  EXPECT_EQ(menu.PopupComponent(), host.form);
+}
