@@ -124,21 +124,23 @@ int TSQLConnection::ExecuteDirect(const QString& sql) {
 TSQLWriteTransaction::TSQLWriteTransaction(TSQLConnection& connection)
     : connection_(connection), own_(!connection.InTransaction()) {
   if (own_) connection_.StartTransaction();
+  else connection_.ExecuteDirect(QStringLiteral("SAVEPOINT quil_write"));
 }
 
 TSQLWriteTransaction::~TSQLWriteTransaction() {
-  if (own_ && !done_ && connection_.InTransaction()) {
-    try {
-      connection_.Rollback();
-    } catch (...) {
-      // The write's own error is the one to report.
-    }
+  if (done_) return;
+  try {
+    if (own_ && connection_.InTransaction()) connection_.Rollback();
+    if (!own_) connection_.ExecuteDirect(QStringLiteral("ROLLBACK TO SAVEPOINT quil_write"));
+  } catch (...) {
+    // The write's own error is the one to report.
   }
 }
 
 void TSQLWriteTransaction::Commit() {
   done_ = true;
   if (own_) connection_.Commit();
+  else connection_.ExecuteDirect(QStringLiteral("RELEASE SAVEPOINT quil_write"));
 }
 
 }  // namespace quil

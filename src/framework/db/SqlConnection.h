@@ -66,8 +66,10 @@ private:
   bool inTransaction_ = false;
 };
 
-// A write that commits when the scope ends normally and rolls back when it unwinds;
-// inside a transaction the application started, it leaves the transaction alone.
+// A write that commits when the scope ends normally and rolls back when it unwinds.
+// Inside a transaction the application started it works in a savepoint, so that a
+// failed write undoes only itself and leaves that transaction usable (PostgreSQL
+// refuses every further statement of a transaction with a failed one in it).
 class TSQLWriteTransaction {
 public:
   explicit TSQLWriteTransaction(TSQLConnection& connection);

@@ -468,12 +468,25 @@ TEST_F(SqlDataSetTest, EditsJoinTheApplicationsTransactionAndRollBackWithIt) {
   table->Post();
   connection_.Rollback();
   EXPECT_FALSE(connection_.InTransaction());
+
+  connection_.StartTransaction();
+  table->SetRecNo(5);
+  table->Edit();
+  table->FieldByName(QStringLiteral("code"))->SetAsString(QStringLiteral("C1"));  // unique
+  EXPECT_THROW(table->Post(), EDatabaseError);
+  table->Cancel();
+  table->Edit();
+  table->FieldByName(QStringLiteral("grp"))->SetAsInteger(77);
+  table->Post();  // the failed write did not spoil the transaction
+  connection_.Commit();
   EXPECT_THROW(connection_.Commit(), EDatabaseError);
   table->Close();
   table->Open();
   EXPECT_EQ(table->RecordCount(), kRows);
   table->SetRecNo(4);
   EXPECT_EQ(table->FieldByName(QStringLiteral("grp"))->AsInteger(), 0);
+  table->Next();
+  EXPECT_EQ(table->FieldByName(QStringLiteral("grp"))->AsInteger(), 77);
 }
 
 TEST_F(SqlDataSetTest, ALostConnectionRaisesOnTheNextFetch) {
