@@ -2,7 +2,8 @@
 // moves columns and edits in place.
 //   quil_basegrid [--screenshot FILE] [--top-row N] [--left-col N] [--edit] [--color-style NAME]
 // With --screenshot it lays out, applies the other options, renders the window into a
-// PNG and quits, so that a test can look at it offscreen.
+// PNG and quits, so that a test can look at it offscreen. F11 switches the style at run
+// time: the desktop's, "Quil Light", "Quil Dark".
 
 #include <QApplication>
 #include <QCommandLineParser>
@@ -12,6 +13,7 @@
 
 #include "CellGrid.h"
 #include "framework/controls/Forms.h"
+#include "framework/controls/VirtualKeys.h"
 #include "framework/graphics/StyleServices.h"
 
 namespace {
@@ -43,6 +45,18 @@ Options ParseOptions(const QApplication& app) {
   return options;
 }
 
+// Steps through the styles on F11.
+class StyleSwitcher : public quil::TObject {
+public:
+  void KeyDown(quil::TObject*, uint16_t& key, quil::TShiftState) {
+    if (key != quil::VK_F11) return;
+    const QStringList names = quil::TStyleManager::StyleNames();
+    const int next = (names.indexOf(quil::TStyleManager::ActiveStyle().Name()) + 1) % names.size();
+    quil::TStyleManager::SetStyle(names[next]);
+    key = 0;
+  }
+};
+
 // Puts the grid where the options ask; the current cell follows the top left one.
 void ApplyOptions(quil::demo::TCellGrid& grid, const Options& options) {
   grid.SetFocus();
@@ -69,6 +83,8 @@ int main(int argc, char** argv) {
   auto* grid = new quil::demo::TCellGrid(&form);
   grid->SetParent(&form);
   grid->SetAlign(quil::alClient);
+  StyleSwitcher switcher;
+  grid->SetOnKeyDown(quil::TKeyEvent(&switcher, &StyleSwitcher::KeyDown));
   form.Show();
   form.Handle()->activateWindow();
   // The options wait for the window to be active, so that the grid can take the focus.
