@@ -122,7 +122,8 @@ void TQuilCustomDBGrid::Scroll(int distance) {
     return box;
   };
   const TRect oldBox = currentBox();
-  if (dataLink_->ActiveRecord() >= RowCount() - titleOffset_ - totalRows_ - 1) UpdateRowCount();
+  // A record that came in below the last data row needs its row first.
+  if (dataLink_->ActiveRecord() >= RowCount() - titleOffset_ - totalRows_) UpdateRowCount();
   UpdateActive();
   SetupRecNumber(GetRecNumber() + distance + Row() - oldRow);
   UpdateScrollBar();

@@ -83,6 +83,20 @@ TEST_F(GridDataLink, RowsFollowAppendsAndDeletesWhileTheyFit) {
   dataSet->CheckConsistency();
 }
 
+TEST_F(GridDataLink, AppendingToAFullWindowMovesTheWindowNotTheRowCount) {
+  Open(100);
+  dataSet->Last();
+  const int rows = grid->RowCount();
+  dataSet->Append();
+  EXPECT_EQ(grid->RowCount(), rows);
+  EXPECT_EQ(CurrentRow(), rows - 1);
+  EXPECT_EQ(grid->GetFieldValue(0), QString());
+  dataSet->Cancel();
+  EXPECT_EQ(grid->GetFieldValue(0), QStringLiteral("100"));
+  EXPECT_EQ(CurrentRow(), rows - 1);
+  dataSet->CheckConsistency();
+}
+
 TEST_F(GridDataLink, CursorRowAlwaysMatchesTheActiveRecord) {
   Open(300);
   const int moves[] = {1, 1, 5, -3, 40, -2, 100, -150, 7, -1};
