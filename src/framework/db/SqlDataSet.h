@@ -6,7 +6,8 @@
 //   SELECT * FROM (<statement without ORDER BY>) q [WHERE <filter>] ORDER BY <order>, <key>
 // where <order> is the statement's ORDER BY (or the table's IndexFieldNames) and <key>
 // the primary key (or KeyFields), so that the order is total and every row has one
-// place. A fetch reads FetchSize rows after the last cached row ("WHERE (order, key) >
+// place. A statement without a key (a join, a grouping, a table without a declared
+// primary key) needs KeyFields; opening it otherwise raises. A fetch reads FetchSize rows after the last cached row ("WHERE (order, key) >
 // (that row's values) ... LIMIT n") or before the first (the order reversed), so that
 // scrolling anywhere costs one indexed range read, never an OFFSET from the start.
 //
@@ -31,7 +32,7 @@
 // a fraction of a second, a much larger one should count on a worker connection.
 //
 // Editing writes back by primary key with generated INSERT, UPDATE and DELETE inside a
-// transaction (the application's own one when it started one), and reads the row back
+// transaction (a savepoint in the application's own one), and reads the row back
 // through RETURNING, so that the buffer holds what the database stored. A failed write
 // raises EDatabaseError with the database's message, rolls back, and leaves the record
 // in its edit state with the user's values.
