@@ -159,7 +159,7 @@ QString TCollection::GetNamePath() const {
 QString TCollection::PropName() const {
   const TPersistent* owner = GetOwner();
   if (!propName_.isEmpty() || !owner) return propName_;
-  // The last such property names it, as in the classic lookup.
+  // The last such property names it.
   const TMetaClass& meta = owner->ClassType();
   for (int index = meta.PropertyCount() - 1; index >= 0; --index) {
     const TPropInfo* prop = meta.Property(index);

@@ -45,6 +45,8 @@ TComponent::~TComponent() {
   while (!components_.empty()) {
     TComponent* owned = components_.back();
     Remove(owned);
+    // Its listeners hear while it is still whole, whichever sibling goes first.
+    owned->NotifyFreeing();
     delete owned;
   }
   if (owner_) owner_->RemoveComponent(this);
@@ -80,10 +82,11 @@ void TComponent::SetDesigning(bool designing) {
 
 void TComponent::InsertComponent(TComponent* component) {
   assert(component && component != this && "a component cannot own itself");
-  if (component->owner_) component->owner_->RemoveComponent(component);
   if (!component->name_.isEmpty() && FindComponent(component->name_))
     throw EComponentError(Format(SDuplicateName, {component->name_}));
+  if (component->owner_) component->owner_->RemoveComponent(component);
   Insert(component);
+  if (state_.Contains(csDesigning)) component->SetDesigning(true);
   Notification(component, opInsert);
 }
 
@@ -123,7 +126,7 @@ void TComponent::Destroying() {
 
 void TComponent::Notification(TComponent* component, TOperation operation) {
   if (operation == opRemove && component) RemoveFreeNotification(component);
-  // Owned components hear of what their owner hears, as the classic framework does.
+  // Owned components hear of what their owner hears.
   for (size_t index = components_.size(); index-- > 0;)
     if (index < components_.size()) components_[index]->Notification(component, operation);
 }

@@ -43,8 +43,10 @@ public:
   void SetTag(intptr_t tag) { tag_ = tag; }
 
   TComponentState ComponentState() const { return state_; }
+  // Spreads to every owned component; a component inserted later takes csDesigning too.
   void SetDesigning(bool designing);
 
+  // Raises EComponentError, leaving the component where it was, when its name is taken.
   void InsertComponent(TComponent* component);
   void RemoveComponent(TComponent* component);
 
@@ -63,7 +65,7 @@ public:
   QString GetNamePath() const override { return name_; }
 
   // Component streams: the writer writes the components GetChildren lists after this
-  // one's properties (none here, as in the classic framework); the reader makes each
+  // one's properties (none here); the reader makes each
   // child with GetChildOwner (null: the root) as owner and hands it GetChildParent.
   using TGetChildProc = std::function<void(TComponent* child)>;
   virtual void GetChildren(const TGetChildProc& proc, TComponent* root) {}

@@ -21,7 +21,7 @@ int DigitValue(QChar ch, int base) {
 }
 
 // Reads an integer of `bits` width. A hexadecimal text may fill the unsigned range,
-// so "$FFFFFFFF" is -1 for 32 bits, as the classic reader has it.
+// so "$FFFFFFFF" is -1 for 32 bits.
 bool ParseInteger(const QString& text, int bits, int64_t& result) {
   const int size = int(text.size());
   int pos = 0;
@@ -58,7 +58,7 @@ bool IsDigit(const QString& text, int pos) {
   return pos < text.size() && text[pos] >= u'0' && text[pos] <= u'9';
 }
 
-// Checks the classic real syntax and rewrites it with a '.' for the C reader.
+// Checks the format's real syntax and rewrites it with a '.' for the C reader.
 bool ParseFloat(const QString& text, QChar decimalSeparator, double& result) {
   const int size = int(text.size());
   int pos = 0;

@@ -1,5 +1,5 @@
 #pragma once
-// Number and boolean text conversions. Texts follow the classic conversions: integers
+// Number and boolean text conversions. Texts follow the framework's conversions: integers
 // may carry leading blanks, a sign and a hexadecimal prefix ("$", "0x" or "x") but
 // nothing after the digits; reals use the decimal separator of the settings and no
 // thousand separators. Str... raise EConvertError, ...Def return the default, and

@@ -11,7 +11,7 @@ struct Currency {
 
   int64_t scaled = 0;
 
-  // Rounds to the nearest ten-thousandth, halves to even as the classic FPU does.
+  // Rounds to the nearest ten-thousandth, halves to even as the FPU does.
   static Currency FromDouble(double value);
   static constexpr Currency FromScaled(int64_t scaled) { return Currency{scaled}; }
   double ToDouble() const { return double(scaled) / Scale; }

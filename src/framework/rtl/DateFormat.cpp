@@ -96,7 +96,12 @@ private:
     bool quoted = false;
     for (; pos < format.size(); ++pos) {
       const char16_t ch = format[pos].unicode();
-      if ((ch == u'a' || ch == u'A') && !quoted) return IsAmPmMarker(format, pos);
+      if ((ch == u'a' || ch == u'A') && !quoted) {
+        if (IsAmPmMarker(format, pos)) return true;
+        if (!StartsWith(format, pos, QLatin1StringView("aaa"))) return false;
+        pos += StartsWith(format, pos, QLatin1StringView("aaaa")) ? 3 : 2;  // a day name: look on past it
+        continue;
+      }
       if ((ch == u'h' || ch == u'H') && !quoted) return false;
       if (ch == u'\'' || ch == u'"') quoted = !quoted;
     }
@@ -125,7 +130,16 @@ private:
     } else if (StartsWith(format, at, QLatin1StringView("ampm"))) {
       out_ += afternoon ? settings_.TimePMString : settings_.TimeAMString;
       pos = at + 4;
-    } else if (StartsWith(format, at, QLatin1StringView("aaaa"))) {
+    } else {
+      return DayName(starter, format, pos);
+    }
+    twelveHour_ = true;
+  }
+
+  // Day names share the 'a' but leave the clock as it is. `pos` is just past the 'a'.
+  void DayName(QChar starter, const QString& format, qsizetype& pos) {
+    const qsizetype at = pos - 1;
+    if (StartsWith(format, at, QLatin1StringView("aaaa"))) {
       out_ += settings_.LongDayNames[dayOfWeek_ - 1];
       pos = at + 4;
     } else if (StartsWith(format, at, QLatin1StringView("aaa"))) {
@@ -133,9 +147,7 @@ private:
       pos = at + 3;
     } else {
       out_ += starter;
-      return;
     }
-    twelveHour_ = true;
   }
 
   void Complete(const QString& format, qsizetype& pos, QChar starter, int level) {

@@ -23,7 +23,7 @@ TDateOrder DateOrder(const QString& format) {
   return doMDY;
 }
 
-// Reads dates and times from the front of a text, as the classic scanner does.
+// Reads dates and times from the front of a text.
 class DateTimeScanner {
 public:
   DateTimeScanner(const QString& text, const TFormatSettings& settings) : text_(text), settings_(settings) {}
@@ -78,7 +78,7 @@ private:
     while (pos_ < text_.size() && text_[pos_] == u' ') ++pos_;
   }
 
-  // At most four digits are read, as the classic scanner stops at 1000.
+  // At most four digits are read: the scan stops at 1000.
   bool Number(int& value, int& length) {
     Blanks();
     const qsizetype start = pos_;

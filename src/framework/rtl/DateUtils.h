@@ -86,7 +86,7 @@ TDateTime RecodeTime(TDateTime value, int hour, int minute, int second, int mill
 
 // Whole days between the two moments, in either order: a day and a half gives 1.
 int DaysBetween(TDateTime a, TDateTime b);
-// Approximations as in the classic library: the span divided by 30.4375 or by 365.25
+// Approximations: the span divided by 30.4375 or by 365.25
 // days, truncated. One calendar year between 1 January of two years counts 0 years.
 int MonthsBetween(TDateTime a, TDateTime b);
 int YearsBetween(TDateTime a, TDateTime b);

@@ -30,7 +30,7 @@ QUIL_EXCEPTION_CLASS(EConvertError, Exception);
 QUIL_EXCEPTION_CLASS(EDatabaseError, Exception);
 QUIL_EXCEPTION_CLASS(EInvalidGridOperation, Exception);
 QUIL_EXCEPTION_CLASS(EListError, Exception);
-QUIL_EXCEPTION_CLASS(EStringListError, Exception);
+QUIL_EXCEPTION_CLASS(EStringListError, EListError);  // a string list is a list: one handler serves both
 QUIL_EXCEPTION_CLASS(EComponentError, Exception);
 QUIL_EXCEPTION_CLASS(EPropertyError, Exception);
 QUIL_EXCEPTION_CLASS(EStreamError, Exception);

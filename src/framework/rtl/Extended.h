@@ -1,5 +1,5 @@
 #pragma once
-// The 10-byte x87 extended float of the classic component stream, little-endian: a
+// The 10-byte x87 extended float of the component stream format, little-endian: a
 // 64-bit significand with an explicit integer bit, then 15 bits of exponent (bias
 // 16383) and the sign bit.
 

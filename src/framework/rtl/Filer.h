@@ -1,6 +1,6 @@
 #pragma once
 // The component stream: TWriter writes a component, its published properties and its
-// children in the classic binary format, and TReader makes them again.
+// children in the binary format, and TReader makes them again.
 //
 //   stream    = "TPF0" component
 //   component = [0xF0|flags [child position]] class-name name property* vaNull

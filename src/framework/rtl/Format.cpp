@@ -149,8 +149,8 @@ private:
     return negative ? u'-' + digits : digits;
   }
 
-  // Fixed forms read 18 significant digits before rounding to the decimals, as the
-  // classic 80-bit formatter does.
+  // Fixed forms read 18 significant digits before rounding to the decimals, as an
+  // 80-bit extended formatter does.
   QString Real(const Spec& spec, double value) const {
     const int precision = spec.precision;
     switch (spec.type) {

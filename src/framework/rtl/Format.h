@@ -1,5 +1,5 @@
 #pragma once
-// Format with the classic directives: "%" [index ":"] ["-"] [width] ["." precision]
+// Format with the framework's directives: "%" [index ":"] ["-"] [width] ["." precision]
 // type, where "*" in place of index, width or precision takes it from the arguments.
 // An index moves the argument pointer, and directives without one go on from there.
 //   d, u, x  an integer; precision is the least number of digits, zero-padded. A

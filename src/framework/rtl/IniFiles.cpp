@@ -148,10 +148,16 @@ void TMemIniFile::WriteString(const QString& section, const QString& ident, cons
   else entries->Add(line);
 }
 
+namespace {
+// Lines of a section that hold no '=' are kept for the rewrite but are no entries.
+bool IsEntry(const QString& line) { return line.contains(QLatin1Char('=')); }
+}  // namespace
+
 void TMemIniFile::ReadSection(const QString& section, TStrings* keys) const {
   QStringList names;
   if (const TStringList* entries = FindSection(section))
-    for (int index = 0; index < entries->Count(); ++index) names << entries->Names(index);
+    for (int index = 0; index < entries->Count(); ++index)
+      if (IsEntry(entries->Strings(index))) names << entries->Names(index);
   SetLines(keys, names);
 }
 
@@ -164,7 +170,8 @@ void TMemIniFile::ReadSections(TStrings* sections) const {
 void TMemIniFile::ReadSectionValues(const QString& section, TStrings* values) const {
   QStringList lines;
   if (const TStringList* entries = FindSection(section))
-    for (int index = 0; index < entries->Count(); ++index) lines << entries->Strings(index);
+    for (int index = 0; index < entries->Count(); ++index)
+      if (IsEntry(entries->Strings(index))) lines << entries->Strings(index);
   SetLines(values, lines);
 }
 
@@ -208,9 +215,9 @@ void TMemIniFile::SetStrings(const TStrings* lines) {
       entries = AddSection(Trim(line.mid(1, line.size() - 2)));
       continue;
     }
+    if (!entries) continue;
     const qsizetype separator = line.indexOf(QLatin1Char('='));
-    if (!entries || separator < 0) continue;
-    entries->Add(Trim(line.left(separator)) + QLatin1Char('=') + Trim(line.mid(separator + 1)));
+    entries->Add(separator < 0 ? line : Trim(line.left(separator)) + QLatin1Char('=') + Trim(line.mid(separator + 1)));
   }
 }
 

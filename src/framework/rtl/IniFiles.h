@@ -10,9 +10,10 @@
 //
 // Text form: "[Section]" lines, each followed by its "Key=Value" lines. On reading,
 // lines are trimmed, key and value are trimmed around the first '=', and lines that
-// are blank, start with ';', stand before the first section or hold no '=' are
-// dropped; so comments do not survive a rewrite. Sections and keys are found
-// case-insensitively and keep their order.
+// are blank, start with ';' or stand before the first section are dropped; so
+// comments do not survive a rewrite. A line in a section without '=' is kept and
+// written back, but holds no key: values come only from Key=Value lines. Sections
+// and keys are found case-insensitively and keep their order.
 
 #include <QString>
 #include <QStringList>

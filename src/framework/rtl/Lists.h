@@ -1,5 +1,5 @@
 #pragma once
-// TList: the classic list of untyped pointers, with range-checked access that raises
+// TList: the list of untyped pointers, with range-checked access that raises
 // EListError, and TObjectList, which may own (free) the objects it holds.
 
 #include <functional>

@@ -19,7 +19,7 @@
 // characters starts on a new line and continues with " +" every 64 characters. Binary
 // data longer than 31 bytes puts each 32 bytes on a line. Floats (vaExtended) are
 // written with the fewest significant digits that read back as the same double, laid
-// out fixed with 18 decimals as the classic writer does ("1.500000000000000000"), or in
+// out fixed with 18 decimals as the format has them ("1.500000000000000000"), or in
 // exponent form ("1E20") where 18 decimals cannot hold them; singles end in s, currency
 // (in ten-thousandths) in c, dates in d. Lines end with sLineBreak.
 //

@@ -1,5 +1,5 @@
 #pragma once
-// Runs a function when the scope ends, also when an exception passes: the classic
+// Runs a function when the scope ends, also when an exception passes: a
 // try..finally, for state that no other guard restores.
 
 #include <utility>

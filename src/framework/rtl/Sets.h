@@ -1,6 +1,6 @@
 #pragma once
 // A set of an enumeration's members, stored as a bit mask whose integer form is the
-// classic one: member with ordinal n is bit n. Enumerations hold at most 64 members.
+// framework's: member with ordinal n is bit n. Enumerations hold at most 64 members.
 
 #include <cstdint>
 #include <initializer_list>
@@ -44,7 +44,7 @@ public:
   TSet& operator-=(E member) { return Exclude(member); }
   friend constexpr bool operator==(TSet a, TSet b) = default;
 
-  // True when every member of this set is in other (the classic `<=`).
+  // True when every member of this set is in other (`<=` on sets).
   constexpr bool SubsetOf(TSet other) const { return (bits_ & ~other.bits_) == 0; }
   constexpr bool Intersects(TSet other) const { return (bits_ & other.bits_) != 0; }
 

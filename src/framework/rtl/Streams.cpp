@@ -160,7 +160,7 @@ TFileStream::TFileStream(const QString& fileName, uint16_t mode)
   QIODevice::OpenMode openMode = QIODevice::ReadOnly;
   if ((mode & 0x3) == fmOpenWrite) openMode = QIODevice::WriteOnly;
   if ((mode & 0x3) == fmOpenReadWrite) openMode = QIODevice::ReadWrite;
-  // Opening for writing must not make a file that is not there, as the classic open does.
+  // Opening for writing must not make a file that is not there.
   if (!file_->open(openMode | QIODevice::ExistingOnly))
     throw EFOpenError(Format(SFOpenError, {fileName}));
 }

@@ -26,7 +26,7 @@ extern QString SWriteError;
 class TComponent;
 
 enum TSeekOrigin { soBeginning, soCurrent, soEnd };
-// The classic word constants, equal to the TSeekOrigin members.
+// The word constants, equal to the TSeekOrigin members.
 inline constexpr TSeekOrigin soFromBeginning = soBeginning;
 inline constexpr TSeekOrigin soFromCurrent = soCurrent;
 inline constexpr TSeekOrigin soFromEnd = soEnd;

@@ -1,5 +1,5 @@
 #pragma once
-// String helpers with the classic semantics. Positions are 1-based, 0 meaning none.
+// String helpers with the framework's semantics. Positions are 1-based, 0 meaning none.
 // The plain functions (UpperCase, CompareText, SameText) treat only ASCII letters as
 // letters; the Ansi ones handle all of Unicode and compare by a fixed US-English
 // collation, so that the order is the same on every machine.

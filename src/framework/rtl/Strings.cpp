@@ -203,7 +203,7 @@ QString TStrings::JoinDelimited(QChar delimiter, QChar quote, bool strict) const
 void TStrings::SplitDelimited(const QString& text, QChar delimiter, QChar quote, bool strict) {
   TUpdateGuard guard(*this);
   Clear();
-  // A NUL ends the text, as it ends the classic null-terminated one.
+  // A NUL ends the text, as it ends a null-terminated one.
   const qsizetype end = text.contains(QChar(0)) ? text.indexOf(QChar(0)) : text.size();
   qsizetype pos = 0;
   auto skipBlanks = [&] {

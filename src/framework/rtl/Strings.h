@@ -18,13 +18,9 @@ namespace quil {
 
 class TStream;
 
-// The platform's line break, which Text puts after every line: "\r\n" on Windows,
-// "\n" elsewhere, so that files written here read as native text files.
-#ifdef _WIN32
+// The line break Text puts after every line: CR LF on every platform, since texts are
+// cut at CR and split at CR LF further on. Reading accepts LF and lone CR as well.
 inline const QString sLineBreak = QStringLiteral("\r\n");
-#else
-inline const QString sLineBreak = QStringLiteral("\n");
-#endif
 
 class TStrings : public TPersistent {
 public:
@@ -213,6 +209,7 @@ private:
   TNotifyEvent onChanging_;
 };
 
+// QString is already the wide string, so the wide lists are the lists themselves.
 using TWideStrings = TStrings;
 using TWideStringList = TStringList;
 

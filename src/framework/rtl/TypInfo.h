@@ -23,7 +23,7 @@
 //   }
 //
 // Without a Default(), ordinal properties (integers, enumerations, booleans, sets) are
-// "nodefault" and always stored, as in the classic runtime; strings default to empty,
+// "nodefault" and always stored; strings default to empty,
 // floats to 0, objects, events and variants to none. NoDefault() stores any value.
 //
 // The free functions accept a dotted path ("Font.Name"): each name before a dot must be
@@ -50,7 +50,7 @@ extern QString SInvalidPropertyType;     // %s: the property name
 extern QString SInvalidPropertyElement;  // %s: the element
 extern QString SReadOnlyProperty;
 
-// The classic order; streams and callers compare kinds, never their numbers.
+// The format's order; streams and callers compare kinds, never their numbers.
 enum TTypeKind {
   tkUnknown, tkInteger, tkChar, tkEnumeration, tkFloat, tkString, tkSet, tkClass, tkMethod,
   tkWChar, tkLString, tkWString, tkVariant, tkArray, tkRecord, tkInterface, tkInt64,

@@ -1,10 +1,10 @@
 #pragma once
-// Variant: a value whose type is chosen at run time, with the classic rules. It may be
+// Variant: a value whose type is chosen at run time, with the framework's rules. It may be
 // Unassigned (varEmpty, the state of a fresh variant), Null (no value, as a database
 // field without one), a number, a currency, a boolean, a string, a date-time, or an
 // array of variants.
 //
-// Conversions raise EVariantError (SInvalidVarCast) where the classic runtime does:
+// Conversions raise EVariantError (SInvalidVarCast) where the framework does:
 // Null converts to nothing but text through VarToStr, arrays convert to nothing, and a
 // string only to what it spells. Unassigned converts to 0, false or "". Booleans are
 // -1 and 0 as numbers and STextTrue and STextFalse as text. Reals round to integers
@@ -136,7 +136,7 @@ inline bool VarIsNull(const Variant& value) { return value.Type() == varNull; }
 inline bool VarIsClear(const Variant& value) { return value.Type() == varEmpty; }
 inline bool VarIsArray(const Variant& value) { return (value.Type() & varArray) != 0; }
 inline bool VarIsStr(const Variant& value) { return value.Type() == varString; }
-// Booleans count as ordinal, as in the classic library; dates are neither.
+// Booleans count as ordinal; dates are neither.
 bool VarIsOrdinal(const Variant& value);
 bool VarIsFloat(const Variant& value);
 bool VarIsNumeric(const Variant& value);

@@ -104,7 +104,7 @@ void TWriter::WriteProperties(const TPersistent* instance) {
 }
 
 void TWriter::WriteProperty(const TPersistent* instance, const TPropInfo& prop) {
-  // As in the classic writer, only what can be read back is written.
+  // Only what can be read back is written.
   if (prop.IsReadOnly()) return;
   switch (prop.Kind()) {
     case tkInteger:

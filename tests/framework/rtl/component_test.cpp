@@ -172,3 +172,72 @@ TEST(TComponent, NotifyFreeingLetsListenersSeeTheDescendant) {
   EXPECT_EQ(witness.sawNotifier, (std::vector<bool>{true, false}));
   witness.CheckConsistency();
 }
+
+TEST(TComponent, DesigningSpreadsToOwnedAndLaterInsertedComponents) {
+  TComponent form(nullptr);
+  auto* early = new TComponent(&form);
+  auto* grandchild = new TComponent(early);
+  form.SetDesigning(true);
+  EXPECT_TRUE(grandchild->ComponentState().Contains(csDesigning));
+  auto* late = new TComponent(&form);
+  auto* lateChild = new TComponent(late);
+  EXPECT_TRUE(late->ComponentState().Contains(csDesigning));
+  EXPECT_TRUE(lateChild->ComponentState().Contains(csDesigning));
+
+  auto* moved = new TComponent(nullptr);
+  new TComponent(moved);
+  form.InsertComponent(moved);
+  EXPECT_TRUE(moved->Components(0)->ComponentState().Contains(csDesigning));
+
+  form.SetDesigning(false);
+  EXPECT_FALSE(lateChild->ComponentState().Contains(csDesigning));
+  auto* afterwards = new TComponent(&form);
+  EXPECT_FALSE(afterwards->ComponentState().Contains(csDesigning));
+}
+
+TEST(TComponent, InsertingUnderATakenNameLeavesTheComponentWithItsOwner) {
+  TComponent form(nullptr), other(nullptr);
+  (new TComponent(&form))->SetName("Grid1");
+  auto* grid = new TComponent(&other);
+  grid->SetName("Grid1");
+  EXPECT_THROW(form.InsertComponent(grid), EComponentError);
+  EXPECT_EQ(grid->Owner(), &other);
+  other.CheckConsistency();
+}
+
+namespace {
+// Holds a reference to a sibling and logs, when told of its freeing, whether the
+// sibling was still whole (still a TNotifier). The log outlives the watcher.
+class SiblingWatcher : public TComponent {
+public:
+  using TComponent::TComponent;
+  TComponent* watched = nullptr;
+  std::vector<bool>* log = nullptr;
+
+protected:
+  void Notification(TComponent* component, TOperation operation) override {
+    TComponent::Notification(component, operation);
+    if (operation != opRemove || component != watched) return;
+    log->push_back(dynamic_cast<TNotifier*>(component) != nullptr);
+    watched = nullptr;
+  }
+};
+}  // namespace
+
+// The owner frees its components last-inserted first; both orders are tried.
+TEST(TComponent, FreeingTheOwnerTellsASiblingWhileTheOtherIsWhole) {
+  for (bool watcherFirst : {true, false}) {
+    SCOPED_TRACE(watcherFirst ? "watcher inserted first" : "watched inserted first");
+    std::vector<bool> log;
+    auto* form = new TComponent(nullptr);
+    SiblingWatcher* watcher = watcherFirst ? new SiblingWatcher(form) : nullptr;
+    auto* watched = new TNotifier(form);
+    if (!watcher) watcher = new SiblingWatcher(form);
+    watcher->watched = watched;
+    watcher->log = &log;
+    watcher->FreeNotification(watched);
+    delete form;
+    if (watcherFirst) EXPECT_EQ(log, std::vector<bool>{true}) << "heard of the watched one while it was whole";
+    else EXPECT_TRUE(log.empty()) << "the watcher went first and unlinked";
+  }
+}

@@ -142,7 +142,7 @@ protected:
 
 }  // namespace
 
-TEST_F(ComponentStream, WritesTheClassicBinaryFormatByteForByte) {
+TEST_F(ComponentStream, WritesTheBinaryFormatByteForByte) {
   TDrawing drawing(nullptr);
   drawing.SetName("D");
   drawing.SetTitle("Hi");

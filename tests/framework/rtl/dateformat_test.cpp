@@ -40,7 +40,9 @@ INSTANTIATE_TEST_SUITE_P(
         FormatRow{"tt", "2:07:09 PM"}, FormatRow{"c", "3/5/2024 2:07:09 PM"}, FormatRow{"", "3/5/2024 2:07:09 PM"},
         FormatRow{"yyyy/mm/dd", "2024/03/05"}, FormatRow{"'Day' d", "Day 5"}, FormatRow{"\"h\" h", "h 14"},
         FormatRow{"'unclosed", "unclosed"}, FormatRow{"x-q#", "x-q#"},
-        FormatRow{"yyyymmddhhnnsszzz", "20240305140709045"}, FormatRow{"h ampm h", "2 PM 2"}));
+        FormatRow{"yyyymmddhhnnsszzz", "20240305140709045"}, FormatRow{"h ampm h", "2 PM 2"},
+        FormatRow{"aaaa h", "Tuesday 14"}, FormatRow{"aaa hh:nn", "Tue 14:07"}, FormatRow{"aaaa h ampm", "Tuesday 2 PM"},
+        FormatRow{"h aaaa ampm", "2 Tuesday PM"}, FormatRow{"h aaa h", "14 Tue 14"}));
 
 TEST(FormatDateTime, CountsHoursOnTheTwelveHourClock) {
   EXPECT_EQ(FormatDateTime("h:nn ampm", EncodeTime(0, 30, 0, 0)), "12:30 AM");

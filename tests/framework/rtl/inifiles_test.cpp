@@ -4,6 +4,7 @@
 #include <QFile>
 #include <QSettings>
 #include <QTemporaryDir>
+#include <QTextStream>
 #include <optional>
 
 #include "framework/rtl/DateFormat.h"
@@ -30,7 +31,17 @@ protected:
   QStringList RawLines(const QString& name = QStringLiteral("layout.ini")) const {
     QFile file(Path(name));
     if (!file.open(QIODevice::ReadOnly)) return {};
-    return QString::fromUtf8(file.readAll()).split(QLatin1Char('\n'));
+    return QString::fromUtf8(file.readAll()).split(QStringLiteral("\r\n"));
+  }
+
+  // As a plain text reader sees the file, line by line.
+  QStringList TextStreamLines() const {
+    QFile file(Path());
+    if (!file.open(QIODevice::ReadOnly)) return {};
+    QTextStream stream(&file);
+    QStringList lines;
+    while (!stream.atEnd()) lines << stream.readLine();
+    return lines;
   }
 
   QTemporaryDir dir_;
@@ -79,7 +90,9 @@ TEST_F(IniFileTest, WrittenFileIsPlainIniText) {
   ini.WriteString(QStringLiteral("Main"), QStringLiteral("Title"), QStringLiteral("Sales by city"));
   ini.WriteString(QStringLiteral("Second"), QStringLiteral("Count"), QStringLiteral("7"));
   ini.UpdateFile();
-  EXPECT_EQ(RawLines(), QStringList({"[Main]", "Columns=2", "Title=Sales by city", "", "[Second]", "Count=7", "", ""}));
+  EXPECT_EQ(RawLines(), QStringList({"[Main]", "Columns=2", "Title=Sales by city", "", "[Second]", "Count=7", "", ""}))
+      << "every line ends with CR LF";
+  EXPECT_EQ(TextStreamLines(), QStringList({"[Main]", "Columns=2", "Title=Sales by city", "", "[Second]", "Count=7", ""}));
   QSettings other(Path(), QSettings::IniFormat);
   EXPECT_EQ(other.value(QStringLiteral("Main/Title")).toString(), QStringLiteral("Sales by city"));
   EXPECT_EQ(other.value(QStringLiteral("Second/Count")).toInt(), 7);
@@ -108,6 +121,25 @@ TEST_F(IniFileTest, ReadingSkipsCommentsAndDamagedLines) {
   EXPECT_EQ(ini.ReadString(QStringLiteral("Layout"), QStringLiteral("Formula"), QString()),
             QStringLiteral("a=b+c"));
   EXPECT_FALSE(ini.ValueExists(QStringLiteral("Layout"), QStringLiteral("this line is damaged")));
+}
+
+TEST_F(IniFileTest, LinesWithoutAnEqualsSignStayInTheirSection) {
+  WriteRaw("[Files]\n  first.txt  \nCount=2\nsecond.txt\n[Empty]\nno value here\n");
+  TMemIniFile ini(Path());
+  EXPECT_EQ(SectionValues(ini, QStringLiteral("Files")), QStringList({"Count=2"}));
+  TStringList keys;
+  ini.ReadSection(QStringLiteral("Files"), &keys);
+  EXPECT_EQ(Lines(keys), QStringList({"Count"}));
+  EXPECT_FALSE(ini.SectionExists(QStringLiteral("Empty"))) << "a section exists by its keys";
+  EXPECT_EQ(ini.ReadString(QStringLiteral("Empty"), QStringLiteral("no value here"), QStringLiteral("none")),
+            QStringLiteral("none"));
+  ini.WriteString(QStringLiteral("Files"), QStringLiteral("Count"), QStringLiteral("3"));
+  ini.UpdateFile();
+  EXPECT_EQ(RawLines(), QStringList({"[Files]", "first.txt", "Count=3", "second.txt", "", "[Empty]", "no value here", "", ""}));
+
+  TIniFile direct(Path());
+  direct.DeleteKey(QStringLiteral("Files"), QStringLiteral("Count"));
+  EXPECT_EQ(RawLines(), QStringList({"[Files]", "first.txt", "second.txt", "", "[Empty]", "no value here", "", ""}));
 }
 
 TEST_F(IniFileTest, AByteOrderMarkDoesNotHideTheFirstSection) {

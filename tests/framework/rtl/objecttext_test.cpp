@@ -57,7 +57,7 @@ QString FloatText(double value) {
 
 }  // namespace
 
-TEST(ObjectText, WritesTheClassicTextForm) {
+TEST(ObjectText, WritesTheTextForm) {
   TDrawing drawing(nullptr);
   drawing.SetName("D");
   drawing.SetTitle("Hi");

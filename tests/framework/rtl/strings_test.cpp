@@ -1,6 +1,9 @@
 #include <gtest/gtest.h>
 
+#include <QFile>
 #include <QStringList>
+#include <QTemporaryDir>
+#include <QTextStream>
 #include <vector>
 
 #include "framework/rtl/Exceptions.h"
@@ -192,6 +195,7 @@ TEST(TStringList, IndexErrorsNameTheIndex) {
   EXPECT_THROW(list.Objects(1), EStringListError);
   EXPECT_THROW(list.Insert(2, QString()), EStringListError);
   EXPECT_THROW(list.Exchange(0, 1), EStringListError);
+  EXPECT_THROW(list.Delete(3), EListError) << "a list handler catches string-list errors too";
 }
 
 TEST(TStringList, NamesAndValuesReadNameValuePairs) {
@@ -349,6 +353,25 @@ TEST(TStringList, TextEndsEveryLineWithTheLineBreak) {
   EXPECT_EQ(list.Text(), QString());
   Fill(list, {"a", "", "b"});
   EXPECT_EQ(list.Text(), QStringLiteral("a") + sLineBreak + sLineBreak + QStringLiteral("b") + sLineBreak);
+  EXPECT_EQ(list.Text(), QStringLiteral("a\r\n\r\nb\r\n")) << "CR LF on every platform";
+}
+
+TEST(TStringList, SavedFileReadsBackAndReadsAsPlainText) {
+  QTemporaryDir dir;
+  const QString path = dir.filePath(QStringLiteral("lines.txt"));
+  TStringList list;
+  Fill(list, {"first", "", "caf\u00e9 = 1"});
+  list.SaveToFile(path);
+  TStringList read;
+  read.LoadFromFile(path);
+  EXPECT_EQ(Lines(read), Lines(list));
+
+  QFile file(path);
+  ASSERT_TRUE(file.open(QIODevice::ReadOnly));
+  QTextStream stream(&file);
+  QStringList plain;
+  while (!stream.atEnd()) plain << stream.readLine();
+  EXPECT_EQ(plain, Lines(list));
 }
 
 TEST(TStringList, StreamsTextAsUtf8AndReadsFromThePosition) {

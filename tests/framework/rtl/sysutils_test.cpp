@@ -17,7 +17,7 @@ struct IntRow {
 
 class StrToIntTable : public testing::TestWithParam<IntRow> {};
 
-TEST_P(StrToIntTable, ReadsLikeTheClassicReader) {
+TEST_P(StrToIntTable, ReadsDecimalAndHexadecimalIntegers) {
   const IntRow& row = GetParam();
   int value = 12345;
   EXPECT_EQ(TryStrToInt(row.text, value), row.expected.has_value()) << row.text;
@@ -77,7 +77,7 @@ struct FloatRow {
 
 class StrToFloatTable : public testing::TestWithParam<FloatRow> {};
 
-TEST_P(StrToFloatTable, ReadsTheClassicSyntax) {
+TEST_P(StrToFloatTable, ReadsTheRealSyntax) {
   const FloatRow& row = GetParam();
   double value = 0;
   EXPECT_EQ(TryStrToFloat(row.text, value), row.expected.has_value()) << row.text;
@@ -214,7 +214,7 @@ struct DequoteRow {
 
 class AnsiDequotedStrTable : public testing::TestWithParam<DequoteRow> {};
 
-TEST_P(AnsiDequotedStrTable, FollowsTheClassicRules) {
+TEST_P(AnsiDequotedStrTable, FollowsTheQuotingRules) {
   EXPECT_EQ(AnsiDequotedStr(GetParam().text, u'\''), GetParam().expected) << GetParam().text;
 }
 

@@ -1,0 +1,10 @@
+#include "framework/rtl/ExceptionHandler.h"
+
+namespace quil {
+
+TExceptionHandler& ApplicationHandleException() {
+  static TExceptionHandler handler;
+  return handler;
+}
+
+}  // namespace quil
