@@ -35,7 +35,15 @@ public:
   void Clear();
 
 private:
-  void ReadValue(int row, void* buffer) const;
+  void ReadValue(int row, void* buffer) const {
+    std::visit(
+        [&](const auto& values) {
+          using T = typename std::decay_t<decltype(values)>::value_type;
+          if constexpr (std::is_same_v<T, uint8_t>) *static_cast<bool*>(buffer) = values[size_t(row)] != 0;
+          else *static_cast<T*>(buffer) = values[size_t(row)];
+        },
+        values_);
+  }
 
   TNativeKind kind_;
   std::vector<uint8_t> nulls_;

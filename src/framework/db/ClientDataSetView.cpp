@@ -69,9 +69,15 @@ bool TCustomClientDataSet::Accepts(int row) {
   record->pending.reset();
   TStateScope scope(*this, dsFilter);
   SetFilterBuffer(filterRecord_);
-  if (CalcFieldsCount() > 0) GetCalcFields(filterRecord_);
-  bool accept = filter_.Matches(TFilterRecord(*this, row));
-  if (accept && OnFilterRecord()) OnFilterRecord()(this, accept);
+  bool accept = true;
+  try {
+    if (CalcFieldsCount() > 0) GetCalcFields(filterRecord_);
+    accept = filter_.Matches(TFilterRecord(*this, row));
+    if (accept && OnFilterRecord()) OnFilterRecord()(this, accept);
+  } catch (...) {
+    // A handled exception keeps the record as the test had left it.
+    InternalHandleException();
+  }
   return accept;
 }
 

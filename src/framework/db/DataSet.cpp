@@ -8,6 +8,7 @@
 #include "framework/db/Field.h"
 #include "framework/db/FieldDefs.h"
 #include "framework/db/Fields.h"
+#include "framework/rtl/ExceptionHandler.h"
 #include "framework/rtl/RtlConsts.h"
 #include "framework/rtl/TypInfo.h"
 
@@ -41,7 +42,7 @@ TDataSet::~TDataSet() {
     // A destructor cannot report a failed close; the buffers are gone all the same.
   }
   while (!dataSources_.empty()) dataSources_.back()->SetDataSet(nullptr);
-  // Fields belong to the data set whoever owns them, as in the classic framework.
+  // Fields belong to the data set whoever owns them: they cannot outlive it.
   while (fields_->Count() > 0) delete fields_->Fields(fields_->Count() - 1);
 }
 
@@ -208,7 +209,10 @@ void TDataSet::Notification(TComponent* component, TOperation operation) {
   TComponent::Notification(component, operation);
 }
 
-void TDataSet::InternalHandleException() {}
+void TDataSet::InternalHandleException() {
+  if (!ApplicationHandleException()) throw;
+  ApplicationHandleException()(this);
+}
 
 // --- Consistency ----------------------------------------------------------------------
 
@@ -234,7 +238,7 @@ void TDataSet::CheckConsistency() const {
   Require(distinct.size() == buffers_.size() && !distinct.count(nullptr), "buffers repeat or are missing");
   if (state_ == dsBrowse)
     for (int index = 0; index < recordCount_; ++index)
-      Require(GetBookmarkFlag(buffers_[size_t(index)]) == bfCurrent, "a browsed buffer holds no record");
+      Require(GetBookmarkFlag(Slot(index)) == bfCurrent, "a browsed buffer holds no record");
   CheckLinksConsistency();
 }
 

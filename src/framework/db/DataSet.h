@@ -225,7 +225,8 @@ protected:
   virtual void InternalCancel() {}
   virtual void InternalInsert() {}
   virtual void InternalRefresh() {}
-  // An exception that a fetch must not pass on; the classic handler reports it.
+  // Called inside a catch block for an exception that a fetch must not pass on: it goes
+  // to the application's handler, or on to the caller when there is none.
   virtual void InternalHandleException();
   virtual int GetRecordCount() const { return -1; }
   virtual int GetRecNo() const { return -1; }
@@ -252,7 +253,9 @@ protected:
   // Ties each field to its definition (FieldNo) and numbers the calculated ones.
   void BindFields(bool binding);
   int CalcFieldsCount() const { return calcFieldsCount_; }
-  void GetCalcFields(TRecordBuffer buffer);
+  void GetCalcFields(TRecordBuffer buffer) {
+    if (calcFieldsCount_ != 0) CalculateFieldsIn(buffer);
+  }
   void CalculateFields(TRecordBuffer buffer);
   // The state checks of a write and the field's OnValidate; descendants call it first
   // in SetFieldData, and FieldWritten last.
@@ -260,19 +263,29 @@ protected:
   void FieldWritten(TField* field);
 
   // --- The window, for descendants
-  TRecordBuffer ActiveBuffer() const;
+  TRecordBuffer ActiveBuffer() const {
+    return size_t(activeRecord_) < buffers_.size() ? Slot(activeRecord_) : nullptr;
+  }
   TRecordBuffer CalcBuffer() const { return calcBuffer_; }
   TRecordBuffer FilterBuffer() const { return filterBuffer_; }
   void SetFilterBuffer(TRecordBuffer buffer) { filterBuffer_ = buffer; }
-  TRecordBuffer TempBuffer() const;
+  TRecordBuffer TempBuffer() const {
+    return size_t(recordCount_) < buffers_.size() ? Slot(recordCount_) : nullptr;
+  }
   // The buffer that field access goes to in the present state; null when none.
-  TRecordBuffer StateBuffer() const;
+  TRecordBuffer StateBuffer() const {
+    // Browsing comes first: every field read of a walk asks this.
+    if (state_ == dsBrowse) return IsEmpty() ? nullptr : ActiveBuffer();
+    return OtherStateBuffer();
+  }
   int BufferCount() const { return bufferCount_; }
   int ActiveRecord() const { return activeRecord_; }
   int CurrentRecord() const { return currentRecord_; }
   // Records in the window.
   int BufferedCount() const { return recordCount_; }
-  TRecordBuffer Buffers(int index) const { return buffers_.at(size_t(index)); }
+  TRecordBuffer Buffers(int index) const {
+    return size_t(index) < buffers_.size() ? Slot(index) : buffers_.at(size_t(index));
+  }
   int BookmarkSize() const { return bookmarkSize_; }
   void SetBookmarkSize(int size) { bookmarkSize_ = size; }
   void SetCurrentRecord(int index);
@@ -314,6 +327,20 @@ private:
   std::vector<TDataLink*> DataLinks() const;
 
   // The window
+  // Slot 0 of the window is buffers_[firstBuffer_]: the buffers form a ring, so that a
+  // scroll by one record over a full window turns the ring instead of shifting them all.
+  TRecordBuffer Slot(int index) const {
+    size_t at = firstBuffer_ + size_t(index);
+    if (at >= buffers_.size()) at -= buffers_.size();
+    return buffers_[at];
+  }
+  TRecordBuffer& Slot(int index) {
+    size_t at = firstBuffer_ + size_t(index);
+    if (at >= buffers_.size()) at -= buffers_.size();
+    return buffers_[at];
+  }
+  TRecordBuffer OtherStateBuffer() const;
+  void CalculateFieldsIn(TRecordBuffer buffer);
   void UpdateBufferCount();
   void SetBufListSize(int count);
   void ClearBuffers();
@@ -321,6 +348,9 @@ private:
   void MoveBuffer(int fromIndex, int toIndex);
   bool GetNextRecord();
   bool GetPriorRecord();
+  // The steps of MoveBy; they answer how many records they moved.
+  int MoveForward(int distance, int& scrolled);
+  int MoveBackward(int distance, int& scrolled);
   int GetNextRecords();
   int GetPriorRecords();
   void BeginInsertAppend();
@@ -336,6 +366,7 @@ private:
 
   // bufferCount_ + 1 buffers while open; see the header comment.
   std::vector<TRecordBuffer> buffers_;
+  size_t firstBuffer_ = 0;
   int bufferCount_ = 0;
   int recordCount_ = 0;
   int activeRecord_ = 0;

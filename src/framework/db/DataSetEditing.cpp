@@ -94,7 +94,7 @@ void TDataSet::Insert() {
 void TDataSet::Append() {
   BeginInsertAppend();
   ClearBuffers();
-  TRecordBuffer buffer = buffers_[0];
+  TRecordBuffer buffer = Slot(0);
   InitRecord(buffer);
   SetBookmarkFlag(buffer, bfEOF);
   recordCount_ = 1;

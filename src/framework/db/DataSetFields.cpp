@@ -129,8 +129,7 @@ void TDataSet::DestroyRecordBuffer(TRecordBuffer buffer) {
   FreeRecordBuffer(buffer);
 }
 
-void TDataSet::GetCalcFields(TRecordBuffer buffer) {
-  if (calcFieldsCount_ == 0) return;
+void TDataSet::CalculateFieldsIn(TRecordBuffer buffer) {
   TStateScope scope(*this, dsCalcFields);
   CalculateFields(buffer);
 }

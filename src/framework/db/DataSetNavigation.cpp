@@ -26,6 +26,8 @@ void TDataSet::UpdateBufferCount() {
 
 void TDataSet::SetBufListSize(int count) {
   if (count == bufferCount_) return;
+  std::rotate(buffers_.begin(), buffers_.begin() + std::ptrdiff_t(firstBuffer_), buffers_.end());
+  firstBuffer_ = 0;
   // Shrinking drops records from the front first, so that the active one stays.
   const int dropped = count > 0 ? std::max(0, activeRecord_ - (count - 1)) : recordCount_;
   if (dropped > 0) {
@@ -65,24 +67,23 @@ void TDataSet::ActivateBuffers() {
 
 void TDataSet::MoveBuffer(int fromIndex, int toIndex) {
   if (fromIndex == toIndex) return;
-  // A shift by one slot: every scroll past the window's edge comes here.
-  TRecordBuffer moved = buffers_[size_t(fromIndex)];
-  auto from = buffers_.begin() + fromIndex;
-  auto to = buffers_.begin() + toIndex;
-  if (fromIndex < toIndex) std::copy(from + 1, to + 1, from);
-  else std::copy_backward(to, from, from + 1);
-  *to = moved;
+  // Every scroll past the edge of a full window comes here: the ring turns by one.
+  const int lastIndex = int(buffers_.size()) - 1;
+  if (fromIndex == 0 && toIndex == lastIndex) {
+    firstBuffer_ = int(firstBuffer_) == lastIndex ? 0 : firstBuffer_ + 1;
+    return;
+  }
+  if (fromIndex == lastIndex && toIndex == 0) {
+    firstBuffer_ = firstBuffer_ == 0 ? size_t(lastIndex) : firstBuffer_ - 1;
+    return;
+  }
+  const TRecordBuffer moved = Slot(fromIndex);
+  const int step = fromIndex < toIndex ? 1 : -1;
+  for (int index = fromIndex; index != toIndex; index += step) Slot(index) = Slot(index + step);
+  Slot(toIndex) = moved;
 }
 
-TRecordBuffer TDataSet::ActiveBuffer() const {
-  return size_t(activeRecord_) < buffers_.size() ? buffers_[size_t(activeRecord_)] : nullptr;
-}
-
-TRecordBuffer TDataSet::TempBuffer() const {
-  return size_t(recordCount_) < buffers_.size() ? buffers_[size_t(recordCount_)] : nullptr;
-}
-
-TRecordBuffer TDataSet::StateBuffer() const {
+TRecordBuffer TDataSet::OtherStateBuffer() const {
   switch (state_) {
     case dsBrowse: case dsBlockRead: return IsEmpty() ? nullptr : ActiveBuffer();
     case dsEdit: case dsInsert: case dsNewValue: return ActiveBuffer();
@@ -97,7 +98,7 @@ TRecordBuffer TDataSet::StateBuffer() const {
 void TDataSet::SetCurrentRecord(int index) {
   if (currentRecord_ == index) return;
   if (!uniDirectional_) {
-    TRecordBuffer buffer = buffers_[size_t(index)];
+    TRecordBuffer buffer = Slot(index);
     switch (GetBookmarkFlag(buffer)) {
       case bfCurrent: case bfInserted: InternalSetToRecord(buffer); break;
       case bfBOF: InternalFirst(); break;
@@ -120,7 +121,7 @@ bool TDataSet::GetNextRecord() {
     if (state_ == dsInsert && currentRecord_ == activeRecord_ && GetBookmarkFlag(ActiveBuffer()) == bfCurrent)
       mode = gmCurrent;
   }
-  if (GetRecord(buffers_[size_t(recordCount_)], mode, true) != grOK) {
+  if (GetRecord(Slot(recordCount_), mode, true) != grOK) {
     CursorPosChanged();
     return false;
   }
@@ -134,7 +135,7 @@ bool TDataSet::GetNextRecord() {
 bool TDataSet::GetPriorRecord() {
   CheckBiDirectional();
   if (recordCount_ > 0) SetCurrentRecord(0);
-  if (GetRecord(buffers_[size_t(recordCount_)], gmPrior, true) != grOK) {
+  if (GetRecord(Slot(recordCount_), gmPrior, true) != grOK) {
     CursorPosChanged();
     return false;
   }
@@ -197,18 +198,36 @@ void TDataSet::Last() {
 
 int TDataSet::MoveBy(int distance) {
   CheckBrowseMode();
-  int moved = 0;
   DoBeforeScroll();
   if (!((distance > 0 && !eof_) || (distance < 0 && !bof_))) return 0;
   bof_ = false;
   eof_ = false;
   // How far the buffers rotated: a link's rows move by that much plus its own range.
   int scrolled = 0;
-  TFinally notify([&] {
+  int moved = 0;
+  const auto notify = [&] {
     DataEvent(deDataSetScroll, scrolled);
     DoAfterScroll();
-  });
-  for (; distance > 0; --distance, ++moved) {
+  };
+  // The finally part by hand: a walk moves once per record, and a guard's bookkeeping
+  // of exceptions in flight would cost more than the move itself.
+  try {
+    moved = distance > 0 ? MoveForward(distance, scrolled) : -MoveBackward(-distance, scrolled);
+  } catch (...) {
+    try {
+      notify();
+    } catch (...) {
+      // The first failure is the one to report.
+    }
+    throw;
+  }
+  notify();
+  return moved;
+}
+
+int TDataSet::MoveForward(int distance, int& scrolled) {
+  int moved = 0;
+  for (; moved < distance; ++moved) {
     if (activeRecord_ < recordCount_ - 1) {
       ++activeRecord_;
       continue;
@@ -221,7 +240,12 @@ int TDataSet::MoveBy(int distance) {
     scrolled -= shift;
     if (activeRecord_ < recordCount_ - 1) ++activeRecord_;
   }
-  for (; distance < 0; ++distance, --moved) {
+  return moved;
+}
+
+int TDataSet::MoveBackward(int distance, int& scrolled) {
+  int moved = 0;
+  for (; moved < distance; ++moved) {
     if (activeRecord_ > 0) {
       --activeRecord_;
       continue;
@@ -239,7 +263,7 @@ int TDataSet::MoveBy(int distance) {
 
 void TDataSet::Resync(TResyncMode mode) {
   if (uniDirectional_) return;
-  TRecordBuffer spare = buffers_[size_t(recordCount_)];
+  TRecordBuffer spare = Slot(recordCount_);
   if (mode.Contains(rmExact)) {
     CursorPosChanged();
     if (GetRecord(spare, gmCurrent, true) != grOK) DatabaseError(SRecordNotFound, this);

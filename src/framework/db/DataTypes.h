@@ -15,7 +15,7 @@ namespace quil {
 class TEnumTypeInfo;
 class Variant;
 
-// The classic order: streams and published properties store the ordinals.
+// The order is fixed: streams and published properties store the ordinals.
 enum TFieldType {
   ftUnknown, ftString, ftSmallint, ftInteger, ftWord, ftBoolean, ftFloat, ftCurrency, ftBCD,
   ftDate, ftTime, ftDateTime, ftBytes, ftVarBytes, ftAutoInc, ftBlob, ftMemo, ftGraphic,
@@ -113,8 +113,8 @@ class TComponent;
 // Copies a native value of the kind from `source` to `dest`.
 void CopyNative(TNativeKind kind, const void* source, void* dest);
 
-// Raises EDatabaseError; a named component prefixes its name ("Orders: ..."), as the
-// classic data classes do.
+// Raises EDatabaseError; a named component prefixes its name ("Orders: ..."), so that
+// the user knows which data set failed.
 [[noreturn]] void DatabaseError(const QString& message, const TComponent* component);
 
 }  // namespace quil

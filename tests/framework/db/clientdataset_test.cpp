@@ -8,6 +8,9 @@
 #include "framework/db/Fields.h"
 #include "framework/db/NumericFields.h"
 #include "framework/db/StringFields.h"
+#include "framework/rtl/DateTime.h"
+#include "framework/rtl/ExceptionHandler.h"
+#include "framework/rtl/FormatSettings.h"
 
 using namespace quil;
 using dbtest::TPeople;
@@ -336,6 +339,29 @@ TEST_F(ClientCalcFields, CanBeFilteredAndLookedUp) {
   EXPECT_EQ(people.Lookup("ID", 2, "Doubled").AsDouble(), 7.0);
 }
 
+TEST_F(ClientCalcFields, ALookupCacheKeepsAnswersUntilRefreshed) {
+  TField* country = people.FieldByName("Country");
+  country->SetLookupCache(true);
+  people.Refresh();
+  EXPECT_EQ(country->AsString(), "Norway");
+  ASSERT_TRUE(cities.Locate("Code", "Oslo", {}));
+  cities.Edit();
+  cities.FieldByName("Country")->SetAsString("Noreg");
+  cities.Post();
+  people.Refresh();
+  EXPECT_EQ(country->AsString(), "Norway");
+  country->RefreshLookupList();
+  people.Refresh();
+  EXPECT_EQ(country->AsString(), "Noreg");
+  // Without the cache every fetch asks the lookup data set.
+  country->SetLookupCache(false);
+  cities.Edit();
+  cities.FieldByName("Country")->SetAsString("Norge");
+  cities.Post();
+  people.Refresh();
+  EXPECT_EQ(country->AsString(), "Norge");
+}
+
 TEST_F(ClientCalcFields, AreNotModifiableByControls) {
   people.Edit();
   EXPECT_FALSE(people.FieldByName("Doubled")->CanModify());
@@ -405,6 +431,99 @@ TEST(ClientFile, ADamagedFileRaisesAndKeepsTheData) {
   EXPECT_THROW(missing.LoadFromFile(dir.filePath("none.json")), EDatabaseError);
   EXPECT_THROW(missing.Open(), EDatabaseError);
   EXPECT_FALSE(missing.Active());
+}
+
+// --- Dates in filter texts ---------------------------------------------------------------
+
+class ClientDateFilter : public testing::Test {
+protected:
+  void SetUp() override {
+    saved_ = FormatSettings;
+    FormatSettings.DateSeparator = QLatin1Char('.');
+    FormatSettings.ShortDateFormat = QStringLiteral("dd.mm.yyyy");
+    dataSet.FieldDefs()->Add("ID", ftInteger);
+    dataSet.FieldDefs()->Add("Born", ftDate);
+    dataSet.CreateDataSet();
+    dataSet.AppendRecord({1, VarFromDateTime(EncodeDate(2020, 2, 1))});
+    dataSet.AppendRecord({2, VarFromDateTime(EncodeDate(2021, 6, 15))});
+    dataSet.AppendRecord({3, Null()});
+  }
+  void TearDown() override { FormatSettings = saved_; }
+
+  TClientDataSet dataSet{nullptr};
+
+private:
+  TFormatSettings saved_;
+};
+
+TEST_F(ClientDateFilter, TakesDatesInTheLocaleShortFormat) {
+  dataSet.SetFiltered(true);
+  for (const TFilterCase& filter :
+       {TFilterCase{"Born >= '01.01.2021'", {2}}, TFilterCase{"Born < '15.06.2021' OR Born IS NULL", {1, 3}},
+        TFilterCase{"Born IN ('01.02.2020', '15.06.2021')", {1, 2}}, TFilterCase{"Born <> '1.2.2020'", {2}}}) {
+    dataSet.SetFilter(filter.text);
+    EXPECT_EQ(Ids(dataSet), filter.ids) << filter.text;
+  }
+}
+
+TEST_F(ClientDateFilter, ADateInAnotherFormatRaisesAndKeepsTheOldFilter) {
+  dataSet.SetFilter("Born > '01.01.2021'");
+  dataSet.SetFiltered(true);
+  for (const char* text : {"Born = '2021-06-15'", "Born = '06/15/2021'", "Born = '31.02.2021'"})
+    EXPECT_THROW(dataSet.SetFilter(text), EDatabaseError) << text;
+  EXPECT_EQ(dataSet.Filter(), "Born > '01.01.2021'");
+  EXPECT_EQ(Ids(dataSet), QList<int>{2});
+}
+
+// --- Exceptions while filtering ------------------------------------------------------------
+
+// Installs an application handler for one test and notes what it hears.
+class ClientFilterException : public testing::Test {
+protected:
+  void TearDown() override { ApplicationHandleException() = nullptr; }
+  void InstallHandler() {
+    ApplicationHandleException() = [this](TObject* sender) {
+      senders << sender;
+      try {
+        throw;
+      } catch (const Exception& error) {
+        messages << error.Message();
+      }
+    };
+  }
+  // Raises on the record with ID 2 and refuses the one with ID 3.
+  void FilterByEvent() {
+    people.dataSet.SetOnFilterRecord([](TDataSet* dataSet, bool& accept) {
+      const int id = dataSet->FieldByName("ID")->AsInteger();
+      if (id == 2) DatabaseError("no record 2");
+      accept = id != 3;
+    });
+  }
+
+  TPeople people{4};
+  QList<TObject*> senders;
+  QStringList messages;
+};
+
+TEST_F(ClientFilterException, GoesToTheApplicationHandlerAndTheWalkGoesOn) {
+  InstallHandler();
+  FilterByEvent();
+  people.dataSet.SetFiltered(true);
+  EXPECT_EQ(messages, QStringList{"no record 2"});
+  EXPECT_EQ(senders, QList<TObject*>{&people.dataSet});
+  EXPECT_EQ(people.dataSet.State(), dsBrowse);
+  // The record that raised keeps the answer it had when the event began.
+  EXPECT_EQ(Ids(people.dataSet), (QList<int>{1, 2, 4}));
+  people.dataSet.CheckConsistency();
+}
+
+TEST_F(ClientFilterException, WithoutAHandlerReachesTheCallerAndChangesNothing) {
+  FilterByEvent();
+  EXPECT_THROW(people.dataSet.SetFiltered(true), EDatabaseError);
+  EXPECT_FALSE(people.dataSet.Filtered());
+  EXPECT_EQ(people.dataSet.State(), dsBrowse);
+  EXPECT_EQ(people.dataSet.RecordCount(), 4);
+  EXPECT_EQ(people.Id(), 1);
 }
 
 }  // namespace
