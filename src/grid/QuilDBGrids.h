@@ -25,3 +25,4 @@
 #include "grid/QuilDBGridOptions.h"
 #include "grid/QuilDBGridParts.h"
 #include "grid/QuilGridDataLink.h"
+#include "order/OrderText.h"

@@ -156,10 +156,9 @@ QString ValidFieldNames(const TDataSet* dataSet, const QString& fields, bool fir
   int pos = 1;
   while (pos <= fields.size()) {
     const QString name = ExtractFieldName(fields, pos);
-    if (!name.isEmpty()) {
-      const TField* field = dataSet->FindField(name);
-      AppendItem(result, field ? field->FieldName() : name, QLatin1Char(';'));
-    }
+    if (name.isEmpty()) continue;
+    const TField* field = dataSet->FindField(name);
+    AppendItem(result, field ? field->FieldName() : name, QLatin1Char(';'));
     if (first) break;
   }
   return result;

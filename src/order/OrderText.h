@@ -54,7 +54,8 @@ QString UnifyOrderFields(const QString& fields, const QString& descFields, bool 
 QString OrderFieldsToIndexFields(const QString& order, const QString& modifiers);
 QString IndexFieldsToOrderFields(const QString& fields, const QString& modifiers);
 
-// The text behind the last "ORDER BY " of the statement, without a final semicolon.
+// The text behind the first "ORDER BY " of the last line that holds one, without a final
+// semicolon; the lines after that line are not read.
 QString ExtractOrderFields(const TStrings* sql);
 // Replaces, adds or removes the statement's ORDER BY clause; empty fields remove it.
 void ModifyOrderFields(TStrings* sql, const QString& fields);

@@ -4,6 +4,7 @@
 
 #include "framework/db/ClientDataSet.h"
 #include "framework/db/FieldDefs.h"
+#include "framework/db/FieldNames.h"
 #include "framework/rtl/Strings.h"
 #include "order/OrderText.h"
 
@@ -52,6 +53,8 @@ TEST(UnifyOrderFields, MarksDescendingNames) {
   EXPECT_EQ(UnifyOrderFields("A;B;C", "C; A", false), "A DESC,B,C DESC");
   // Exact comparison: case counts, and a prefix of a name is not the name.
   EXPECT_EQ(UnifyOrderFields("Name;NameX", "name;Name", false), "Name DESC,NameX");
+  // Descending only stands in for an empty list of descending names.
+  EXPECT_EQ(UnifyOrderFields("A;B", "B", true), "A,B DESC");
 }
 
 TEST(UnifyOrderFields, InvertsSplit) {
@@ -78,7 +81,9 @@ INSTANTIATE_TEST_SUITE_P(Table, OrderIndexConversion, ::testing::Values(
     IndexCase{"Name,Age DESC", ":A;:D;:N", "Name;Age:D"},
     IndexCase{"Name,Age DESC", "", "Name;Age DESC"},
     IndexCase{"Name DESC", ";DESC", "NameDESC"},
-    IndexCase{"a desc,B", ":A;:D", "a desc;B"}));
+    IndexCase{"a desc,B", ":A;:D", "a desc;B"},
+    IndexCase{"Name ASC", ":A;:D;:N", "Name ASC"},                   // no " DESC": left alone
+    IndexCase{"My DESCRIPTION,B", ":A;:D;:N", "My:D;B"}));          // cut at " DESC"
 
 TEST(IndexFieldsToOrderFields, ReadsModifierSuffixes) {
   EXPECT_EQ(IndexFieldsToOrderFields("Name:A;Age:D;City:N", ":A;:D;:N"), "Name,Age DESC,City");
@@ -98,7 +103,9 @@ TEST(Separators, EveryOneIsReplacedAndNothingElse) {
 
 TEST(SameFieldName, IgnoresCaseIncludingNonAscii) {
   EXPECT_TRUE(SameFieldName("customer_id", "CUSTOMER_ID"));
-  EXPECT_TRUE(SameFieldText("Größe", "GRÖSSE") || SameFieldText("Größe", "GRÖßE"));
+  // Case folding keeps the length, so "ß", which has no single upper-case letter, stays.
+  EXPECT_TRUE(SameFieldText("Größe", "GRÖßE"));
+  EXPECT_FALSE(SameFieldText("Größe", "GRÖSSE"));
   EXPECT_FALSE(SameFieldName("Name", "Name2"));
 }
 
@@ -113,6 +120,9 @@ TEST(ExtractOrderFields, ReadsTheLastClause) {
   EXPECT_EQ(ExtractOrderFields(&sql), "A");
   SetLines(sql, {"SELECT * FROM T"});
   EXPECT_EQ(ExtractOrderFields(&sql), "");
+  // The first keyword of the last line that holds one.
+  SetLines(sql, {"SELECT * FROM (SELECT * FROM T ORDER BY A) ORDER BY B"});
+  EXPECT_EQ(ExtractOrderFields(&sql), "A) ORDER BY B");
   // A letter whose upper case is longer must not shift the keyword's position.
   SetLines(sql, {"SELECT * FROM T WHERE s = 'ßß' ORDER BY s DESC"});
   EXPECT_EQ(ExtractOrderFields(&sql), "s DESC");
@@ -151,8 +161,24 @@ INSTANTIATE_TEST_SUITE_P(Table, ModifyOrderFieldsTest, ::testing::Values(
     ModifyCase{{"SELECT * FROM (SELECT * FROM T", "ORDER BY A) x"}, "B", {"SELECT * FROM (SELECT * FROM T", "ORDER BY B"}},
     ModifyCase{{"SELECT * FROM (SELECT * FROM T ORDER BY A) x", "ORDER BY C"}, "B",
                {"SELECT * FROM (SELECT * FROM T ORDER BY A) x", "ORDER BY B"}},
+    ModifyCase{{"SELECT * FROM (SELECT * FROM T ORDER BY A) ORDER BY C;"}, "B",
+               {"SELECT * FROM (SELECT * FROM T ORDER BY B;"}},
     // The keyword counts only with its blank on the same line.
     ModifyCase{{"SELECT *", "FROM T", "ORDER BY"}, "B", {"SELECT *", "FROM T", "ORDER BY", "ORDER BY B"}}));
+
+TEST(ModifyOrderFields, LeavesANilListAlone) {
+  EXPECT_NO_THROW(ModifyOrderFields(nullptr, "A"));
+}
+
+TEST(ExtractFieldName, TrimsBlanksAndControlCharactersAndMovesBehindTheSemicolon) {
+  const QString fields = QStringLiteral(" \x01" "A\x01 ;\u00a0" "B\u00a0;;C");
+  int pos = 1;
+  EXPECT_EQ(ExtractFieldName(fields, pos), "A");
+  EXPECT_EQ(ExtractFieldName(fields, pos), QStringLiteral("\u00a0B\u00a0"));  // not a control character
+  EXPECT_EQ(ExtractFieldName(fields, pos), "");
+  EXPECT_EQ(ExtractFieldName(fields, pos), "C");
+  EXPECT_GT(pos, fields.size());
+}
 
 TEST(ValidFieldNames, SpellsNamesAsTheFieldsDo) {
   TClientDataSet dataSet(nullptr);
@@ -162,6 +188,7 @@ TEST(ValidFieldNames, SpellsNamesAsTheFieldsDo) {
   EXPECT_EQ(ValidFieldNames(nullptr, " name ;;x", false), " name ;;x");
   EXPECT_EQ(ValidFieldNames(&dataSet, "customer_id; NAME ;;Unknown;", false), "Customer_ID;Name;Unknown");
   EXPECT_EQ(ValidFieldNames(&dataSet, "name;customer_id", true), "Name");
+  EXPECT_EQ(ValidFieldNames(&dataSet, " ;customer_id;name", true), "Customer_ID");
   EXPECT_EQ(ValidFieldNames(&dataSet, "", false), "");
 }
 
