@@ -4,16 +4,19 @@
 #include <QApplication>
 #include <QCommandLineParser>
 #include <QFileInfo>
-#include <QLabel>
-#include <QMainWindow>
 #include <QSqlDatabase>
 #include <QSqlError>
-#include <QSqlQuery>
 #include <QTimer>
 #include <QUrl>
+#include <QWidget>
 #include <cstdio>
 
 #include "DemoDatabase.h"
+#include "framework/controls/Forms.h"
+#include "framework/db/DataSource.h"
+#include "framework/db/SqlConnection.h"
+#include "framework/db/SqlTable.h"
+#include "grid/QuilDBGrids.h"
 
 namespace {
 
@@ -63,10 +66,45 @@ QSqlDatabase OpenDatabase(const Options& options) {
 
 bool HasOrders(QSqlDatabase& db) { return db.tables().contains("orders"); }
 
-qint64 CountRows(QSqlDatabase& db, const QString& table) {
-  QSqlQuery query(db);
-  return query.exec("SELECT COUNT(*) FROM " + table) && query.next() ? query.value(0).toLongLong() : 0;
-}
+// The main form: the orders in the data grid, read through the SQL table data set.
+class TDemoForm {
+public:
+  explicit TDemoForm(const Options& options) : form_(nullptr) {
+    form_.SetCaption(QStringLiteral("QuilDB Demo"));
+    form_.SetBounds(0, 0, 1280, 800);
+    auto* connection = new quil::TSQLConnection(&form_);
+    if (options.postgresUrl.isEmpty()) {
+      connection->SetDatabaseName(options.databaseFile);
+    } else {
+      const QUrl url(options.postgresUrl);
+      connection->SetDriverName(QStringLiteral("QPSQL"));
+      connection->SetHostName(url.host());
+      connection->SetPort(url.port(5432));
+      connection->SetUserName(url.userName());
+      connection->SetPassword(url.password());
+      connection->SetDatabaseName(url.path().mid(1));
+    }
+    auto* orders = new quil::TSQLTable(&form_);
+    orders->SetConnection(connection);
+    orders->SetTableName(QStringLiteral("orders"));
+    auto* source = new quil::TDataSource(&form_);
+    source->SetDataSet(orders);
+    auto* grid = new quil::TQuilDBGrid(&form_);
+    grid->SetParent(&form_);
+    grid->SetAlign(quil::alClient);
+    grid->SetDataSource(source);
+    orders->Open();
+  }
+
+  void Show() {
+    form_.Show();
+    form_.Handle()->activateWindow();
+  }
+  bool SaveScreenshot(const QString& file) { return form_.Handle()->grab().save(file, "PNG"); }
+
+private:
+  quil::TForm form_;
+};
 
 }  // namespace
 
@@ -76,27 +114,22 @@ int main(int argc, char** argv) {
   QApplication app(argc, argv);
   const Options options = ParseOptions(app);
   try {
-    QSqlDatabase db = OpenDatabase(options);
-    if (options.rows >= 0 || !HasOrders(db)) {
-      demo::GenerateOptions generate;
-      if (options.rows >= 0) generate.orders = options.rows;
-      std::fprintf(stderr, "demo: generating %lld orders...\n", static_cast<long long>(generate.orders));
-      demo::GenerateDemoDatabase(kConnection, generate);
+    {
+      QSqlDatabase db = OpenDatabase(options);
+      if (options.rows >= 0 || !HasOrders(db)) {
+        demo::GenerateOptions generate;
+        if (options.rows >= 0) generate.orders = options.rows;
+        std::fprintf(stderr, "demo: generating %lld orders...\n", static_cast<long long>(generate.orders));
+        demo::GenerateDemoDatabase(kConnection, generate);
+      }
+      db.close();
     }
-    QMainWindow window;
-    window.setWindowTitle("QuilDB Demo");
-    // Until the grid paints, the form shows what the database holds.
-    auto* label = new QLabel(&window);
-    label->setAlignment(Qt::AlignCenter);
-    label->setText(QStringLiteral("QuilDB demo\n\n%1 customers, %2 products, %3 orders, %4 order lines")
-                       .arg(CountRows(db, "customers")).arg(CountRows(db, "products"))
-                       .arg(CountRows(db, "orders")).arg(CountRows(db, "order_lines")));
-    window.setCentralWidget(label);
-    window.resize(1280, 800);
-    window.show();
+    QSqlDatabase::removeDatabase(kConnection);
+    TDemoForm form(options);
+    form.Show();
     if (!options.screenshot.isEmpty()) {
-      QTimer::singleShot(0, &window, [&] {
-        const bool saved = window.grab().save(options.screenshot, "PNG");
+      QTimer::singleShot(0, &app, [&] {
+        const bool saved = form.SaveScreenshot(options.screenshot);
         app.exit(saved ? 0 : 1);
       });
     }
