@@ -4,6 +4,7 @@
 
 #include <QByteArray>
 #include <QString>
+#include <cstring>
 #include <variant>
 #include <vector>
 
@@ -16,6 +17,11 @@ namespace quil {
 class TClientColumn {
 public:
   explicit TClientColumn(TNativeKind kind);
+  // Moving keeps the values' storage, and so the byte view of it; a copy would not.
+  TClientColumn(const TClientColumn&) = delete;
+  TClientColumn& operator=(const TClientColumn&) = delete;
+  TClientColumn(TClientColumn&&) = default;
+  TClientColumn& operator=(TClientColumn&&) = default;
 
   TNativeKind Kind() const { return kind_; }
   int RowCount() const { return int(nulls_.size()); }
@@ -24,7 +30,15 @@ public:
   // The native value into buffer (may be null); false without a value.
   bool Read(int row, void* buffer) const {
     if (nulls_[size_t(row)]) return false;
-    if (buffer) ReadValue(row, buffer);
+    if (!buffer) return true;
+    const uint8_t* value = fixedData_ + size_t(row) * fixedSize_;
+    // Copies of a size known here compile to one move; a library call would cost more.
+    switch (fixedSize_) {
+      case 1: std::memcpy(buffer, value, 1); break;
+      case 4: std::memcpy(buffer, value, 4); break;
+      case 8: std::memcpy(buffer, value, 8); break;
+      default: ReadValue(row, buffer); break;
+    }
     return true;
   }
   Variant Value(int row) const;
@@ -35,6 +49,7 @@ public:
   void Clear();
 
 private:
+  void UpdateFixedData();
   void ReadValue(int row, void* buffer) const {
     std::visit(
         [&](const auto& values) {
@@ -50,6 +65,10 @@ private:
   std::variant<std::vector<int32_t>, std::vector<int64_t>, std::vector<double>, std::vector<Currency>,
                std::vector<uint8_t>, std::vector<QString>, std::vector<QByteArray>, std::vector<Variant>>
       values_;
+  // The values as bytes when their kind has a fixed size, so that a read is one copy
+  // (a walk reads every field of every record); fixedSize_ is 0 for the other kinds.
+  const uint8_t* fixedData_ = nullptr;
+  size_t fixedSize_ = 0;
 };
 
 }  // namespace quil
