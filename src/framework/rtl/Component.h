@@ -78,9 +78,9 @@ public:
 
 protected:
   virtual void Notification(TComponent* component, TOperation operation);
-  // Sends opRemove to the listeners now. A descendant's destructor that wants them to
-  // see its own class (a dynamic_cast in Notification) calls it before it unwinds;
-  // ~TComponent calls it otherwise.
+  // Sends opRemove to the listeners now. An owner calls it before it frees an owned
+  // component. A descendant freed on its own that wants the listeners to see its class
+  // (a dynamic_cast in Notification) calls it before it unwinds; ~TComponent otherwise.
   void NotifyFreeing();
   void SetComponentState(TComponentState state) { state_ = state; }
   void IncludeState(TComponentStateMember member) { state_.Include(member); }
