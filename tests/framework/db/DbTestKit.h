@@ -14,6 +14,7 @@
 #include "framework/db/Field.h"
 #include "framework/db/FieldDefs.h"
 #include "framework/rtl/Exceptions.h"
+#include "framework/rtl/FormatSettings.h"
 #include "framework/rtl/SysUtils.h"
 
 namespace dbtest {
@@ -92,6 +93,25 @@ struct TPeople {
   TWindowCheckedDataSet dataSet{nullptr};
   quil::TDataSource source{nullptr};
   TRecordingLink link;
+};
+
+// Day-first dates with dots and a 24-hour clock while it lives: unlike the default
+// locale, so that a format taken from the wrong place shows.
+class TDottedDateLocale {
+public:
+  TDottedDateLocale() : saved_(quil::FormatSettings) {
+    quil::FormatSettings.DateSeparator = QLatin1Char('.');
+    quil::FormatSettings.ShortDateFormat = QStringLiteral("dd.mm.yyyy");
+    quil::FormatSettings.TimeSeparator = QLatin1Char(':');
+    quil::FormatSettings.LongTimeFormat = QStringLiteral("hh:nn:ss");
+    quil::FormatSettings.DecimalSeparator = QLatin1Char('.');
+  }
+  ~TDottedDateLocale() { quil::FormatSettings = saved_; }
+  TDottedDateLocale(const TDottedDateLocale&) = delete;
+  TDottedDateLocale& operator=(const TDottedDateLocale&) = delete;
+
+private:
+  quil::TFormatSettings saved_;
 };
 
 }  // namespace dbtest

@@ -10,7 +10,6 @@
 #include "framework/db/StringFields.h"
 #include "framework/rtl/DateTime.h"
 #include "framework/rtl/ExceptionHandler.h"
-#include "framework/rtl/FormatSettings.h"
 
 using namespace quil;
 using dbtest::TPeople;
@@ -438,9 +437,6 @@ TEST(ClientFile, ADamagedFileRaisesAndKeepsTheData) {
 class ClientDateFilter : public testing::Test {
 protected:
   void SetUp() override {
-    saved_ = FormatSettings;
-    FormatSettings.DateSeparator = QLatin1Char('.');
-    FormatSettings.ShortDateFormat = QStringLiteral("dd.mm.yyyy");
     dataSet.FieldDefs()->Add("ID", ftInteger);
     dataSet.FieldDefs()->Add("Born", ftDate);
     dataSet.CreateDataSet();
@@ -448,12 +444,9 @@ protected:
     dataSet.AppendRecord({2, VarFromDateTime(EncodeDate(2021, 6, 15))});
     dataSet.AppendRecord({3, Null()});
   }
-  void TearDown() override { FormatSettings = saved_; }
 
+  dbtest::TDottedDateLocale locale;
   TClientDataSet dataSet{nullptr};
-
-private:
-  TFormatSettings saved_;
 };
 
 TEST_F(ClientDateFilter, TakesDatesInTheLocaleShortFormat) {

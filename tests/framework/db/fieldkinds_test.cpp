@@ -8,22 +8,14 @@
 #include "framework/db/DateTimeFields.h"
 #include "framework/db/NumericFields.h"
 #include "framework/rtl/DateTime.h"
-#include "framework/rtl/FormatSettings.h"
 
 using namespace quil;
 
 namespace {
 
-// A locale unlike the default one, so that a format taken from the wrong place shows.
 class TKindsTable : public testing::Test {
 protected:
   void SetUp() override {
-    saved_ = FormatSettings;
-    FormatSettings.DateSeparator = QLatin1Char('.');
-    FormatSettings.ShortDateFormat = QStringLiteral("dd.mm.yyyy");
-    FormatSettings.TimeSeparator = QLatin1Char(':');
-    FormatSettings.LongTimeFormat = QStringLiteral("hh:nn:ss");
-    FormatSettings.DecimalSeparator = QLatin1Char('.');
     for (auto [name, type, size] :
          {std::tuple{"Day", ftDate, 0}, {"Clock", ftTime, 0}, {"Stamp", ftDateTime, 0}, {"Data", ftBlob, 0},
           {"Note", ftMemo, 0}, {"Key", ftGuid, 38}, {"Price", ftBCD, 4}})
@@ -31,13 +23,10 @@ protected:
     dataSet.CreateDataSet();
     dataSet.Append();
   }
-  void TearDown() override { FormatSettings = saved_; }
   TField* Field(const char* name) { return dataSet.FieldByName(name); }
 
+  dbtest::TDottedDateLocale locale;
   TClientDataSet dataSet{nullptr};
-
-private:
-  TFormatSettings saved_;
 };
 
 struct TKindText {
