@@ -128,7 +128,7 @@ void WatchFocusChanges() {
   if (watching || !app) return;
   watching = true;
   // The focus leaving the application entirely is no exit: it comes back to the same
-  // control, as it does to the classic form's active control.
+  // control, as it does to the framework's form's active control.
   static QPointer<QWidget> lastFocus;
   QObject::connect(app, &QApplication::focusChanged, app, [](QWidget*, QWidget* now) {
     if (!now) return;

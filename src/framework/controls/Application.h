@@ -125,7 +125,7 @@ extern TApplication* const Application;
 extern TScreen* const Screen;
 extern TMouse* const Mouse;
 
-// Sounds the system beep; uType is the classic sound kind, which Qt cannot tell apart.
+// Sounds the system beep; uType is the framework's sound kind, which Qt cannot tell apart.
 bool MessageBeep(unsigned uType);
 // How many beeps sounded since the start, for tests that expect one.
 int MessageBeepCount();

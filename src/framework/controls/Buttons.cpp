@@ -122,7 +122,7 @@ void TCheckBox::SetAllowGrayed(bool allow) {
   if (HandleAllocated()) static_cast<QCheckBox*>(ButtonWidget(this))->setTristate(allow);
 }
 
-// Qt's own cycle goes through grayed before checked; the classic one after.
+// Qt's own cycle goes through grayed before checked; the framework's goes after.
 void TCheckBox::WidgetClicked() {
   state_ = NextCheckBoxState(state_, allowGrayed_);
   static_cast<QCheckBox*>(ButtonWidget(this))->setCheckState(QtCheckState(state_));

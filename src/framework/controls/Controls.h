@@ -1,5 +1,5 @@
 #pragma once
-// Controls: the classic control contract over Qt Widgets.
+// Controls: the framework's control contract over Qt Widgets.
 //
 // How input travels: Qt delivers an event to the QWidget of a TWinControl (made in
 // CreateWnd). The widget first delivers the posted messages that are waiting, records the

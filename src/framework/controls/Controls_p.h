@@ -33,7 +33,7 @@ public:
   virtual TWinControl* Owner() const = 0;
 };
 
-// One scroll bar of a window, with the classic scroll information it shows.
+// One scroll bar of a window, with the scroll information it shows.
 struct TWindowScrollBar {
   QScrollBar* bar = nullptr;  // a child of the window, made on first use
   TScrollInfo info{sizeof(TScrollInfo), 0, 0, 0, 0, 0, 0};

@@ -1,5 +1,5 @@
 #pragma once
-// The classic cursor numbers as Qt's cursor shapes.
+// The framework's cursor numbers as Qt's cursor shapes.
 
 #include <Qt>
 

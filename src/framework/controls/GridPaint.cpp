@@ -93,7 +93,7 @@ void TCustomGrid::DrawBlock(const TGridDrawInfo& info, int firstCol, int colOrig
     top = bottom + rowLine;
   }
   bool fixedLines = fixed || firstCol < fixedCols_;
-  // The classic black and silver lines; a custom style has line colors of its own.
+  // The framework's black and silver lines; a custom style has line colors of its own.
   TColor lineColor = fixedLines ? clBlack : clSilver;
   if (TStyleManager::IsCustomStyleActive()) lineColor = StyleServices()->Scheme()[fixedLines ? srBorder : srGridLine];
   if (options_.Intersects(fixedLines ? TGridOptions{goFixedVertLine, goFixedHorzLine} : TGridOptions{goVertLine, goHorzLine}))

@@ -57,7 +57,7 @@ uint16_t Lookup(const std::pair<int, uint16_t> (&table)[N], int qtKey) {
   return 0;
 }
 
-// Keys that the classic keyboard reports with the extended-key bit.
+// Keys that the framework's keyboard reports with the extended-key bit.
 bool IsExtendedKey(uint16_t virtualKey, bool keypad) {
   switch (virtualKey) {
     case VK_PRIOR: case VK_NEXT: case VK_END: case VK_HOME: case VK_LEFT: case VK_UP:
@@ -122,7 +122,7 @@ TKeyStroke TranslateKeyEvent(const QKeyEvent& event) {
   if (modifiers.testFlag(Qt::AltModifier)) stroke.Shift += ssAlt;
   stroke.System = stroke.Shift.Contains(ssAlt) && !stroke.Shift.Contains(ssCtrl);
   stroke.Chars = CharsOf(event, stroke.VirtualKey, stroke.Shift);
-  // A character no key gives still needs a key message; the classic input sends these.
+  // A character no key gives still needs a key message; the framework's input sends these.
   if (stroke.VirtualKey == 0 && !stroke.Chars.isEmpty()) stroke.VirtualKey = VK_PACKET;
 
   uint32_t data = 1u | ((event.nativeScanCode() & 0xFFu) << 16);

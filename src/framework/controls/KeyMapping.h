@@ -1,8 +1,8 @@
 #pragma once
-// Qt's key events as the classic key messages: a virtual-key code, key data, the shift
+// Qt's key events as the framework's key messages: a virtual-key code, key data, the shift
 // state and the characters that WM_CHAR (or WM_SYSCHAR) delivers one UTF-16 unit at a
 // time. The key state (GetKeyState) is that of the input event being handled, as the
-// classic call answers for the message being handled.
+// framework call answers for the message being handled.
 
 #include <QString>
 
@@ -27,7 +27,7 @@ TKeyStroke TranslateKeyEvent(const QKeyEvent& event);
 
 // Records the modifiers and mouse buttons of the input event about to be dispatched.
 void RecordInputState(const QInputEvent& event);
-// Negative while the key or button is down, as the classic call answers.
+// Negative while the key or button is down, as the framework's call answers.
 short GetKeyState(int virtualKey);
 // The screen point of the mouse at the input event being handled.
 TPoint GetMessagePos();

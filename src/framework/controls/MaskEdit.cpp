@@ -13,7 +13,7 @@ QLineEdit* LineEdit(const TWinControl* control) {
   return static_cast<QLineEdit*>(control->Private()->Widget());
 }
 
-// Qt's code for each classic mask character; a null char for a literal.
+// Qt's code for each mask character; a null char for a literal.
 QChar QtMaskChar(QChar ch) {
   switch (ch.unicode()) {
     case '0': return QLatin1Char('9');
@@ -29,7 +29,7 @@ QChar QtMaskChar(QChar ch) {
   }
 }
 
-// Characters that Qt's input mask reads as codes and the classic mask as literals.
+// Characters that Qt's input mask reads as codes and the framework's mask as literals.
 bool IsQtMeta(QChar ch) { return QStringLiteral("AaNnXx90Dd#HhBb><![]{}\\").contains(ch); }
 
 }  // namespace

@@ -1,5 +1,5 @@
 #pragma once
-// TCustomMaskEdit: a one-line edit over QLineEdit with the classic edit mask. A mask has
+// TCustomMaskEdit: a one-line edit over QLineEdit with the framework's edit mask. A mask has
 // up to three fields separated by ';': the mask characters, whether Text keeps the
 // literal characters ("1", the default) or not ("0"), and the character that shows an
 // empty position ("_" by default). Mask characters: 0 digit, 9 optional digit, # optional
@@ -14,7 +14,7 @@
 
 namespace quil {
 
-// The mask as Qt's input mask, with the two other fields of the classic mask.
+// The mask as Qt's input mask, with the two other fields of the framework's mask.
 struct TEditMaskInfo {
   QString InputMask;           // empty for no mask
   bool SaveLiterals = true;    // Text keeps the literal characters

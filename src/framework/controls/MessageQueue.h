@@ -2,7 +2,7 @@
 // The message queue of the GUI thread. PostMessage queues a message for a control and
 // returns at once; the Qt event loop delivers it later to the control's WindowProc, in
 // the order posted, before the next input event is handled (posted messages come first,
-// as in the classic queue). SendMessage delivers at once. PeekMessage looks into the queue,
+// as in the framework's queue). SendMessage delivers at once. PeekMessage looks into the queue,
 // so that a control can ask whether one of its messages is still pending, or take it out.
 
 #include "framework/controls/Messages.h"

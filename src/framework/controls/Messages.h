@@ -1,5 +1,5 @@
 #pragma once
-// Window messages with their classic numbers. A message is a number and two
+// Window messages with the framework's numbers. A message is a number and two
 // parameters; a handler writes its answer into Result. Mouse messages carry the
 // button flags (MK_...) in WParam and the client point as two signed 16-bit halves
 // of LParam; key messages carry the virtual-key code in WParam and the key data in
@@ -242,7 +242,7 @@ constexpr WPARAM SIZE_RESTORED = 0;
 constexpr WPARAM SIZE_MINIMIZED = 1;
 constexpr WPARAM SIZE_MAXIMIZED = 2;
 
-// The classic set's later members (ssHorizontal ...) are left out: their names belong to
+// The framework's set's later members (ssHorizontal ...) are left out: their names belong to
 // the scroll bar styles here.
 enum TShiftStateMember { ssShift, ssAlt, ssCtrl, ssLeft, ssRight, ssMiddle, ssDouble, ssTouch, ssPen };
 using TShiftState = TSet<TShiftStateMember>;

@@ -15,7 +15,7 @@ namespace quil {
 
 namespace {
 
-// The highest position the classic bar takes: the last page starts there.
+// The highest position the framework's bar takes: the last page starts there.
 int MaxPosition(const TScrollInfo& info) {
   int page = int(info.nPage);
   return std::max(info.nMin, page > 0 ? info.nMax - page + 1 : info.nMax);

@@ -1,5 +1,5 @@
 #pragma once
-// The scroll bars a window owns, with the classic scroll bar calls. A bar shows while
+// The scroll bars a window owns, with the framework's scroll bar calls. A bar shows while
 // its range holds more than one page; ShowScrollBar hides or shows it until the next
 // range change. The user's clicks and drags do not move a bar: they post WM_HSCROLL or
 // WM_VSCROLL with the scroll code, and the control sets the new position itself.

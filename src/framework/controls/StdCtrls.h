@@ -1,9 +1,9 @@
 #pragma once
 // The standard window controls over Qt's own widgets: TButton (QPushButton), TCheckBox
 // (QCheckBox), TRadioButton (QRadioButton) and TComboBox (QComboBox). Qt draws and
-// handles them; the classic state (Checked, State, ItemIndex, Text) lives here as well,
+// handles them; the framework's state (Checked, State, ItemIndex, Text) lives here as well,
 // so that it is there before the window and after it. A user's change fires OnClick or
-// OnChange; so does the program's, as it does classically.
+// OnChange; so does the program's, as it does in the framework.
 
 #include <QString>
 #include <memory>

@@ -1,5 +1,5 @@
 #pragma once
-// Check states between the classic controls and Qt's.
+// Check states between the framework's controls and Qt's.
 
 #include <Qt>
 

@@ -1,5 +1,5 @@
 #pragma once
-// Virtual-key codes with their classic numbers. Letters and digits are their upper-case
+// Virtual-key codes with the framework's numbers. Letters and digits are their upper-case
 // ASCII codes: 'A' .. 'Z', '0' .. '9'.
 
 #include <cstdint>

@@ -27,7 +27,7 @@ TWinControl::TWinControl(TComponent* owner)
 
 TWinControl::~TWinControl() {
   Destroying();
-  // The classic parent frees its child controls with it.
+  // The framework's parent frees its child controls with it.
   while (!controls_.empty()) {
     TControl* child = controls_.back();
     RemoveControl(child);

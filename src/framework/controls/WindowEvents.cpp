@@ -31,7 +31,7 @@ WPARAM MouseKeys(const QSinglePointEvent& event) {
   return keys;
 }
 
-// The message of a mouse event; 0 for a button the classic messages do not name.
+// The message of a mouse event; 0 for a button the framework's messages do not name.
 UINT MouseMessage(const QMouseEvent& event) {
   if (event.type() == QEvent::MouseMove) return WM_MOUSEMOVE;
   int offset = event.type() == QEvent::MouseButtonPress     ? 0

@@ -1,6 +1,6 @@
 #pragma once
 // TBitmap: a bitmap in memory with a canvas of its own, kept as 32-bit premultiplied
-// ARGB. ScanLine gives the classic 32-bit rows: blue, green, red, alpha per pixel.
+// ARGB. ScanLine gives the framework's 32-bit rows: blue, green, red, alpha per pixel.
 // Files load in any format Qt reads and save as BMP.
 
 #include <memory>

@@ -19,7 +19,7 @@ public:
   void Assign(const TPersistent* source) override;
 
   TColor Color() const { return color_; }
-  // Setting a color on a clear brush makes it solid, as the classic brush does.
+  // Setting a color on a clear brush makes it solid, as the framework's brush does.
   void SetColor(TColor color);
   TBrushStyle Style() const { return style_; }
   void SetStyle(TBrushStyle style);

@@ -96,7 +96,7 @@ void TCanvas::Rectangle(const TRect& rect) {
   if (!painter || rect.IsEmpty()) return;
   const bool outline = d_->PenDraws() && pen_->Style() != psClear;
   if (brush_->Style() != bsClear) {
-    // Without an outline the classic call fills one pixel less at right and bottom.
+    // Without an outline the framework's call fills one pixel less at right and bottom.
     const TRect inner = outline ? Rect(rect.Left + 1, rect.Top + 1, rect.Right - 1, rect.Bottom - 1)
                                 : Rect(rect.Left, rect.Top, rect.Right - 1, rect.Bottom - 1);
     painter->fillRect(d_->Map(inner), d_->QtBrush());
@@ -163,7 +163,7 @@ void TCanvas::DrawFocusRect(const TRect& rect) {
   QPainter* painter = d_->Painter();
   if (!painter || rect.IsEmpty()) return;
   const QRect area = d_->Map(rect);
-  // The classic dotted frame is a checkerboard brush: pixels whose x + y is even.
+  // The framework's dotted frame is a checkerboard brush: pixels whose x + y is even.
   QPolygon dots;
   auto dot = [&](int x, int y) {
     if ((x + y) % 2 == 0) dots << QPoint(x, y);

@@ -1,9 +1,9 @@
 #pragma once
-// TCanvas: the classic drawing surface. It draws through a QPainter that is bound to
+// TCanvas: the framework's drawing surface. It draws through a QPainter that is bound to
 // it from outside for the length of a paint (a control binds the widget's painter, see
 // Canvas_p.h), or that it makes itself on demand (a bitmap's canvas). Font, Brush and
 // Pen belong to the canvas; their changes reach the painter at the next operation
-// that needs them. Coordinates follow the classic rules: a rectangle excludes its
+// that needs them. Coordinates follow the framework's rules: a rectangle excludes its
 // Right and Bottom, LineTo stops before its end point, text is placed by its top.
 
 #include <QString>
@@ -24,7 +24,7 @@ namespace quil {
 class TGraphic;
 class TCanvas;
 class TCanvasPrivate;
-// The classic device context is the canvas itself.
+// The framework's device context is the canvas itself.
 using HDC = TCanvas*;
 
 enum TCanvasOrientation { coLeftToRight, coRightToLeft };
@@ -82,7 +82,7 @@ public:
   TCanvasOrientation CanvasOrientation() const;
   void SetCanvasOrientation(TCanvasOrientation orientation);
 
-  // True while a painter is bound; the classic name of "the canvas has a handle".
+  // True while a painter is bound; the framework's name of "the canvas has a handle".
   bool HandleAllocated() const;
   HDC Handle() { return this; }
   // Locking guards a canvas shared between threads; ours lives on the GUI thread.

@@ -37,7 +37,7 @@ constexpr std::array<ColorIdent, 54> kColorIdents{{
     {clDefault, "clDefault"}, {clLtGray, "clLtGray"}, {clDkGray, "clDkGray"},
 }};
 
-// "$hex" or "0xhex" or a decimal number, as the classic StrToInt reads it.
+// "$hex" or "0xhex" or a decimal number, as the framework's StrToInt reads it.
 bool ParseInteger(const QString& text, TColor& value) {
   const QString trimmed = text.trimmed();
   bool ok = false;

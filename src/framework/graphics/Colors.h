@@ -1,6 +1,6 @@
 #pragma once
-// TColor: the classic 32-bit color. An RGB color is 0x00BBGGRR; a system color is
-// 0xFF0000nn with the classic index nn, resolved through the active style by
+// TColor: the framework's 32-bit color. An RGB color is 0x00BBGGRR; a system color is
+// 0xFF0000nn with the framework's index nn, resolved through the active style by
 // ColorToRGB; clNone and clDefault stand outside both ranges.
 
 #include <QString>
@@ -43,7 +43,7 @@ constexpr TColor clGradientActiveCaption = SystemColor(27);
 constexpr TColor clGradientInactiveCaption = SystemColor(28);
 constexpr TColor clMenuHighlight = SystemColor(29);
 constexpr TColor clMenuBar = SystemColor(30);
-// One past the highest classic system color index.
+// One past the highest system color index.
 constexpr int SystemColorCount = 31;
 
 constexpr TColor clBlack = 0x000000;
@@ -82,7 +82,7 @@ constexpr bool IsSystemColor(TColor color) { return color < 0; }
 
 // A system color becomes the active style's RGB value; any other color stays as it is.
 TColor ColorToRGB(TColor color);
-// The active style's RGB value of a classic system color index (COLOR_WINDOW = 5 ...).
+// The active style's RGB value of a system color index (COLOR_WINDOW = 5 ...).
 TColor GetSysColor(int index);
 
 // "clRed" for a named color, otherwise "$" and eight hexadecimal digits.

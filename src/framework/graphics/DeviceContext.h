@@ -1,5 +1,5 @@
 #pragma once
-// The classic device-context calls on clipping and state, for code written against
+// The framework's device-context calls on clipping and state, for code written against
 // them; each is the canvas member of the same name.
 
 #include "framework/graphics/Canvas.h"

@@ -1,8 +1,8 @@
 #pragma once
-// DrawText with the classic format flags: alignment, word wrap, ellipses, prefixes,
+// DrawText with the framework's format flags: alignment, word wrap, ellipses, prefixes,
 // tabs, measuring (DT_CALCRECT). Lines break at CR, LF and CR LF; a word wider than
 // the rectangle stays whole unless DT_EDITCONTROL is given. Vertical alignment works
-// on single lines only, as the classic call does.
+// on single lines only, as the framework's call does.
 
 #include <QString>
 

@@ -1,5 +1,5 @@
 #pragma once
-// TFont: the classic font description. Height is in pixels (negative: the character
+// TFont: the framework's font description. Height is in pixels (negative: the character
 // height without internal leading); Size is in points, and the two are tied by
 // Height = -MulDiv(Size, PixelsPerInch, 72). The default face is "DejaVu Sans" at
 // 9 points, a face every Linux desktop with the DejaVu core fonts has.

@@ -1,5 +1,5 @@
 #pragma once
-// The classic frame calls: 3D edges, frame controls (check boxes, push buttons, scroll
+// The framework's frame calls: 3D edges, frame controls (check boxes, push buttons, scroll
 // arrows) in the unthemed look, and the dotted focus frame. Colors come from the
 // active style's system colors, so a style switch changes them too.
 

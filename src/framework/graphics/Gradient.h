@@ -1,5 +1,5 @@
 #pragma once
-// Two-color gradients over rectangles, with the classic GradientFill call shape: the
+// Two-color gradients over rectangles, with the framework's GradientFill call shape: the
 // vertices carry 16-bit color channels (the color's byte shifted left by 8) and each
 // rectangle of the mesh joins an upper-left and a lower-right vertex.
 

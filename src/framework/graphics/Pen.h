@@ -1,5 +1,5 @@
 #pragma once
-// TPen: how a canvas draws lines and frames. Mode is the classic raster operation of
+// TPen: how a canvas draws lines and frames. Mode is the framework's raster operation of
 // the pen with the pixels under it; the XOR-like modes work on bitmaps and widgets.
 
 #include "framework/graphics/Colors.h"

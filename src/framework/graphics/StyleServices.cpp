@@ -12,7 +12,7 @@ namespace quil {
 namespace {
 constexpr int kNoRole = -1;
 
-// The scheme role of each classic system color index.
+// The scheme role of each system color index.
 constexpr std::array<int, SystemColorCount> kSystemColorRoles{
     srMidlight, srAppWorkSpace, srActiveCaption, srInactiveCaption, srFace, srWindow,
     srDarkShadow, srWindowText, srWindowText, srCaptionText, srFace, srMidlight,

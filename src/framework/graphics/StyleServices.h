@@ -26,7 +26,7 @@ namespace quil {
 
 class TCanvas;
 
-// The order of both enumerations is the classic one, which callers may count on.
+// The order of both enumerations is the framework's, which callers may count on.
 enum TStyleColor {
   scBorder, scButtonDisabled, scButtonFocused, scButtonHot, scButtonNormal, scButtonPressed,
   scCategoryButtons, scCategoryButtonsGradientBase, scCategoryButtonsGradientEnd,

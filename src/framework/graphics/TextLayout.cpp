@@ -1,4 +1,4 @@
-// DrawText: the classic text layout over Qt's font metrics and line breaking.
+// DrawText: the framework's text layout over Qt's font metrics and line breaking.
 
 #include <QTextBoundaryFinder>
 #include <vector>

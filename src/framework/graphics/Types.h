@@ -1,5 +1,5 @@
 #pragma once
-// Plain geometry of the classic framework: rectangles exclude Right and Bottom, so a
+// Plain geometry of the framework: rectangles exclude Right and Bottom, so a
 // rectangle's Width is Right - Left. Converters to Qt's types live in Types_p.h.
 
 #include <cstdint>
@@ -51,7 +51,7 @@ constexpr TRect Bounds(int left, int top, int width, int height) {
 bool IsRectEmpty(const TRect& rect);
 bool EqualRect(const TRect& a, const TRect& b);
 bool PtInRect(const TRect& rect, TPoint point);
-// The in-place forms answer false when the result is empty, as the classic calls do.
+// The in-place forms answer false when the result is empty, as the framework's calls do.
 bool InflateRect(TRect& rect, int dx, int dy);
 bool OffsetRect(TRect& rect, int dx, int dy);
 bool IntersectRect(TRect& dest, const TRect& a, const TRect& b);

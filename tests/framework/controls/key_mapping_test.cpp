@@ -21,7 +21,7 @@ class KeyTranslation : public ::testing::TestWithParam<KeyCase> {};
 
 }  // namespace
 
-TEST_P(KeyTranslation, GivesTheClassicKeyShiftAndCharacters) {
+TEST_P(KeyTranslation, GivesTheFrameworkKeyShiftAndCharacters) {
   const KeyCase& c = GetParam();
   QKeyEvent event(QEvent::KeyPress, c.qtKey, c.modifiers, QString::fromUtf8(c.text));
   TKeyStroke stroke = TranslateKeyEvent(event);

@@ -85,7 +85,7 @@ protected:
 
 TEST_F(WinControlTest, KeyPressReachesKeyDownWithVirtualKeyAndShift) {
   QTest::keyClick(first->Handle(), Qt::Key_Down, Qt::ShiftModifier);
-  // The modifier comes as a key of its own, down first and up last, as on the classic keyboard.
+  // The modifier comes as a key of its own, down first and up last, as on the framework's keyboard.
   ASSERT_EQ(first->keysDown.size(), 2u);
   EXPECT_EQ(first->keysDown[0].key, VK_SHIFT);
   EXPECT_EQ(first->keysDown[1].key, VK_DOWN);

@@ -7,7 +7,7 @@
 namespace quil {
 namespace {
 
-TEST(TColor, SpecialValuesHaveTheClassicNumbers) {
+TEST(TColor, SpecialValuesHaveTheFrameworksNumbers) {
   EXPECT_EQ(clNone, 536870911);
   EXPECT_EQ(clDefault, 536870912);
   EXPECT_EQ(uint32_t(clWindow), 0xFF000005u);

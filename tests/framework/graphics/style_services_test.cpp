@@ -46,7 +46,7 @@ TEST_F(StyleServicesTest, UnknownStyleIsRefusedAndTheActiveOneStays) {
 
 TEST_F(StyleServicesTest, DarkChangesEverySystemColorOfLight) {
   for (int index = 0; index < SystemColorCount; ++index) {
-    if (index == 25) continue;  // no classic color has this index
+    if (index == 25) continue;  // no system color has this index
     TColor light = SystemColorIn(QStringLiteral("Quil Light"), SystemColor(index));
     TColor dark = SystemColorIn(QStringLiteral("Quil Dark"), SystemColor(index));
     EXPECT_NE(light, dark) << "system color " << index;
