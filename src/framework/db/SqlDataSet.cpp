@@ -9,6 +9,7 @@
 
 #include "framework/db/Field.h"
 #include "framework/db/FieldDefs.h"
+#include "framework/db/SqlCounter_p.h"
 #include "framework/db/SqlFilter.h"
 #include "framework/rtl/RtlConsts.h"
 
@@ -95,6 +96,8 @@ void TCustomSQLDataSet::InternalOpen() {
   BindFields(true);
   SetBookmarkSize(int(sizeof(int64_t)));
   filterRecord_ = CreateRecordBuffer();
+  counter_ = std::make_unique<TSQLCounter>(CheckConnection(),
+                                           [this](const TSQLClause& statement) { return CountHere(statement); });
   cursorOpen_ = true;
   ResetCache(true, false);
 }
@@ -104,6 +107,7 @@ void TCustomSQLDataSet::InternalClose() {
   filterRecord_ = nullptr;
   rows_.clear();
   count_.reset();
+  counter_.reset();
   firstPosition_.reset();
   BindFields(false);
   if (DefaultFields()) DestroyFields();
@@ -216,11 +220,26 @@ TSQLClause TCustomSQLDataSet::KeyCondition(const std::vector<QVariant>& key) con
   return {terms.join(QLatin1String(" AND ")), key};
 }
 
-int64_t TCustomSQLDataSet::CountRows(const std::vector<TSQLClause>& conditions) const {
+TSQLClause TCustomSQLDataSet::CountStatement(const std::vector<TSQLClause>& conditions) const {
   const TSQLClause select = Select(conditions);
-  QSqlQuery query = Run(QStringLiteral("SELECT count(*) FROM (%1) c").arg(select.sql), select.values);
+  return {QStringLiteral("SELECT count(*) FROM (%1) c").arg(select.sql), select.values};
+}
+
+int64_t TCustomSQLDataSet::CountHere(const TSQLClause& statement) const {
+  QSqlQuery query = Run(statement.sql, statement.values);
   query.next();
   return query.value(0).toLongLong();
+}
+
+// The wait runs the event loop, which may close the data set or change its data; a
+// count that no longer holds is asked again.
+int64_t TCustomSQLDataSet::RowsBefore(const TRowPtr& row) const {
+  for (;;) {
+    CheckActive();
+    const std::optional<int64_t> before =
+        counter_->Await(CountStatement({keyset_.Condition(OrderValues(*row), TSQLKeyset::TDirection::Before)}));
+    if (before) return *before;
+  }
 }
 
 std::vector<QVariant> TCustomSQLDataSet::OrderValues(const TRow& row) const {
@@ -354,17 +373,42 @@ int TCustomSQLDataSet::IndexOfRow(const TRowPtr& row) const {
 }
 
 int64_t TCustomSQLDataSet::Count() const {
-  if (!count_) count_ = HandlerFilters() ? -1 : CountRows({});
+  while (!count_) {
+    CheckActive();
+    if (HandlerFilters()) return *(count_ = -1);
+    const std::optional<int64_t> counted = counter_->Await(CountStatement({}));
+    if (counted && !count_ && Active()) count_ = *counted;
+  }
   return *count_;
 }
 
+bool TCustomSQLDataSet::RecordCountKnown() const { return Active() && (count_ || HandlerFilters()); }
+
+void TCustomSQLDataSet::RequestRecordCount() {
+  CheckActive();
+  if (RecordCountKnown()) return;
+  counter_->Start(CountStatement({}), [this](int64_t count) {
+    if (count_) return;
+    count_ = count;
+    if (onRecordCount_) onRecordCount_(this);
+  });
+}
+
+void TCustomSQLDataSet::ForgetCount() {
+  count_.reset();
+  if (counter_) counter_->Forget();
+}
+
+// The cache may change while a count is awaited; the position is taken only for the
+// front row it was counted for.
 int64_t TCustomSQLDataSet::FirstPosition() const {
-  if (firstPosition_) return *firstPosition_;
-  if (rows_.empty() || HandlerFilters()) return -1;
-  if (atEnd_) {
-    firstPosition_ = Count() - int64_t(rows_.size());
-  } else {
-    firstPosition_ = CountRows({keyset_.Condition(OrderValues(*rows_.front()), TSQLKeyset::TDirection::Before)});
+  while (!firstPosition_) {
+    if (rows_.empty() || HandlerFilters()) return -1;
+    const TRowPtr front = rows_.front();
+    const bool atEnd = atEnd_;
+    const int64_t counted = atEnd ? Count() : RowsBefore(front);
+    if (firstPosition_ || rows_.empty() || rows_.front() != front || atEnd_ != atEnd) continue;
+    firstPosition_ = atEnd ? counted - int64_t(rows_.size()) : counted;
   }
   return *firstPosition_;
 }
@@ -452,8 +496,7 @@ int TCustomSQLDataSet::GetRecNo() const {
   if (record->flag != bfCurrent || !record->row) return -1;
   const int index = IndexOfRow(record->row);
   if (index < 0 && HandlerFilters()) return -1;
-  if (index < 0)
-    return int(CountRows({keyset_.Condition(OrderValues(*record->row), TSQLKeyset::TDirection::Before)}) + 1);
+  if (index < 0) return int(RowsBefore(record->row) + 1);
   const int64_t first = FirstPosition();
   return first < 0 ? -1 : int(first + index + 1);
 }

@@ -23,13 +23,17 @@
 // this row".
 //
 // RecordCount and RecNo are exact. The count comes free when the cache has reached both
-// ends; otherwise it is "SELECT count(*)" over the same filtered statement, run on the
-// first request and kept until the statement, filter or data change (insert and delete
-// adjust it). The position of the first cached row is known when the cache grew from
-// either end; otherwise RecNo asks "SELECT count(*) ... WHERE (order, key) < (row)"
-// once. Each count runs on an index where the database has one.
-// FIXME: the counts run on the calling thread; a ten-million-row SQLite table takes
-// a fraction of a second, a much larger one should count on a worker connection.
+// ends; otherwise it is "SELECT count(*)" over the same filtered statement, kept until
+// the statement, filter or data change (insert and delete adjust it). The position of
+// the first cached row is known when the cache grew from either end; otherwise RecNo
+// asks "SELECT count(*) ... WHERE (order, key) < (row)" once. Each count runs on an index
+// where the database has one, but may still scan millions of rows, so it runs on a
+// worker thread over a connection of its own (SqlCounter_p.h says when it cannot).
+// RecordCount and RecNo wait for it with the event loop running: the GUI paints and
+// answers input, and the answer is exact, never an estimate. A caller that must not
+// wait (a scroll bar) asks RecordCountKnown, calls RequestRecordCount, and hears
+// OnRecordCount when the count has arrived. Opening, scrolling, First and Last count
+// nothing.
 //
 // Editing writes back by primary key with generated INSERT, UPDATE and DELETE inside a
 // transaction (a savepoint in the application's own one), and reads the row back
@@ -54,6 +58,10 @@
 #include "framework/db/SqlTypes.h"
 
 class QSqlQuery;
+
+namespace quil {
+class TSQLCounter;
+}
 
 namespace quil {
 
@@ -85,6 +93,13 @@ public:
   void SetFieldData(TField* field, const void* buffer) override;
   void SetFiltered(bool value) override;
   void SetFilterOptions(TFilterOptions options) override;
+
+  // Whether RecordCount answers without counting.
+  bool RecordCountKnown() const;
+  // Starts counting in the background; OnRecordCount fires when the count is known.
+  void RequestRecordCount();
+  const TDataSetNotifyEvent& OnRecordCount() const { return onRecordCount_; }
+  void SetOnRecordCount(const TDataSetNotifyEvent& handler) { onRecordCount_ = handler; }
 
   // Rows held by the cache, for tests of its bound.
   int CachedRowCount() const { return int(rows_.size()); }
@@ -160,7 +175,12 @@ private:
   // The wrapped statement restricted by the filter and the conditions, with all values.
   TSQLClause Select(const std::vector<TSQLClause>& conditions) const;
   TSQLClause KeyCondition(const std::vector<QVariant>& key) const;
-  int64_t CountRows(const std::vector<TSQLClause>& conditions) const;
+  TSQLClause CountStatement(const std::vector<TSQLClause>& conditions) const;
+  int64_t CountHere(const TSQLClause& statement) const;
+  // The rows before `row` in the order, counted as the design note says.
+  int64_t RowsBefore(const TRowPtr& row) const;
+  // The count and the counts under way no longer hold: the data or the filter changed.
+  void ForgetCount();
   std::vector<QVariant> OrderValues(const TRow& row) const;
   std::vector<QVariant> KeyValues(const TRow& row) const;
   TRowPtr RowByKey(const std::vector<QVariant>& key) const;
@@ -201,6 +221,8 @@ private:
   TSQLClause filter_;
   bool cursorOpen_ = false;
   TRecordBuffer filterRecord_ = nullptr;
+  std::unique_ptr<TSQLCounter> counter_;
+  TDataSetNotifyEvent onRecordCount_;
 
   // The cache: consecutive rows in order; cursor_ indexes it, -1 before its first row
   // and rows_.size() after its last.

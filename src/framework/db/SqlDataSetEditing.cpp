@@ -59,7 +59,7 @@ void TCustomSQLDataSet::InternalPost() {
   record->pending.reset();
   record->row = written;
   record->flag = bfCurrent;
-  count_.reset();
+  ForgetCount();
   Seek(*written);
 }
 
@@ -67,7 +67,7 @@ void TCustomSQLDataSet::InternalAddRecord(TRecordBuffer buffer, bool append) {
   TRecord* record = Record(buffer);
   const TRowPtr written = Insert(record->pending ? *record->pending : TRow(columns_.size(), Null()));
   (void)append;  // the row takes its place in the order, wherever it was added
-  count_.reset();
+  ForgetCount();
   Seek(*written);
 }
 
@@ -83,7 +83,9 @@ void TCustomSQLDataSet::InternalDelete() {
     rows_.erase(rows_.begin() + index);
     cursor_ = index;
   }
-  if (count_ && *count_ > 0) --*count_;
+  const std::optional<int64_t> count = count_;
+  ForgetCount();
+  if (count && *count > 0) count_ = *count - 1;
 }
 
 // Runs an INSERT or UPDATE ... RETURNING * and gives the row as stored, in the order of
@@ -138,7 +140,7 @@ TCustomSQLDataSet::TRowPtr TCustomSQLDataSet::Update(const TRow& original, const
 
 void TCustomSQLDataSet::InternalRefresh() {
   const TRowPtr current = cursor_ >= 0 && cursor_ < int(rows_.size()) ? rows_[size_t(cursor_)] : nullptr;
-  count_.reset();
+  ForgetCount();
   if (current) Seek(*current);
   else ResetCache(true, false);
 }
@@ -205,7 +207,7 @@ int TCustomSQLDataSet::CompareBookmarks(const TBookmark& a, const TBookmark& b) 
   if (!rowA || !rowB) return rowA == rowB ? 0 : (rowA ? -1 : 1);
   // a comes first when its row lies before b's in the order.
   const TSQLClause before = keyset_.Condition(OrderValues(*rowB), TSQLKeyset::TDirection::Before);
-  return CountRows({KeyCondition(KeyValues(*rowA)), before}) > 0 ? -1 : 1;
+  return CountHere(CountStatement({KeyCondition(KeyValues(*rowA)), before})) > 0 ? -1 : 1;
 }
 
 // --- The filter -----------------------------------------------------------------------
@@ -222,7 +224,7 @@ void TCustomSQLDataSet::ApplyFilter(const QString& text, TFilterOptions options,
   TSQLClause clause = CurrentFilterClause(text, options, filtered);
   CheckBrowseMode();
   filter_ = std::move(clause);
-  count_.reset();
+  ForgetCount();
   ResetCache(true, false);
 }
 

@@ -2,6 +2,7 @@
 // The SQL data set cases that run against each database. A test program defines
 // ConnectBackend (how its TSQLConnection reaches the database) and includes this file.
 
+#include <QCoreApplication>
 #include <QDate>
 #include <QSqlDatabase>
 #include <QSqlError>
@@ -409,6 +410,61 @@ TEST_F(SqlDataSetTest, OnFilterRecordRunsOnTopOfTheDatabaseFilter) {
   std::vector<int> ids;
   for (table->First(); !table->Eof(); table->Next()) ids.push_back(Id(*table));
   EXPECT_EQ(ids, (std::vector<int>{22, 26, 34, 38, 42, 46, 54}));
+}
+
+// Counting may run on another connection (PostgreSQL) or on the data set's own one
+// (SQLite in memory); either way the count is exact and told once.
+TEST_F(SqlDataSetTest, RequestedCountIsToldOnceAndOpeningCountsNothing) {
+  auto table = Table();
+  int told = 0;
+  table->SetOnRecordCount([&](TDataSet* dataSet) {
+    ++told;
+    EXPECT_EQ(dataSet->RecordCount(), kRows);
+  });
+  table->Open();
+  table->Next();
+  EXPECT_FALSE(table->RecordCountKnown());
+  table->RequestRecordCount();
+  table->RequestRecordCount();
+  EXPECT_EQ(table->RecordCount(), kRows);
+  QCoreApplication::processEvents();
+  EXPECT_EQ(told, 1);
+  EXPECT_TRUE(table->RecordCountKnown());
+}
+
+// A count under way when the data change or the data set closes never lands: it
+// counted rows that are no longer the data set's.
+TEST_F(SqlDataSetTest, ACountUnderWayIsDroppedByAWriteAndByClosing) {
+  auto table = Table();
+  int told = 0;
+  table->SetOnRecordCount([&](TDataSet*) { ++told; });
+  table->Open();
+  table->RequestRecordCount();
+  const int toldBefore = told;
+  table->Delete();
+  QCoreApplication::processEvents();
+  EXPECT_EQ(told, toldBefore);
+  EXPECT_EQ(table->RecordCount(), kRows - 1);
+
+  table->SetFilter(QStringLiteral("grp = 1"));
+  table->SetFiltered(true);
+  table->RequestRecordCount();
+  table->Close();
+  QCoreApplication::processEvents();
+  table->Open();
+  EXPECT_EQ(table->RecordCount(), 14);
+}
+
+// Another connection would not see the rows of an open transaction.
+TEST_F(SqlDataSetTest, InsideATransactionTheCountSeesItsUncommittedRows) {
+  auto table = Table();
+  table->Open();
+  connection_.StartTransaction();
+  connection_.ExecuteDirect(QStringLiteral("INSERT INTO people (id, code) VALUES (100, 'X100')"));
+  EXPECT_EQ(table->RecordCount(), kRows + 1);
+  connection_.Rollback();
+  table->Refresh();
+  EXPECT_EQ(table->RecordCount(), kRows);
 }
 
 TEST_F(SqlDataSetTest, QueryBindsTypedParametersAndReopensWhenItsOrderChanges) {
