@@ -3,6 +3,7 @@
 #include <QDateTime>
 #include <QRegularExpression>
 #include <QSqlField>
+#include <optional>
 
 #include "framework/rtl/Currency.h"
 #include "framework/rtl/DateTime.h"
@@ -25,18 +26,68 @@ QDateTime FromDateTime(TDateTime value) {
   return QDateTime(kDayZero.addDays(day), QTime::fromMSecsSinceStartOfDay(int(ms - day * qint64(kMsPerDay))));
 }
 
-QDateTime ParseMoment(const QVariant& value) {
-  if (value.typeId() == QMetaType::QDateTime) return value.toDateTime();
-  if (value.typeId() == QMetaType::QDate) return QDateTime(value.toDate(), QTime(0, 0));
-  if (value.typeId() == QMetaType::QTime) return QDateTime(kDayZero, value.toTime());
+bool Digits(QStringView text, qsizetype at, int count, int& out) {
+  if (at + count > text.size()) return false;
+  out = 0;
+  for (qsizetype index = at; index < at + count; ++index) {
+    if (!text[index].isDigit()) return false;
+    out = out * 10 + text[index].digitValue();
+  }
+  return true;
+}
+
+// "HH:mm[:ss[.fff]]" from `at`, which moves past it; the milliseconds of the day.
+std::optional<int> ParseClock(QStringView text, qsizetype& at) {
+  int hour = 0, minute = 0, second = 0, ms = 0;
+  if (!Digits(text, at, 2, hour) || at + 2 >= text.size() || text[at + 2] != QLatin1Char(':') ||
+      !Digits(text, at + 3, 2, minute))
+    return std::nullopt;
+  at += 5;
+  if (at < text.size() && text[at] == QLatin1Char(':')) {
+    if (!Digits(text, at + 1, 2, second)) return std::nullopt;
+    at += 3;
+    if (at < text.size() && text[at] == QLatin1Char('.'))
+      for (int scale = 100; ++at < text.size() && text[at].isDigit(); scale /= 10) ms += text[at].digitValue() * scale;
+  }
+  if (hour > 23 || minute > 59 || second > 59) return std::nullopt;
+  return ((hour * 60 + minute) * 60 + second) * 1000 + ms;
+}
+
+// The ISO texts SQLite keeps dates and times in: "yyyy-MM-dd", "yyyy-MM-dd HH:mm:ss.fff"
+// (or with "T"), "HH:mm:ss". Read by hand, not through QDateTime, whose local time
+// asks the system's time zone for every value. A trailing offset or "Z" leaves the
+// wall clock as written, which is what the row holds.
+std::optional<TDateTime> ParseIsoText(QStringView text) {
+  qsizetype at = 0;
+  if (text.size() >= 5 && text[2] == QLatin1Char(':')) {
+    const std::optional<int> clock = ParseClock(text, at);
+    if (!clock || at != text.size()) return std::nullopt;
+    return *clock / kMsPerDay;
+  }
+  int year = 0, month = 0, day = 0;
+  if (!Digits(text, 0, 4, year) || text.size() < 10 || text[4] != QLatin1Char('-') || !Digits(text, 5, 2, month) ||
+      text[7] != QLatin1Char('-') || !Digits(text, 8, 2, day))
+    return std::nullopt;
+  const QDate date(year, month, day);
+  if (!date.isValid()) return std::nullopt;
+  const double days = double(kDayZero.daysTo(date));
+  at = 10;
+  if (at == text.size()) return days;
+  if (text[at] != QLatin1Char(' ') && text[at] != QLatin1Char('T')) return std::nullopt;
+  const std::optional<int> clock = ParseClock(text, ++at);
+  if (!clock) return std::nullopt;
+  if (at < text.size() && !QStringView(u"Z+-").contains(text[at])) return std::nullopt;
+  return days + *clock / kMsPerDay;
+}
+
+TDateTime ParseMoment(const QVariant& value) {
+  if (value.typeId() == QMetaType::QDateTime) return ToDateTime(value.toDateTime());
+  if (value.typeId() == QMetaType::QDate) return ToDateTime(QDateTime(value.toDate(), QTime(0, 0)));
+  if (value.typeId() == QMetaType::QTime) return ToDateTime(QDateTime(kDayZero, value.toTime()));
   const QString text = value.toString().trimmed();
-  QDateTime moment = QDateTime::fromString(text, Qt::ISODateWithMs);
-  if (!moment.isValid()) moment = QDateTime::fromString(text, QStringLiteral("yyyy-MM-dd HH:mm:ss.zzz"));
-  if (!moment.isValid()) moment = QDateTime::fromString(text, QStringLiteral("yyyy-MM-dd HH:mm:ss"));
-  if (!moment.isValid()) moment = QDateTime(QDate::fromString(text, Qt::ISODate), QTime(0, 0));
-  if (!moment.isValid()) moment = QDateTime(kDayZero, QTime::fromString(text, Qt::ISODateWithMs));
-  if (!moment.isValid()) DatabaseError(QStringLiteral("'%1' is not a valid date and time").arg(text), nullptr);
-  return moment;
+  const std::optional<TDateTime> moment = ParseIsoText(text);
+  if (!moment) DatabaseError(QStringLiteral("'%1' is not a valid date and time").arg(text), nullptr);
+  return *moment;
 }
 
 // "numeric(12,2)" gives {12, 2}; a type without a size gives {0, 0}.
@@ -102,7 +153,7 @@ Variant FromSqlValue(const QVariant& value, TFieldType type) {
                                                           : value.toBool());
     case TNativeKind::Double:
       if (type == ftDate || type == ftTime || type == ftDateTime || type == ftTimeStamp)
-        return VarFromDateTime(ToDateTime(ParseMoment(value)));
+        return VarFromDateTime(ParseMoment(value));
       return Variant(value.toDouble());
     case TNativeKind::Bytes: {
       const QByteArray bytes = value.toByteArray();
