@@ -52,8 +52,9 @@ void TCustomGrid::UpdateEdit() {
   }
   inplaceCol_ = current_.X;
   inplaceRow_ = current_.Y;
+  // A limit of -1 forbids any change; the editor's MaxLength cannot say so (0 is no limit).
+  canEditModify_ = GetEditLimit() != -1;
   inplaceEdit_->UpdateContents();
-  canEditModify_ = inplaceEdit_->MaxLength() != -1;
   inplaceEdit_->SelectAll();
   inplaceEdit_->Move(CellRect(current_.X, current_.Y));
 }
@@ -156,7 +157,6 @@ void TInplaceEdit::KeyDown(uint16_t& key, TShiftState shift) {
       break;
     case VK_INSERT:
       if (shift.Empty()) SendToParent(key, shift);
-      else if (shift == TShiftState{ssShift} && !grid_->CanEditModify()) key = 0;
       break;
     case VK_LEFT: case VK_HOME:
       if (shift.Contains(ssCtrl) || (caretMoves && CaretAtStart())) SendToParent(key, shift);
@@ -169,7 +169,6 @@ void TInplaceEdit::KeyDown(uint16_t& key, TShiftState shift) {
       break;
     case VK_DELETE:
       if (shift.Contains(ssCtrl)) SendToParent(key, shift);
-      else if (!grid_->CanEditModify()) key = 0;
       break;
     default: break;
   }

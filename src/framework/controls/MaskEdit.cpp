@@ -93,6 +93,8 @@ void TCustomMaskEdit::CreateWnd() {
   settingText_ = true;
   edit->setText(text_);
   settingText_ = false;
+  // The edit's own menu would change the text behind EditCanModify; WMContextMenu shows it.
+  edit->setContextMenuPolicy(Qt::PreventContextMenu);
   QObject::connect(edit, &QLineEdit::textChanged, edit, [this] { TextChanged(); });
 }
 
@@ -192,9 +194,15 @@ void TCustomMaskEdit::KeyPress(QChar& key) {
 }
 
 void TCustomMaskEdit::WMKeyDown(TMessage& message) {
-  // Deleting keys change the text without a character, so they ask first too.
-  bool deletes = message.WParam == VK_DELETE || message.WParam == VK_BACK;
+  // Deleting and redo keys change the text without a character, so they ask first too.
+  TShiftState shift = KeyDataToShiftState(message.LParam);
+  bool deletes = message.WParam == VK_DELETE || message.WParam == VK_BACK ||
+                 IsRedoKey(uint16_t(message.WParam), shift);
   if (DoKeyDown(message)) return;
+  if (UINT command = EditCommand(uint16_t(message.WParam), shift)) {
+    Perform(command, 0, 0);
+    return;
+  }
   if (deletes && !EditCanModify()) return;
   DefaultHandler(message);
 }

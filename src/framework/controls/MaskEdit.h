@@ -68,11 +68,23 @@ protected:
   // False keeps the user from changing the text.
   virtual bool EditCanModify() { return true; }
   void KeyPress(QChar& key) override;
+  void Dispatch(TMessage& message) override;
   void CMEnter(TMessage& message) override;
   void WMKeyDown(TMessage& message) override;
+  void WMContextMenu(TMessage& message) override;
+  // Every change through the clipboard or undo arrives as one of these, so that a
+  // descendant can refuse or adjust it; each asks EditCanModify first.
+  virtual void WMCut(TMessage& message);
+  virtual void WMPaste(TMessage& message);
+  virtual void WMClear(TMessage& message);
+  virtual void WMUndo(TMessage& message);
 
 private:
   void TextChanged();
+  // The message that a clipboard or undo key stands for; 0 for other keys.
+  static UINT EditCommand(uint16_t key, TShiftState shift);
+  static bool IsRedoKey(uint16_t key, TShiftState shift);
+  void ShowEditMenu(TPoint screen);
 
   QString text_;  // the text while there is no window
   QString editMask_;

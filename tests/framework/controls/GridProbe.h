@@ -2,7 +2,10 @@
 // A base grid that records what reaches its virtual operations, on a form that is shown
 // and active, with helpers that send real Qt mouse events at client points.
 
+#include <gtest/gtest.h>
+
 #include <QApplication>
+#include <QScreen>
 #include <QMouseEvent>
 #include <QTest>
 #include <QWidget>
@@ -18,6 +21,19 @@
 
 namespace quil::test {
 
+// An in-place editor that records the clipboard and undo messages that reach it.
+class EditProbe : public TInplaceEdit {
+public:
+  explicit EditProbe(TComponent* owner) : TInplaceEdit(owner) {}
+  std::vector<UINT> commands;
+
+protected:
+  void WMCut(TMessage& m) override { commands.push_back(WM_CUT); TInplaceEdit::WMCut(m); }
+  void WMPaste(TMessage& m) override { commands.push_back(WM_PASTE); TInplaceEdit::WMPaste(m); }
+  void WMClear(TMessage& m) override { commands.push_back(WM_CLEAR); TInplaceEdit::WMClear(m); }
+  void WMUndo(TMessage& m) override { commands.push_back(WM_UNDO); TInplaceEdit::WMUndo(m); }
+};
+
 class GridProbe : public TCustomGrid {
 public:
   explicit GridProbe(TComponent* owner) : TCustomGrid(owner) {}
@@ -31,9 +47,12 @@ public:
   QString editText = QStringLiteral("before");
   QString editMask;
   int editLimit = 0;
+  bool modifiable = true;  // false: CanEditModify refuses whatever the base says
   TColor ink = clNone;  // when set, DrawCell writes "c,r" in this color
 
   using TCustomGrid::Canvas;
+  bool CanEditModify() override { return modifiable && TCustomGrid::CanEditModify(); }
+  EditProbe* Editor() const { return static_cast<EditProbe*>(InplaceEditor()); }
 
 protected:
   void KeyDown(uint16_t& key, TShiftState shift) override {
@@ -52,6 +71,7 @@ protected:
   void SetEditText(int col, int row, const QString& value) override { edits.push_back({{col, row}, value}); }
   QString GetEditMask(int col, int row) override { return editMask; }
   int GetEditLimit() override { return editLimit; }
+  TInplaceEdit* CreateEditor() override { return new EditProbe(this); }
   void ColumnMoved(int fromIndex, int toIndex) override { moves.emplace_back(fromIndex, toIndex); }
   void ColWidthsChanged() override { ++colWidthsChanges; TCustomGrid::ColWidthsChanged(); }
   void RowHeightsChanged() override { ++rowHeightsChanges; TCustomGrid::RowHeightsChanged(); }
@@ -82,5 +102,45 @@ inline void Drag(TWinControl* control, TPoint from, TPoint to) {
   }
   SendMouse(control, QEvent::MouseButtonRelease, to, Qt::NoButton);
 }
+
+inline void Key(Qt::Key key, Qt::KeyboardModifiers modifiers = Qt::NoModifier) {
+  QTest::keyClick(QApplication::focusWidget(), key, modifiers);
+  Application->ProcessMessages();
+}
+
+// A 20 x 200 grid with a fixed row and column, 64 x 24 cells, on a shown, active form.
+class GridTest : public ::testing::Test {
+protected:
+  void SetUp() override {
+    form = new TForm(nullptr);
+    form->SetBounds(0, 0, 400, 300);
+    grid = new GridProbe(form);
+    grid->SetParent(form);
+    grid->SetBounds(0, 0, 400, 300);
+    grid->SetColCount(20);
+    grid->SetRowCount(200);
+    form->Show();
+    QWidget* window = form->Handle();
+    window->activateWindow();
+    ASSERT_TRUE(QTest::qWaitForWindowExposed(window));
+    ASSERT_TRUE(QTest::qWaitForWindowActive(window));
+    grid->SetFocus();
+    ASSERT_TRUE(grid->Focused());
+  }
+  void TearDown() override { delete form; }
+
+  void Key(Qt::Key key, Qt::KeyboardModifiers modifiers = Qt::NoModifier) { test::Key(key, modifiers); }
+  TPoint CellCenter(int col, int row) const { return Center(grid->CellRect(col, row)); }
+  // What the window shows after the pending paints, from the screen's backing store
+  // (a grab would paint the widget anew and hide what scrolling left there).
+  QImage OnScreen() {
+    grid->Update();
+    QWidget* window = form->Handle();
+    return window->screen()->grabWindow(window->winId()).toImage();
+  }
+
+  TForm* form = nullptr;
+  GridProbe* grid = nullptr;
+};
 
 }  // namespace quil::test

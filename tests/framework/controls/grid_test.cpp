@@ -14,47 +14,7 @@ using quil::test::Center;
 using quil::test::Drag;
 using quil::test::GridProbe;
 
-namespace {
-
-// A 20 x 200 grid with a fixed row and column, 64 x 24 cells, on a shown, active form.
-class GridTest : public ::testing::Test {
-protected:
-  void SetUp() override {
-    form = new TForm(nullptr);
-    form->SetBounds(0, 0, 400, 300);
-    grid = new GridProbe(form);
-    grid->SetParent(form);
-    grid->SetBounds(0, 0, 400, 300);
-    grid->SetColCount(20);
-    grid->SetRowCount(200);
-    form->Show();
-    QWidget* window = form->Handle();
-    window->activateWindow();
-    ASSERT_TRUE(QTest::qWaitForWindowExposed(window));
-    ASSERT_TRUE(QTest::qWaitForWindowActive(window));
-    grid->SetFocus();
-    ASSERT_TRUE(grid->Focused());
-  }
-  void TearDown() override { delete form; }
-
-  void Key(Qt::Key key, Qt::KeyboardModifiers modifiers = Qt::NoModifier) {
-    QTest::keyClick(QApplication::focusWidget(), key, modifiers);
-    Application->ProcessMessages();
-  }
-  TPoint CellCenter(int col, int row) const { return Center(grid->CellRect(col, row)); }
-  // What the window shows after the pending paints, from the screen's backing store
-  // (a grab would paint the widget anew and hide what scrolling left there).
-  QImage OnScreen() {
-    grid->Update();
-    QWidget* window = form->Handle();
-    return window->screen()->grabWindow(window->winId()).toImage();
-  }
-
-  TForm* form = nullptr;
-  GridProbe* grid = nullptr;
-};
-
-}  // namespace
+using quil::test::GridTest;
 
 TEST_F(GridTest, KeyPressReachesKeyDownWithVirtualKeyAndShift) {
   Key(Qt::Key_Down, Qt::ShiftModifier);

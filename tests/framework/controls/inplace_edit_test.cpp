@@ -1,0 +1,116 @@
+#include <gtest/gtest.h>
+
+#include <QAction>
+#include <QContextMenuEvent>
+#include <QMenu>
+#include <QTimer>
+
+#include "GridProbe.h"
+#include "framework/controls/Clipboard.h"
+
+using namespace quil;
+using quil::test::GridTest;
+
+namespace {
+
+class InplaceEditTest : public GridTest {
+protected:
+  // Opens the editor on the current cell with "abc", all selected.
+  void OpenEditor() {
+    grid->SetOptions(grid->Options() + goEditing);
+    grid->editText = QStringLiteral("abc");
+    Key(Qt::Key_F2);
+    ASSERT_NE(grid->Editor(), nullptr);
+    ASSERT_TRUE(grid->Editor()->Focused());
+  }
+  // Right-clicks the editor and picks the named action of the menu it shows.
+  void PickFromEditMenu(const char* name) {
+    QTimer::singleShot(0, [name] {
+      auto* menu = qobject_cast<QMenu*>(QApplication::activePopupWidget());
+      if (!menu) return;
+      for (QAction* action : menu->actions())
+        if (action->objectName() == QLatin1String(name)) action->trigger();
+      menu->close();
+    });
+    TInplaceEdit* editor = grid->Editor();
+    TPoint at = quil::test::Center(editor->ClientRect());
+    quil::test::SendMouse(editor, QEvent::MouseButtonPress, at, Qt::RightButton, Qt::RightButton);
+    quil::test::SendMouse(editor, QEvent::MouseButtonRelease, at, Qt::NoButton, Qt::RightButton);
+    Application->ProcessMessages();
+  }
+};
+
+struct CommandCase {
+  Qt::Key key;
+  Qt::KeyboardModifiers modifiers;
+  UINT message;
+};
+
+class InplaceEditCommandTest : public InplaceEditTest, public ::testing::WithParamInterface<CommandCase> {};
+
+}  // namespace
+
+TEST_P(InplaceEditCommandTest, KeyArrivesAsItsMessageAndIsRefusedWhenTheCellMayNotChange) {
+  Clipboard()->SetAsText(QStringLiteral("zz"));
+  OpenEditor();
+  grid->modifiable = false;
+  Key(GetParam().key, GetParam().modifiers);
+  EXPECT_EQ(grid->Editor()->commands, std::vector<UINT>{GetParam().message});
+  EXPECT_EQ(grid->Editor()->Text(), QStringLiteral("abc"));
+  grid->modifiable = true;
+  Key(GetParam().key, GetParam().modifiers);
+  EXPECT_NE(grid->Editor()->Text(), QStringLiteral("abc"));
+}
+
+INSTANTIATE_TEST_SUITE_P(Keys, InplaceEditCommandTest, ::testing::Values(
+    CommandCase{Qt::Key_V, Qt::ControlModifier, WM_PASTE},
+    CommandCase{Qt::Key_Insert, Qt::ShiftModifier, WM_PASTE},
+    CommandCase{Qt::Key_X, Qt::ControlModifier, WM_CUT},
+    CommandCase{Qt::Key_Delete, Qt::ShiftModifier, WM_CUT}));
+
+TEST_F(InplaceEditTest, UndoIsRefusedWhenTheCellMayNotChange) {
+  OpenEditor();
+  QTest::keyClicks(grid->Editor()->Handle(), "x");
+  ASSERT_EQ(grid->Editor()->Text(), QStringLiteral("x"));
+  grid->modifiable = false;
+  Key(Qt::Key_Z, Qt::ControlModifier);
+  EXPECT_EQ(grid->Editor()->commands, std::vector<UINT>{WM_UNDO});
+  EXPECT_EQ(grid->Editor()->Text(), QStringLiteral("x"));
+  grid->modifiable = true;
+  Key(Qt::Key_Z, Qt::ControlModifier);
+  EXPECT_EQ(grid->Editor()->Text(), QStringLiteral("abc"));
+}
+
+TEST_F(InplaceEditTest, EditMenuSendsItsMessagesAndRespectsCanEditModify) {
+  Clipboard()->SetAsText(QStringLiteral("zz"));
+  OpenEditor();
+  grid->modifiable = false;
+  PickFromEditMenu("edit-paste");
+  PickFromEditMenu("edit-delete");
+  EXPECT_EQ(grid->Editor()->Text(), QStringLiteral("abc"));
+  grid->modifiable = true;
+  PickFromEditMenu("edit-paste");
+  EXPECT_EQ(grid->Editor()->commands, std::vector<UINT>{WM_PASTE});
+  EXPECT_EQ(grid->Editor()->Text(), QStringLiteral("zz"));
+  grid->Editor()->SelectAll();
+  PickFromEditMenu("edit-delete");
+  EXPECT_EQ(grid->Editor()->commands.back(), WM_CLEAR);
+  EXPECT_EQ(grid->Editor()->Text(), QString());
+}
+
+TEST_F(InplaceEditTest, LimitOfMinusOneForbidsAnyChange) {
+  Clipboard()->SetAsText(QStringLiteral("zz"));
+  grid->editLimit = -1;
+  OpenEditor();
+  EXPECT_FALSE(grid->CanEditModify());
+  QTest::keyClicks(grid->Editor()->Handle(), "xy");
+  Key(Qt::Key_Delete);
+  Key(Qt::Key_Backspace);
+  Key(Qt::Key_V, Qt::ControlModifier);
+  EXPECT_EQ(grid->Editor()->Text(), QStringLiteral("abc"));
+  Key(Qt::Key_Escape);
+  grid->editLimit = 0;
+  grid->MoveColRow(2, 1, true, true);
+  Key(Qt::Key_F2);
+  EXPECT_TRUE(grid->CanEditModify());
+}
