@@ -234,7 +234,9 @@ TFilterExpression TCustomClientDataSet::CompileFilter(const QString& text, TFilt
     for (size_t column = 0; column < columnNames_.size(); ++column)
       if (columnNames_[column].compare(name, Qt::CaseInsensitive) == 0)
         return TFilterField{int(column), FilterFieldKind(columnTypes_[column])};
-    if (!IsCursorOpen()) return std::nullopt;
+    // Closed, the fields may not exist yet: the text is checked for its form alone,
+    // and an unknown name raises at opening.
+    if (!IsCursorOpen()) return TFilterField{};
     const TField* field = FindField(name);
     if (!field) return std::nullopt;
     const auto known = std::find(filterFields_.begin(), filterFields_.end(), field);
@@ -253,6 +255,7 @@ void TCustomClientDataSet::RefreshView() {
 
 void TCustomClientDataSet::SetFilterText(const QString& text) {
   if (!IsCursorOpen()) {
+    CompileFilter(text, FilterOptions());
     TDataSet::SetFilterText(text);
     return;
   }

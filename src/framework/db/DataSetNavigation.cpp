@@ -205,8 +205,11 @@ int TDataSet::MoveBy(int distance) {
   // How far the buffers rotated: a link's rows move by that much plus its own range.
   int scrolled = 0;
   int moved = 0;
+  // A window that grew gave its links rows they never had: a rotation cannot say that.
+  const int bufferedBefore = recordCount_;
   const auto notify = [&] {
-    DataEvent(deDataSetScroll, scrolled);
+    if (recordCount_ != bufferedBefore) DataEvent(deDataSetChange, 0);
+    else DataEvent(deDataSetScroll, scrolled);
     DoAfterScroll();
   };
   // The finally part by hand: a walk moves once per record, and a guard's bookkeeping

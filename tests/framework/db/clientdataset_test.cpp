@@ -10,6 +10,7 @@
 #include "framework/db/StringFields.h"
 #include "framework/rtl/DateTime.h"
 #include "framework/rtl/ExceptionHandler.h"
+#include "framework/rtl/FormatSettings.h"
 
 using namespace quil;
 using dbtest::TPeople;
@@ -50,6 +51,9 @@ INSTANTIATE_TEST_SUITE_P(Texts, ClientFilterText, testing::Values(
     TFilterCase{"City IS NOT NULL AND Amount >= 9", {6, 7}},
     TFilterCase{"Name LIKE 'Name00_'", {1, 2, 3, 4, 5, 6, 7, 8}},
     TFilterCase{"(ID < 3 OR ID > 6) AND City <> 'Berlin'", {2, 7}},
+    TFilterCase{"NOT (City = 'Oslo' OR City LIKE 'P%')", {1, 4, 5, 8}},
+    TFilterCase{"NOT City LIKE '%l%'", {3, 4, 7, 8}},
+    TFilterCase{"ID IN (1,2,3)", {1, 2, 3}},
     TFilterCase{"", {1, 2, 3, 4, 5, 6, 7, 8}}));
 
 TEST(ClientFilter, TextAndEventTogether) {
@@ -93,6 +97,45 @@ TEST(ClientFilter, AnUnparsableTextRaisesAndKeepsTheOldFilter) {
     EXPECT_THROW(people.dataSet.SetFilter(bad), EDatabaseError) << bad;
     EXPECT_EQ(people.dataSet.Filter(), "City = 'Oslo'");
     EXPECT_EQ(Ids(people.dataSet), (QList<int>{2, 6})) << bad;
+  }
+}
+
+TEST(ClientFilter, AnUnparsableTextOnAClosedDataSetRaisesAtOnce) {
+  TPeople people(8);
+  people.dataSet.Close();
+  people.dataSet.SetFilter("City = 'Oslo'");
+  people.dataSet.SetFiltered(true);
+  for (const char* bad : {"City = ", "(ID = 1", "City LIKE", "ID IN (1,"}) {
+    EXPECT_THROW(people.dataSet.SetFilter(bad), EDatabaseError) << bad;
+    EXPECT_EQ(people.dataSet.Filter(), "City = 'Oslo'");
+  }
+  people.dataSet.Open();
+  EXPECT_EQ(Ids(people.dataSet), (QList<int>{2, 6}));
+}
+
+// Texts as the filter builder writes them under a locale whose decimal separator is a
+// comma: a number in a list then reads "1,5, 2,5".
+TEST(ClientFilter, RealNumbersUnderACommaDecimalLocale) {
+  const TFormatSettings saved = FormatSettings;
+  FormatSettings.DecimalSeparator = QLatin1Char(',');
+  TFinally restore([&saved] { FormatSettings = saved; });
+  TClientDataSet prices(nullptr);
+  prices.FieldDefs()->Add("Id", ftInteger);
+  prices.FieldDefs()->Add("Unit Price", ftFloat);
+  prices.CreateDataSet();
+  for (int id = 1; id <= 4; ++id) prices.AppendRecord({id, id + 0.5});
+  const struct {
+    const char* text;
+    QList<int> ids;
+  } cases[] = {{"[Unit Price] > 3,5", {4}},
+               {"[Unit Price] IN (1,5, 2,5)", {1, 2}},
+               {"Id IN (1,2,3)", {1, 2, 3}}};
+  prices.SetFiltered(true);
+  for (const auto& filter : cases) {
+    prices.SetFilter(filter.text);
+    QList<int> ids;
+    for (prices.First(); !prices.Eof(); prices.Next()) ids << prices.FieldByName("Id")->AsInteger();
+    EXPECT_EQ(ids, filter.ids) << filter.text;
   }
 }
 

@@ -173,6 +173,49 @@ TEST(DataLinkEvents, FirstAndLastAreDataSetChanges) {
   EXPECT_EQ(people.link.log, Words({"scrolled:0"}));
 }
 
+// Answers Eof going forward once its allowance is spent, as a source still fetching
+// its rows would; a negative allowance never runs out.
+class TStallingDataSet : public dbtest::TWindowCheckedDataSet {
+public:
+  using TWindowCheckedDataSet::TWindowCheckedDataSet;
+  int forwardFetchesLeft = -1;
+
+protected:
+  TGetResult GetRecord(TRecordBuffer buffer, TGetMode mode, bool doCheck) override {
+    if (mode == gmNext && forwardFetchesLeft == 0) return grEOF;
+    if (mode == gmNext && forwardFetchesLeft > 0) --forwardFetchesLeft;
+    return TWindowCheckedDataSet::GetRecord(buffer, mode, doCheck);
+  }
+};
+
+TEST(DataLinkEvents, AMoveThatFillsAPartWindowIsADataSetChange) {
+  TStallingDataSet dataSet(nullptr);
+  TDataSource source(nullptr);
+  dbtest::TRecordingLink link;
+  source.SetDataSet(&dataSet);
+  link.SetDataSource(&source);
+  link.SetBufferCount(4);
+  dbtest::FillPeople(dataSet, 10);
+  dataSet.forwardFetchesLeft = 2;
+  dataSet.First();
+  dataSet.Next();
+  ASSERT_EQ(link.RecordCount(), 2);
+  link.Clear();
+  dataSet.forwardFetchesLeft = -1;
+  EXPECT_EQ(dataSet.MoveBy(1), 1);
+  EXPECT_EQ(link.log, Words({"changed"}));
+  EXPECT_EQ(link.RecordCount(), 3);
+  EXPECT_EQ(dataSet.FieldByName("ID")->AsInteger(), 3);
+  link.Clear();
+  dataSet.MoveBy(2);
+  EXPECT_EQ(link.log, Words({"changed"}));
+  link.Clear();
+  dataSet.MoveBy(1);  // the window is full now: a plain rotation
+  EXPECT_EQ(link.log, Words({"scrolled:1"}));
+  EXPECT_EQ(dataSet.FieldByName("ID")->AsInteger(), 6);
+  dataSet.CheckConsistency();
+}
+
 TEST(DataLinkEvents, SettingActiveRecordReadsOtherBufferedRecords) {
   TPeople people(10, 4);
   people.dataSet.MoveBy(5);
