@@ -72,15 +72,23 @@ void TCustomGrid::UpdateText() {
     SetEditText(inplaceCol_, inplaceRow_, inplaceEdit_->Text());
 }
 
-void TCustomGrid::WMSetFocus(TMessage& message) {
-  TCustomControl::WMSetFocus(message);
-  InvalidateGridRect(Selection());
-  if (!inplaceEdit_ || !inplaceEdit_->Focused()) UpdateEdit();
+bool TCustomGrid::IsInplaceEditor(WPARAM window) const {
+  return inplaceEdit_ && window == WPARAM(static_cast<TWinControl*>(inplaceEdit_));
 }
 
+// Focus handed back by the editor changes nothing: the editor is closing or moving.
+void TCustomGrid::WMSetFocus(TMessage& message) {
+  TCustomControl::WMSetFocus(message);
+  if (IsInplaceEditor(message.WParam)) return;
+  InvalidateGridRect(Selection());
+  UpdateEdit();
+}
+
+// The editor stays only while the focus is in the grid or in the editor itself.
 void TCustomGrid::WMKillFocus(TMessage& message) {
   TCustomControl::WMKillFocus(message);
   InvalidateGridRect(Selection());
+  if (inplaceEdit_ && !IsInplaceEditor(message.WParam)) inplaceEdit_->Hide();
 }
 
 const TMetaClass& TInplaceEdit::StaticClass() {

@@ -334,6 +334,8 @@ private:
   void ScrollTimerTick(TObject* sender);
   TRect MirrorRect(const TRect& rect) const;
   int MirrorX(int x) const;
+  // Whether the window a focus message names is this grid's in-place editor.
+  bool IsInplaceEditor(WPARAM window) const;
 
   int colCount_ = 5;
   int rowCount_ = 5;

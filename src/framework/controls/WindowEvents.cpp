@@ -1,5 +1,6 @@
 // Qt's events of a window control as window messages.
 
+#include <QApplication>
 #include <QKeyEvent>
 #include <QMouseEvent>
 #include <QPaintEvent>
@@ -55,6 +56,26 @@ LRESULT DialogCodeMask(uint16_t virtualKey) {
   }
 }
 
+// The window that last lost the focus to another window of the application; Qt sends
+// the focus-out before the focus-in of one change and names neither in the events.
+QPointer<QWidget>& FocusLeaver() {
+  static QPointer<QWidget> leaver;
+  return leaver;
+}
+
+WPARAM FocusOtherWindow(QEvent::Type type, QWidget* self) {
+  QWidget* other = nullptr;
+  if (type == QEvent::FocusOut) {
+    // Qt names the new focus window before it sends the focus-out of the old one.
+    other = QApplication::focusWidget();
+    FocusLeaver() = other && other != self ? self : nullptr;
+  } else {
+    other = FocusLeaver();
+    FocusLeaver() = nullptr;
+  }
+  return other == self ? 0 : WPARAM(FindControl(other));
+}
+
 TWinControl* TopLevelControl(TWinControl* control) {
   while (control->Parent()) control = control->Parent();
   return control;
@@ -90,8 +111,8 @@ bool TWinControlPrivate::HandleEvent(QEvent* event) {
       control_->Perform(WM_MOVE, 0, MAKELPARAM(pos.x(), pos.y()));
       break;
     }
-    case QEvent::FocusIn: control_->Perform(WM_SETFOCUS, 0, 0); break;
-    case QEvent::FocusOut: control_->Perform(WM_KILLFOCUS, 0, 0); break;
+    case QEvent::FocusIn: control_->Perform(WM_SETFOCUS, FocusOtherWindow(event->type(), Widget()), 0); break;
+    case QEvent::FocusOut: control_->Perform(WM_KILLFOCUS, FocusOtherWindow(event->type(), Widget()), 0); break;
     case QEvent::Enter: control_->Perform(CM_MOUSEENTER, 0, 0); break;
     case QEvent::Leave:
       TrackHover(nullptr);

@@ -43,6 +43,7 @@ public:
   std::set<std::pair<int, int>> drawn;  // (col, row) of each DrawCell since the last clear
   std::vector<std::pair<int, int>> moves;  // ColumnMoved(from, to)
   std::vector<std::pair<std::pair<int, int>, QString>> edits;  // SetEditText(col, row)
+  std::vector<std::pair<UINT, WPARAM>> focusMessages;  // WM_SETFOCUS/WM_KILLFOCUS, other window
   int colWidthsChanges = 0, rowHeightsChanges = 0, topLeftChanges = 0;
   QString editText = QStringLiteral("before");
   QString editMask;
@@ -75,6 +76,8 @@ protected:
   void ColumnMoved(int fromIndex, int toIndex) override { moves.emplace_back(fromIndex, toIndex); }
   void ColWidthsChanged() override { ++colWidthsChanges; TCustomGrid::ColWidthsChanged(); }
   void RowHeightsChanged() override { ++rowHeightsChanges; TCustomGrid::RowHeightsChanged(); }
+  void WMSetFocus(TMessage& m) override { focusMessages.emplace_back(WM_SETFOCUS, m.WParam); TCustomGrid::WMSetFocus(m); }
+  void WMKillFocus(TMessage& m) override { focusMessages.emplace_back(WM_KILLFOCUS, m.WParam); TCustomGrid::WMKillFocus(m); }
   void TopLeftChanged() override { ++topLeftChanges; TCustomGrid::TopLeftChanged(); }
 };
 

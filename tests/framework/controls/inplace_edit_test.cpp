@@ -114,3 +114,27 @@ TEST_F(InplaceEditTest, LimitOfMinusOneForbidsAnyChange) {
   Key(Qt::Key_F2);
   EXPECT_TRUE(grid->CanEditModify());
 }
+
+TEST_F(InplaceEditTest, FocusMessagesNameTheOtherWindow) {
+  auto* other = new quil::test::GridProbe(form);
+  other->SetParent(form);
+  other->SetBounds(0, 250, 100, 50);
+  OpenEditor();
+  const WPARAM editor = WPARAM(static_cast<TWinControl*>(grid->Editor()));
+  ASSERT_FALSE(grid->focusMessages.empty());
+  EXPECT_EQ(grid->focusMessages.back(), std::make_pair(WM_KILLFOCUS, editor));
+  // The editor gives the focus back when Enter closes it; the grid sees where it came from.
+  Key(Qt::Key_Return);
+  EXPECT_EQ(grid->focusMessages.back(), std::make_pair(WM_SETFOCUS, editor));
+  Key(Qt::Key_F2);
+  other->SetFocus();
+  Application->ProcessMessages();
+  grid->focusMessages.clear();
+  EXPECT_EQ(other->focusMessages.back(), std::make_pair(WM_SETFOCUS, editor));
+  // Focus coming from elsewhere goes on to the open editor.
+  grid->SetFocus();
+  Application->ProcessMessages();
+  EXPECT_EQ(other->focusMessages.back(), std::make_pair(WM_KILLFOCUS, WPARAM(static_cast<TWinControl*>(grid))));
+  EXPECT_EQ(grid->focusMessages.at(0), std::make_pair(WM_SETFOCUS, WPARAM(static_cast<TWinControl*>(other))));
+  EXPECT_TRUE(grid->Editor()->Focused());
+}
