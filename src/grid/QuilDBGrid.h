@@ -9,15 +9,25 @@
 #include "framework/controls/Grids.h"
 #include "framework/controls/Timer.h"
 #include "grid/QuilDBGridColumns.h"
+#include "grid/QuilDBGridFilter.h"
+#include "grid/QuilDBGridGradient.h"
 #include "grid/QuilDBGridOptions.h"
 #include "grid/QuilDBGridParts.h"
+#include "grid/QuilDBGridSearch.h"
+#include "grid/QuilDBGridSettings.h"
+#include "grid/QuilDBGridTreeView.h"
+#include "grid/QuilScrollProp.h"
 #include "grid/QuilGridDataLink.h"
 
 namespace quil {
 
+class TDataLink;
 class TDataSet;
 class TDataSource;
 class TField;
+class TPopupMenu;
+class TReader;
+class TWriter;
 
 // Posted to the grid to lay it out later, when a layout cannot run now.
 constexpr UINT CM_DEFERLAYOUT = WM_USER + 100;
@@ -27,6 +37,9 @@ constexpr UINT CM_DEFERLAYOUT = WM_USER + 100;
 extern int DelayInterval;
 
 enum TQuilDelayTimer { dtEndSelect, dtListItems, dtSequence, dtTotals };
+
+// dkDock marks a grid made to drop down as a list; it is not placed by the user.
+enum TDragKind { dkDrag, dkDock };
 
 class TQuilCustomDBGrid : public TCustomGrid {
 public:
@@ -85,6 +98,12 @@ public:
   TQuilDBGridTotals* Totals() const { return totals_.get(); }
   TFont* TitleFont() const { return titleFont_.get(); }
   TFont* HeaderFont() const { return headerFont_.get(); }
+  TQuilDBGridFilter* FilterGrid() const { return filterGrid_.get(); }
+  TQuilDBGridSearch* Search() const { return search_.get(); }
+  TQuilDBGridTreeView* TreeView() const { return treeView_.get(); }
+  TQuilDBGridSettings* Settings() const { return settings_.get(); }
+  TQuilScrollProp* ScrollProp() const { return scrollProp_.get(); }
+  TQuilDBGridGradient* Gradient() const { return gradient_.get(); }
   // The columns whose GetShowing holds, in column order.
   const std::vector<TQuilColumn*>& VisibleColumns() const { return visibleColumns_; }
 
@@ -124,6 +143,45 @@ public:
   void SetBorderStyle(TBorderStyle value);
   bool ReadOnly() const { return readOnly_; }
   void SetReadOnly(bool value) { readOnly_ = value; }
+  // Setting Ctl3D takes the choice away from the fixed style.
+  void SetCtl3D(bool value);
+  bool Ctl3DAuto() const { return ctl3DAuto_; }
+  void SetCtl3DAuto(bool value);
+  bool ParentCtl3D() const { return parentCtl3D_; }
+  void SetParentCtl3D(bool value) { parentCtl3D_ = value; }
+  bool IsCtl3DStored() const { return !parentCtl3D_ && !ctl3DAuto_; }
+  // Without double buffering the grid repaints what a row count change leaves behind.
+  bool DoubleBuffered() const { return doubleBuffered_; }
+  void SetDoubleBuffered(bool value) { doubleBuffered_ = value; }
+  bool DragRows() const { return dragRows_; }
+  void SetDragRows(bool value) { dragRows_ = value; }
+  TDragKind DragKind() const { return dragKind_; }
+  void SetDragKind(TDragKind value) { dragKind_ = value; }
+  void SetEnabled(bool value) override;
+  // The control's own hint, kept apart from the base one that cell hints overwrite.
+  const QString& Hint() const { return hint_; }
+  void SetHint(const QString& value);
+  TComponent* CustomHint() const { return customHint_; }
+  void SetCustomHint(TComponent* value);
+  bool ParentCustomHint() const { return parentCustomHint_; }
+  void SetParentCustomHint(bool value) { parentCustomHint_ = value; }
+  // Base options added while the grid is designed.
+  TGridOptions DesignOptionsBoost() const { return designOptionsBoost_; }
+  TColor HeaderColor() const { return headerColor_; }
+  void SetHeaderColor(TColor value);
+  // -1 leaves a limit open.
+  int LinesCountMax() const { return linesCountMax_; }
+  void SetLinesCountMax(int value) { SetLimit(linesCountMax_, value); }
+  int LinesCountMin() const { return linesCountMin_; }
+  void SetLinesCountMin(int value) { SetLimit(linesCountMin_, value); }
+  int DefaultWidthMax() const { return defaultWidthMax_; }
+  void SetDefaultWidthMax(int value) { SetLimit(defaultWidthMax_, value); }
+  int DefaultWidthMin() const { return defaultWidthMin_; }
+  void SetDefaultWidthMin(int value) { SetLimit(defaultWidthMin_, value); }
+  int StretchWidthMax() const { return stretchWidthMax_; }
+  void SetStretchWidthMax(int value) { SetLimit(stretchWidthMax_, value); }
+  int StretchWidthMin() const { return stretchWidthMin_; }
+  void SetStretchWidthMin(int value) { SetLimit(stretchWidthMin_, value); }
 
   // --- The row window
   int TitleOffset() const { return titleOffset_; }
@@ -150,6 +208,7 @@ public:
   int GetDataHeight() const;
   int GetBlankHeight() const;
   bool GetAlignTotalsToBorder() const;
+  bool GetAlignStretchToBorder() const;
   int GetVisibleRowCount() const;
   int GetDataRowCount() const;
   int GetColsWidth(int count) const;
@@ -207,9 +266,16 @@ public:
   void InvalidateData();
 
   void DefineProperties(TFiler* filer) override;
+  // True when a field is referenced by more than one column or total cell, so that
+  // dropping one reference must keep the field's free notification.
+  virtual bool NeedsNotification(TComponent* component) const;
+  // FIXME: ordering composes the text from the titles' markers.
+  virtual QString GetOrderFields() const { return QString(); }
 
 protected:
   friend class TQuilGridDataLink;
+
+  void CMBiDiModeChanged(TMessage& message) override;
 
   void Loaded() override;
   void Notification(TComponent* component, TOperation operation) override;
@@ -223,6 +289,20 @@ protected:
   virtual TQuilGridDataLink* CreateDataLink();
   virtual TQuilGridStyle* CreateGridStyle();
   virtual TQuilDBGridTotals* CreateTotals();
+  virtual TDataLink* CreateTotalDataLink();
+  virtual TQuilDBGridFilter* CreateFilter();
+  virtual TQuilDBGridSearch* CreateSearch();
+  virtual TQuilDBGridTreeView* CreateTreeView();
+  virtual TQuilDBGridSettings* CreateSettings();
+  virtual TQuilScrollProp* CreateScrollProp();
+  virtual TQuilDBGridGradient* CreateGradient();
+  TInplaceEdit* CreateEditor() override;
+  // The text the editor starts from: the selected field's edit text.
+  QString GetEditText(int col, int row) override;
+  void TitleFontChanged(TObject* sender);
+  void GradientChanged(TObject* sender);
+  // FIXME: master/detail grids keep the detail on its master's record here.
+  void Synchronize() {}
   virtual TTimer* CreateTimer(TQuilDelayTimer which);
   virtual void SetColumnAttributes();
   virtual void UpdateScrollBar();
@@ -259,6 +339,14 @@ private:
   void MeasureTotalRows();
   void ShapeTotalRows(bool forCounting);
   void ApplyBaseOptions(TQuilDBGridOptions value);
+  void SetLimit(int& member, int value);
+  void FreeDockedGrids();
+  // The selected column's edit text is not what the editor holds.
+  bool EditTextDiffers();
+  void CopyLookupResults(TField* field);
+  void WriteColumns(TWriter& writer);
+  void ReadColumns(TReader& reader);
+  bool ColumnsDiffer(const TFiler* filer) const;
   // Deferred work
   bool StartDelay(TQuilDelayTimer which, bool delayed);
   std::unique_ptr<TTimer> TakeTimer(TQuilDelayTimer which);
@@ -278,6 +366,12 @@ private:
   std::unique_ptr<TQuilDBGridTotals> totals_;
   std::unique_ptr<TFont> titleFont_;
   std::unique_ptr<TFont> headerFont_;
+  std::unique_ptr<TQuilDBGridFilter> filterGrid_;
+  std::unique_ptr<TQuilDBGridSearch> search_;
+  std::unique_ptr<TQuilDBGridTreeView> treeView_;
+  std::unique_ptr<TQuilDBGridSettings> settings_;
+  std::unique_ptr<TQuilScrollProp> scrollProp_;
+  std::unique_ptr<TQuilDBGridGradient> gradient_;
   std::unique_ptr<TTimer> timers_[4];
 
   TQuilDBGridOptions options_;
@@ -314,6 +408,22 @@ private:
   int headerLinesCount_ = 1;
   TColor stripeColor_ = clNone;
   bool readOnly_ = false;
+  bool ctl3DAuto_ = true;
+  bool parentCtl3D_ = true;
+  bool doubleBuffered_ = true;
+  bool dragRows_ = false;
+  TDragKind dragKind_ = dkDrag;
+  QString hint_;
+  TComponent* customHint_ = nullptr;
+  bool parentCustomHint_ = true;
+  TGridOptions designOptionsBoost_;
+  TColor headerColor_ = clBtnFace;
+  int linesCountMax_ = -1;
+  int linesCountMin_ = 1;
+  int defaultWidthMax_ = -1;
+  int defaultWidthMin_ = -1;
+  int stretchWidthMax_ = -1;
+  int stretchWidthMin_ = -1;
 };
 
 // The grid as placed on a form: it only publishes.

@@ -45,10 +45,13 @@ TField* TQuilColumn::Field() const {
 
 void TQuilColumn::SetField(TField* field) {
   if (field == field_) return;
+  TQuilCustomDBGrid* grid = Grid();
+  // Another column may still show the old field; then the grid must still hear of it.
+  if (field_ && grid && !grid->NeedsNotification(field_)) field_->RemoveFreeNotification(grid);
   field_ = field;
   if (!field) return;
   fieldName_ = field->FullName();
-  if (TQuilCustomDBGrid* grid = Grid()) field->FreeNotification(grid);
+  if (grid) field->FreeNotification(grid);
 }
 
 void TQuilColumn::SetWidth(int width) {
@@ -75,6 +78,21 @@ void TQuilColumn::SetVisible(bool visible) {
   if (visible == visible_) return;
   visible_ = visible;
   Changed(false);
+}
+
+void TQuilColumn::SetLookupDataSet(TDataSet* dataSet) {
+  lookupDataSet_ = dataSet;
+  if (dataSet && Grid()) dataSet->FreeNotification(Grid());
+}
+
+TQuilLookupColumn TQuilColumn::GetLookupColumn() const {
+  TField* field = Field();
+  if (!field) return lcNotDefined;
+  if (field->FieldKind() == fkLookup) return lcLookupField;
+  if (!lookupDataSet_ || lookupKeyField_.isEmpty()) return lcNotDefined;
+  if (keyField_.compare(fieldName_, Qt::CaseInsensitive) == 0)
+    return lookupResultField_ != lookupKeyField_ ? lcLookupValueField : lcLookupKeyField;
+  return lookupResultField_.isEmpty() ? lcNotDefined : lcLookupResultField;
 }
 
 QString TQuilColumn::GetDisplayName() const { return fieldName_.isEmpty() ? TCollectionItem::GetDisplayName() : fieldName_; }
@@ -116,6 +134,18 @@ void TQuilDBGridColumns::SetState(TQuilDBGridColumnsState state) {
   BeginUpdate();
   for (int index = 0; index < Count(); ++index) Items(index)->SetStored(true);
   EndUpdate();
+}
+
+bool TQuilDBGridColumns::Equals(const TQuilDBGridColumns* other) const {
+  if (!other || other->Count() != Count()) return false;
+  for (int index = 0; index < Count(); ++index) {
+    const TQuilColumn* mine = Items(index);
+    const TQuilColumn* theirs = other->Items(index);
+    if (mine->FieldName() != theirs->FieldName() || mine->Width() != theirs->Width() ||
+        mine->Visible() != theirs->Visible())
+      return false;
+  }
+  return true;
 }
 
 void TQuilDBGridColumns::Update(TCollectionItem* item) {

@@ -9,11 +9,13 @@
 
 namespace quil {
 
+class TDataSet;
 class TField;
 class TQuilCustomDBGrid;
 class TQuilDBGridColumns;
 
 enum TQuilDBGridColumnsState { csDefault, csCustomized };
+enum TQuilLookupColumn { lcNotDefined, lcLookupField, lcLookupKeyField, lcLookupResultField, lcLookupValueField };
 
 class TQuilColumn : public TCollectionItem {
 public:
@@ -31,6 +33,8 @@ public:
   // The bound field; found again by FieldName after SetField(nullptr) cleared it.
   TField* Field() const;
   void SetField(TField* field);
+  // The field as bound now, without looking it up.
+  TField* BoundField() const { return field_; }
 
   // An explicitly set width, or -1 for the field's display width.
   int Width() const { return width_; }
@@ -50,6 +54,18 @@ public:
   int Depth() const { return 0; }
   int GetExpandIndex() const { return Index(); }
 
+  // A column can look its value up itself: KeyField of the grid's data set is found as
+  // LookupKeyField in LookupDataSet, whose LookupResultField gives the value.
+  const QString& KeyField() const { return keyField_; }
+  void SetKeyField(const QString& name) { keyField_ = name; }
+  TDataSet* LookupDataSet() const { return lookupDataSet_; }
+  void SetLookupDataSet(TDataSet* dataSet);
+  const QString& LookupKeyField() const { return lookupKeyField_; }
+  void SetLookupKeyField(const QString& name) { lookupKeyField_ = name; }
+  const QString& LookupResultField() const { return lookupResultField_; }
+  void SetLookupResultField(const QString& name) { lookupResultField_ = name; }
+  TQuilLookupColumn GetLookupColumn() const;
+
   QString GetDisplayName() const override;
   // The caption of the column's title.
   QString TitleCaption() const;
@@ -60,6 +76,10 @@ private:
   int width_ = -1;
   bool visible_ = true;
   bool stored_ = true;
+  QString keyField_;
+  TDataSet* lookupDataSet_ = nullptr;
+  QString lookupKeyField_;
+  QString lookupResultField_;
 };
 
 class TQuilDBGridColumns : public TOwnedCollection {
@@ -80,6 +100,8 @@ public:
   TQuilDBGridColumnsState State() const;
   // Turns default columns into stored ones, or throws customized ones away.
   void SetState(TQuilDBGridColumnsState state);
+  // The same columns with the same stored properties.
+  bool Equals(const TQuilDBGridColumns* other) const;
 
 protected:
   TCollectionItem* CreateItem() const override;

@@ -6,6 +6,7 @@
 #include "framework/db/Field.h"
 #include "framework/rtl/Exceptions.h"
 #include "framework/rtl/RtlConsts.h"
+#include "framework/rtl/ScopeExit.h"
 #include "grid/QuilDBGrid.h"
 
 namespace quil {
@@ -33,25 +34,48 @@ void TQuilCustomDBGrid::LinkActive(bool value) {
     HideEditor();
     SetRow(titleOffset_);
   }
+  // FIXME: row selection hears of the activation here.
   ClearSelection();
   LayoutChanged();
-  // FIXME: drop-down lists built for the old data are freed here, column filters take
-  // over the data set's filter, and stretching starts.
+  FreeDockedGrids();
+  // FIXME: column filters take over the data set's filter, and stretching starts.
   UpdateListItems(false);
   UpdateSequence(false);
   UpdateScrollBar();
   UpdateRowCount();
-  // FIXME: ordering loads or applies the order, the tree view checks its state, master
-  // grids synchronize, and layout persistence loads the stored layout once.
-  if (value) AlwaysShowEditor();
+  // FIXME: ordering loads or applies the order here.
+  treeView_->CheckState();
+  if (treeView_->Active()) DataSet()->First();
+  if (value) {
+    Synchronize();
+    AlwaysShowEditor();
+  }
+  if (value && settings_->AutoLoadPending()) {
+    settings_->SetAutoLoadPending(false);
+    if (settings_->Active()) {
+      DisablePosition();
+      settings_->AutoLoadLayout();
+      DataSet()->First();
+      EnablePosition(true);
+      return;
+    }
+  }
   UpdateTotals(true);
+}
+
+// Drop-down lists are grids docked into this one for the old data; they go with it.
+void TQuilCustomDBGrid::FreeDockedGrids() {
+  for (int index = ComponentCount() - 1; index >= 0; --index) {
+    auto* grid = dynamic_cast<TQuilCustomDBGrid*>(Components(index));
+    if (grid && grid->DragKind() == dkDock) delete grid;
+  }
 }
 
 void TQuilCustomDBGrid::DataChanged() {
   if (!HandleAllocated() || GetUpdateInProgress()) return;
   // FIXME: the end of a pending selection also holds these back.
   if (DataSet()->State() == dsBrowse && positionLock_ == 0) {
-    // FIXME: the tree view hears of the change here.
+    treeView_->CheckUpdate(nullptr);
     UpdateListItems(true);
     UpdateSequence(true);
     UpdateTotals(true);
@@ -68,7 +92,7 @@ void TQuilCustomDBGrid::DataChanged() {
 void TQuilCustomDBGrid::RecordChanged(TField* field) {
   if (!HandleAllocated()) return;
   if (field) {
-    // FIXME: the tree view hears of the change here.
+    treeView_->CheckUpdate(field);
     for (int dataCol = 0; dataCol < columns_->Count(); ++dataCol) {
       TQuilColumn* column = columns_->Items(dataCol);
       TField* shown = column->Field();
@@ -81,13 +105,23 @@ void TQuilCustomDBGrid::RecordChanged(TField* field) {
     InvalidateData();
   }
   TotalsChanged();
-  if (!field || field == SelectedField()) {
-    if (InplaceEditor() && EditorMode() && GetEditText(Col(), Row()) != InplaceEditor()->Text()) {
-      InvalidateEditor();
-      InplaceEditor()->Deselect();
-    }
+  // FIXME: the grid editor skips this while a Korean composition is open.
+  if ((!field || field == SelectedField()) && EditTextDiffers()) {
+    InvalidateEditor();
+    if (InplaceEditor()) InplaceEditor()->Deselect();
   }
-  // FIXME: the column model copies lookup results into their fields when a key changes.
+  if (field) CopyLookupResults(field);
+}
+
+// FIXME: the grid editor passes the text through the column's text pipeline.
+QString TQuilCustomDBGrid::GetEditText(int col, int) {
+  TField* field = GetColField(RawToDataColumn(col));
+  return field ? field->Text() : QString();
+}
+
+bool TQuilCustomDBGrid::EditTextDiffers() {
+  const QString editorText = InplaceEditor() ? InplaceEditor()->Text() : QString();
+  return SelectedColumn() && GetEditText(Col(), Row()) != editorText;
 }
 
 void TQuilCustomDBGrid::EditingChanged() {
@@ -102,11 +136,38 @@ void TQuilCustomDBGrid::UpdateActive() {
     MoveColRow(Col(), newRow, false, false);
     InvalidateEditor();
   }
+  if (EditTextDiffers()) InvalidateEditor();
   if (options_.Contains(dgEditing) && options_.Contains(dgAllowInsertOff)) {
     TGridOptions base = TCustomGrid::Options();
     TCustomGrid::SetOptions(base.Switch(goEditing, !DataSet()->IsEmpty()));
   }
   // FIXME: scrolling resets the vertical scroll bar of an inactive link.
+}
+
+// A key typed into the grid brings the looked-up values of its result columns along.
+void TQuilCustomDBGrid::CopyLookupResults(TField* field) {
+  for (int index = 0; index < columns_->Count(); ++index) {
+    TQuilColumn* column = columns_->Items(index);
+    TField* target = column->Field();
+    if (column->GetLookupColumn() != lcLookupResultField || !target || !target->CanModify() ||
+        column->KeyField().compare(field->FieldName(), Qt::CaseInsensitive) != 0)
+      continue;
+    if (!dataLink_->Edit()) return;
+    if (field->IsNull()) {
+      target->SetValue(field->Value());
+      continue;
+    }
+    TDataSet* lookup = column->LookupDataSet();
+    const bool openedHere = !lookup->Active();
+    if (openedHere) lookup->Open();
+    TScopeExit close([lookup, openedHere] {
+      if (openedHere) lookup->Close();
+    });
+    if (lookup->Locate(column->LookupKeyField(), field->Value(), {}))
+      target->SetValue(lookup->FieldByName(column->LookupResultField())->Value());
+    else
+      target->Clear();
+  }
 }
 
 // FIXME: the grid editor writes its text into the selected field here.
@@ -115,15 +176,20 @@ void TQuilCustomDBGrid::UpdateData() {}
 void TQuilCustomDBGrid::Scroll(int distance) {
   if (!HandleAllocated()) return;
   const int oldRow = Row();
+  // The first column the row boxes start from.
+  int firstCol = 0;
+  if (!options_.Contains(dgIndicator)) {
+    while (firstCol < ColCount() - 1 && ColWidths(firstCol) <= 0) ++firstCol;
+  }
   const int lineExtra = options_.Contains(dgRowLines) && stripeColor_ == clNone ? GridLineWidth() : 0;
-  auto currentBox = [this, lineExtra] {
-    TRect box = RowBox(Row());
+  auto currentBox = [this, lineExtra, firstCol] {
+    TRect box = BoxRect(firstCol, Row(), ColCount() - 1, Row());
     box.Bottom += lineExtra;
     return box;
   };
   const TRect oldBox = currentBox();
-  // A record that came in below the last data row needs its row first.
-  if (dataLink_->ActiveRecord() >= RowCount() - titleOffset_ - totalRows_) UpdateRowCount();
+  // The active record on the last data row may have come in below it: rows first.
+  if (dataLink_->ActiveRecord() >= RowCount() - titleOffset_ - totalRows_ - 1) UpdateRowCount();
   UpdateActive();
   SetupRecNumber(GetRecNumber() + distance + Row() - oldRow);
   UpdateScrollBar();

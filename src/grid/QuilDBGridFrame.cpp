@@ -3,6 +3,7 @@
 #include <QLocale>
 
 #include "framework/db/DataSet.h"
+#include "framework/db/DataSource.h"
 #include "framework/db/Field.h"
 #include "grid/QuilDBGrid.h"
 
@@ -45,19 +46,30 @@ TQuilCustomDBGrid::TQuilCustomDBGrid(TComponent* owner)
   if (KoreanSystem()) options_ += dgAlwaysShowEditor;
   optionsEx_ = DefaultGridOptionsEx;
   optionsExt_ = DefaultGridOptionsExt;
+  parentCustomHint_ = false;
+  designOptionsBoost_ = {goRowSizing, goColSizing};
   // The vertical scroll bar belongs to the record window, not to the base grid's rows.
   TCustomGrid::SetScrollBars(ssHorizontal);
   TCustomGrid::SetOptions({goVertLine, goHorzLine, goRowSizing, goColSizing, goColMoving, goEditing, goTabs});
   columns_.reset(CreateColumns());
+  filterGrid_.reset(CreateFilter());
+  search_.reset(CreateSearch());
+  treeView_.reset(CreateTreeView());
   SetRowCount(2);
   SetColCount(2);
   dataLink_.reset(CreateDataLink());
   SetColor(clWindow);
   SetParentColor(false);
   titleFont_ = std::make_unique<TFont>();
-  headerFont_ = std::make_unique<TFont>();
+  titleFont_->SetOnChange(TNotifyEvent(this, &TQuilCustomDBGrid::TitleFontChanged));
   SetDefaultDrawing(true);
+  headerFont_ = std::make_unique<TFont>();
+  headerFont_->SetOnChange(TNotifyEvent(this, &TQuilCustomDBGrid::TitleFontChanged));
   gridStyle_.reset(CreateGridStyle());
+  scrollProp_.reset(CreateScrollProp());
+  settings_.reset(CreateSettings());
+  gradient_.reset(CreateGradient());
+  gradient_->SetOnChange(TNotifyEvent(this, &TQuilCustomDBGrid::GradientChanged));
   totals_.reset(CreateTotals());
   SetTabStop(true);
   HideEditor();
@@ -65,11 +77,18 @@ TQuilCustomDBGrid::TQuilCustomDBGrid(TComponent* owner)
 
 TQuilCustomDBGrid::~TQuilCustomDBGrid() {
   for (auto& timer : timers_) timer.reset();
+  if (settings_->Active() && !ComponentState().Contains(csDesigning)) settings_->AutoSaveLayout();
   // The link goes first, so that no data event reaches a grid without its parts.
   dataLink_->SetDataSource(nullptr);
   totals_.reset();
+  gradient_.reset();
+  settings_.reset();
+  scrollProp_.reset();
   gridStyle_.reset();
   headerFont_.reset();
+  treeView_.reset();
+  search_.reset();
+  filterGrid_.reset();
   columns_.reset();
   dataLink_.reset();
   titleFont_.reset();
@@ -79,6 +98,22 @@ TQuilDBGridColumns* TQuilCustomDBGrid::CreateColumns() { return new TQuilDBGridC
 TQuilGridDataLink* TQuilCustomDBGrid::CreateDataLink() { return new TQuilGridDataLink(this); }
 TQuilGridStyle* TQuilCustomDBGrid::CreateGridStyle() { return new TQuilGridStyle(this); }
 TQuilDBGridTotals* TQuilCustomDBGrid::CreateTotals() { return new TQuilDBGridTotals(this); }
+TDataLink* TQuilCustomDBGrid::CreateTotalDataLink() { return new TDataLink(); }
+TQuilDBGridFilter* TQuilCustomDBGrid::CreateFilter() { return new TQuilDBGridFilter(this); }
+TQuilDBGridSearch* TQuilCustomDBGrid::CreateSearch() { return new TQuilDBGridSearch(this); }
+TQuilDBGridTreeView* TQuilCustomDBGrid::CreateTreeView() { return new TQuilDBGridTreeView(this); }
+TQuilDBGridSettings* TQuilCustomDBGrid::CreateSettings() { return new TQuilDBGridSettings(this); }
+TQuilScrollProp* TQuilCustomDBGrid::CreateScrollProp() { return new TQuilScrollProp(this); }
+TQuilDBGridGradient* TQuilCustomDBGrid::CreateGradient() { return new TQuilDBGridGradient(this); }
+// FIXME: the grid editor replaces the base editor with its buttons and lists.
+TInplaceEdit* TQuilCustomDBGrid::CreateEditor() { return TCustomGrid::CreateEditor(); }
+
+// FIXME: titles refresh the column fonts that follow TitleFont.
+void TQuilCustomDBGrid::TitleFontChanged(TObject*) { LayoutChanged(); }
+
+void TQuilCustomDBGrid::GradientChanged(TObject*) { Invalidate(); }
+
+TPersistent* TQuilGridPart::GetOwner() const { return grid_; }
 
 // --- Option sets
 
@@ -176,7 +211,7 @@ void TQuilCustomDBGrid::SwitchOptionsExt(TQuilDBGridOptionsExt members, bool inc
 void TQuilCustomDBGrid::SetDrawingOptions(TGridDrawingOptions value) {
   if (value == drawingOptions_) return;
   drawingOptions_ = value;
-  LayoutChanged();
+  Invalidate();
 }
 
 void TQuilCustomDBGrid::SwitchDrawingOptions(TGridDrawingOptions members, bool include) {
@@ -227,6 +262,7 @@ void TQuilCustomDBGrid::SetFixedCols(int value) {
   fixedCols_ = value;
   LayoutChanged();
   InvalidateEditor();
+  Synchronize();
 }
 
 // The indicator needs room for its mark: narrower values are widened.
@@ -269,6 +305,63 @@ void TQuilCustomDBGrid::SetBorderStyle(TBorderStyle value) {
   TCustomGrid::SetBorderStyle(value);
   // FIXME: the search panel and the horizontal flat scroll bar follow the border.
   if (!ComponentState().Contains(csLoading)) UpdateRowCount();
+  LayoutChanged();
+}
+
+void TQuilCustomDBGrid::SetCtl3D(bool value) {
+  ctl3DAuto_ = false;
+  parentCtl3D_ = false;
+  if (value == Ctl3D()) return;
+  TCustomGrid::SetCtl3D(value);
+  if (!ComponentState().Contains(csLoading)) UpdateRowCount();
+  LayoutChanged();
+}
+
+// FIXME: visual styles choose Ctl3D from the fixed style while this holds.
+void TQuilCustomDBGrid::SetCtl3DAuto(bool value) {
+  if (value == ctl3DAuto_) return;
+  ctl3DAuto_ = value;
+  if (value) parentCtl3D_ = false;
+  LayoutChanged();
+}
+
+void TQuilCustomDBGrid::SetEnabled(bool value) {
+  if (value == Enabled()) return;
+  TCustomGrid::SetEnabled(value);
+  Invalidate();
+  LayoutChanged();
+}
+
+void TQuilCustomDBGrid::CMBiDiModeChanged(TMessage& message) {
+  TCustomGrid::CMBiDiModeChanged(message);
+  RecreateWnd();
+  InvalidateEditor();
+  LayoutChanged();
+}
+
+void TQuilCustomDBGrid::SetHint(const QString& value) {
+  hint_ = value;
+  TCustomGrid::SetHint(value);
+}
+
+void TQuilCustomDBGrid::SetCustomHint(TComponent* value) {
+  if (value == customHint_) return;
+  customHint_ = value;
+  if (value) value->FreeNotification(this);
+}
+
+void TQuilCustomDBGrid::SetHeaderColor(TColor value) {
+  if (value == headerColor_) return;
+  headerColor_ = value;
+  LayoutChanged();
+}
+
+// FIXME: column sizing applies the line and width limits.
+void TQuilCustomDBGrid::SetLimit(int& member, int value) {
+  value = std::max(value, -1);
+  if (value == member) return;
+  member = value;
+  LayoutChanged();
 }
 
 void TQuilCustomDBGrid::SetStripeColor(TColor value) {

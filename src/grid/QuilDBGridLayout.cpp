@@ -1,5 +1,6 @@
 // The layout transaction and InternalLayout: how the option sets and the columns become
 // the base grid's rows and columns.
+#include "framework/controls/Menus.h"
 #include "framework/controls/MessageQueue.h"
 #include "framework/db/DataSet.h"
 #include "framework/db/Field.h"
@@ -217,9 +218,14 @@ void TQuilCustomDBGrid::DefineFieldMap() {
 void TQuilCustomDBGrid::Loaded() {
   TCustomGrid::Loaded();
   if (columns_->Count() > 0) SetColCount(columns_->Count());
-  // FIXME: layout persistence marks Settings for automatic loading, the search shows
-  // its panel, and column filters, search and tree view apply their filter here.
+  const bool designing = ComponentState().Contains(csDesigning);
+  settings_->SetAutoLoadPending(!designing);
+  // FIXME: search shows its panel here.
+  if (!designing && search_->PanelVisible()) return;
   LayoutChanged();
+  filterGrid_->UpdateColumns();
+  // FIXME: column filters update their text, and filters, search and tree view apply
+  // their row filter through FilterChanged.
 }
 
 void TQuilCustomDBGrid::Notification(TComponent* component, TOperation operation) {
@@ -229,6 +235,13 @@ void TQuilCustomDBGrid::Notification(TComponent* component, TOperation operation
     SetDataSource(nullptr);
     return;
   }
+  // FIXME: master grids, image lists, the filler's and indicator's popup menus, the
+  // columns' and titles' menus and the totals' data source let go of the component
+  // here once their holders exist.
+  if (component == customHint_) customHint_ = nullptr;
+  for (int index = 0; index < columns_->Count(); ++index)
+    if (columns_->Items(index)->LookupDataSet() == component) columns_->Items(index)->SetLookupDataSet(nullptr);
+  if (component == static_cast<TComponent*>(PopupMenu())) SetPopupMenu(nullptr);
   auto* field = dynamic_cast<TField*>(component);
   if (!field) return;
   // FIXME: total cells let go of the field as well.
@@ -247,27 +260,51 @@ void TQuilCustomDBGrid::Notification(TComponent* component, TOperation operation
     EndLayout();
 }
 
+// FIXME: column titles, totals and the other column properties count once the column
+// model has them.
+bool TQuilCustomDBGrid::NeedsNotification(TComponent* component) const {
+  auto* field = dynamic_cast<TField*>(component);
+  if (!field || !columns_) return false;
+  int references = 0;
+  for (int index = 0; index < columns_->Count(); ++index)
+    if (columns_->Items(index)->BoundField() == field) ++references;
+  return references > 1;
+}
+
+void TQuilCustomDBGrid::ReadColumns(TReader& reader) {
+  columns_->Clear();
+  if (reader.NextValue() == vaNil) {
+    reader.ReadValue();
+    return;
+  }
+  reader.CheckValue(vaCollection);
+  reader.ReadCollection(columns_.get());
+}
+
+void TQuilCustomDBGrid::WriteColumns(TWriter& writer) {
+  if (columns_->State() == csCustomized) writer.WriteCollection(columns_.get());
+  else writer.WriteValue(vaNil);
+}
+
+// An inherited grid writes its columns only where they differ from its ancestor's.
+bool TQuilCustomDBGrid::ColumnsDiffer(const TFiler* filer) const {
+  auto* ancestor = dynamic_cast<const TQuilCustomDBGrid*>(filer->Ancestor());
+  if (!ancestor) return columns_->State() == csCustomized;
+  const TQuilDBGridColumns* theirs = ancestor->Columns();
+  if (theirs->State() != columns_->State()) return true;
+  return columns_->State() == csCustomized && !columns_->Equals(theirs);
+}
+
 void TQuilCustomDBGrid::DefineProperties(TFiler* filer) {
   TCustomGrid::DefineProperties(filer);
   filer->DefineProperty(
-      QStringLiteral("Columns"),
-      [this](TReader& reader) {
-        columns_->Clear();
-        if (reader.NextValue() == vaNil) {
-          reader.ReadValue();
-          return;
-        }
-        reader.CheckValue(vaCollection);
-        reader.ReadCollection(columns_.get());
-      },
-      [this](TWriter& writer) {
-        if (columns_->State() == csCustomized) writer.WriteCollection(columns_.get());
-        else writer.WriteValue(vaNil);
-      },
-      columns_->State() == csCustomized);
-  // FIXME: ordering writes the order text; the order comes back through the titles.
+      QStringLiteral("Columns"), [this](TReader& reader) { ReadColumns(reader); },
+      [this](TWriter& writer) { WriteColumns(writer); }, ColumnsDiffer(filer));
+  // The order comes back through each title's stored marker, so the text read is dropped.
+  const QString orderFields = GetOrderFields();
   filer->DefineProperty(
-      QStringLiteral("OrderFields"), [](TReader& reader) { reader.ReadString(); }, [](TWriter&) {}, false);
+      QStringLiteral("OrderFields"), [](TReader& reader) { reader.ReadString(); },
+      [orderFields](TWriter& writer) { writer.WriteString(orderFields); }, !orderFields.isEmpty());
 }
 
 }  // namespace quil

@@ -8,7 +8,7 @@ namespace quil {
 
 int TQuilCustomDBGrid::MoveBy(int distance, bool force) {
   // FIXME: scrolling gives the grid mode its own scroll bar; here the option alone says.
-  if (optionsExt_.Contains(dgScrollGridMode) && !force) {
+  if (optionsExt_.Contains(dgScrollGridMode)) {
     if (GetRecNumber() < 0) DataSet()->CheckBrowseMode();
     const int recNumber = GetRecNumber();
     if ((recNumber == 1 && distance < 0) || (recNumber == GetRecCount() && distance > 0))
@@ -24,20 +24,22 @@ int TQuilCustomDBGrid::MoveBy(int distance, bool force) {
   TDataSet* dataSet = DataSet();
   dataSet->CheckBrowseMode();
   HideEditor();
-  ++positionLock_;
-  TScopeExit lower([this] { --positionLock_; });
-  DisablePosition();
   int moved = 0;
-  bool bof = false, eof = false;
   {
-    TScopeExit enable([this] { EnablePosition(true); });
-    moved = dataLink_->MoveBy(distance);
-    SetupRecNumber(GetRecNumber() + moved);
-    bof = dataLink_->Bof();
-    eof = dataLink_->Eof();
+    ++positionLock_;
+    TScopeExit lower([this] { --positionLock_; });
+    DisablePosition();
+    bool bof = false, eof = false;
+    {
+      TScopeExit enable([this] { EnablePosition(true); });
+      moved = dataLink_->MoveBy(distance);
+      SetupRecNumber(GetRecNumber() + moved);
+      bof = dataLink_->Bof();
+      eof = dataLink_->Eof();
+    }
+    if (bof) dataSet->Prior();
+    if (eof) dataSet->Next();
   }
-  if (bof) dataSet->Prior();
-  if (eof) dataSet->Next();
   AlwaysShowEditor();
   return moved;
 }

@@ -1,6 +1,7 @@
 #pragma once
-// The grid's small owned parts that this step needs for its row metrics: the grid
-// style's row spaces and the totals' line count and font.
+// The grid's small owned parts that the frame needs for its row metrics: the grid
+// style's row spaces and the totals' line count and font; and the base of every part
+// the grid owns.
 
 #include <memory>
 
@@ -11,8 +12,19 @@ namespace quil {
 
 class TQuilCustomDBGrid;
 
+// A part owned by a grid, which names it in a stream's path.
+class TQuilGridPart : public TPersistent {
+public:
+  explicit TQuilGridPart(TQuilCustomDBGrid* grid) : grid_(grid) {}
+  TQuilCustomDBGrid* Grid() const { return grid_; }
+  TPersistent* GetOwner() const override;
+
+private:
+  TQuilCustomDBGrid* grid_;
+};
+
 // FIXME: visual styles replace this with the full style (margins, visual style kinds,
-// Assign); the numbers here are those of the XP style.
+// Assign); the numbers here are those of the default look.
 class TQuilGridStyle : public TPersistent {
 public:
   explicit TQuilGridStyle(TQuilCustomDBGrid* grid) : grid_(grid) {}

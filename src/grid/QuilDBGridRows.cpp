@@ -64,6 +64,13 @@ bool TQuilCustomDBGrid::GetAlignTotalsToBorder() const {
   return totalRows_ >= 1 && (BorderStyle() != bsSingle || !Ctl3D());
 }
 
+// FIXME: column sizing supplies the active stretch mode and scrolling a vertical scroll
+// bar that takes room; until then nothing stretches.
+bool TQuilCustomDBGrid::GetAlignStretchToBorder() const {
+  const bool stretchActive = false;
+  return stretchActive && (BorderStyle() != bsSingle || !Ctl3D());
+}
+
 int TQuilCustomDBGrid::GetVisibleRowCount() const { return std::max(1, VisibleRowCount() - totalRows_); }
 
 int TQuilCustomDBGrid::GetDataRowCount() const { return dataLink_->Active() ? dataLink_->RecordCount() : 0; }
@@ -121,7 +128,7 @@ void TQuilCustomDBGrid::UpdateRowCount() {
   }
   if (RowCount() != oldRowCount) {
     Invalidate();
-  } else if (HandleAllocated() && options_.Contains(dgRowLines) && totalRows_ == 0 &&
+  } else if (!doubleBuffered_ && HandleAllocated() && options_.Contains(dgRowLines) && totalRows_ == 0 &&
              (RowCount() - TCustomGrid::FixedRows()) * GetRowHeight() == ClientHeight() - GetTitleHeight()) {
     // The last row's bottom line falls outside the client area otherwise.
     InvalidateRect(RowBox(RowCount() - 1));
@@ -172,8 +179,9 @@ void TQuilCustomDBGrid::MeasureTotalRows() {
 
 TRect TQuilCustomDBGrid::RowBox(int row) const { return BoxRect(0, row, ColCount() - 1, row); }
 
+// A double-buffered grid paints the whole change at once anyway.
 void TQuilCustomDBGrid::Invalidate() {
-  if (rowCountLock_ == 0) TCustomGrid::Invalidate();
+  if (rowCountLock_ == 0 || doubleBuffered_) TCustomGrid::Invalidate();
 }
 
 void TQuilCustomDBGrid::InvalidateData() {

@@ -102,8 +102,12 @@ TEST_F(RowWindow, ShrinkingKeepsTheCurrentRecordInTheWindow) {
 
 // The pixels move; what paints is the row that comes into view and the row that the
 // previous current record moved to, which loses its cursor. Each cell paints once.
+// A double-buffered grid lets the passing row count of the buffer sizing repaint the
+// whole window whenever a record comes in at the bottom; only an unbuffered one paints
+// just what scrolling exposed.
 TEST_F(RowWindow, ScrollingByOneRepaintsOnlyTheExposedRow) {
   Open(100000);
+  grid->SetDoubleBuffered(false);
   const int fit = grid->DataLink()->BufferCount();
   grid->MoveBy(fit - 1);
   Settle();
@@ -122,6 +126,17 @@ TEST_F(RowWindow, ScrollingByOneRepaintsOnlyTheExposedRow) {
   EXPECT_EQ(grid->GetFieldValue(0), QString::number(dataSet->RecNo()));
 }
 
+TEST_F(RowWindow, DoubleBufferedGridRepaintsWholeWhenARecordComesInAtTheBottom) {
+  Open(1000);
+  const int fit = grid->DataLink()->BufferCount();
+  grid->MoveBy(fit - 1);
+  Settle();
+  dataSet->Next();
+  Paint();
+  EXPECT_TRUE(grid->DrawnRows().count(0));
+  EXPECT_EQ(int(grid->DrawnRows().size()), grid->RowCount());
+}
+
 TEST_F(RowWindow, MovingInsideTheWindowRepaintsTheOldAndTheNewRow) {
   Open(100);
   grid->MoveBy(2);
@@ -134,6 +149,7 @@ TEST_F(RowWindow, MovingInsideTheWindowRepaintsTheOldAndTheNewRow) {
 
 TEST_F(RowWindow, ScrollingFurtherThanTheWindowRepaintsAllDataRows) {
   Open(1000);
+  grid->SetDoubleBuffered(false);
   const int fit = grid->DataLink()->BufferCount();
   grid->MoveBy(3 * fit);
   Paint();
@@ -144,6 +160,7 @@ TEST_F(RowWindow, ScrollingFurtherThanTheWindowRepaintsAllDataRows) {
 
 TEST_F(RowWindow, StripedRowsRepaintTheWholeDataAreaOnEveryScroll) {
   Open(1000);
+  grid->SetDoubleBuffered(false);
   grid->SetStripeColor(clYellow);
   const int fit = grid->DataLink()->BufferCount();
   grid->MoveBy(fit - 1);

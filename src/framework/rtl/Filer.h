@@ -78,6 +78,10 @@ public:
   // The component whose owned components names refer to.
   TComponent* Root() const { return root_; }
   void SetRoot(TComponent* root) { root_ = root; }
+  // What an inherited form's component looked like in its ancestor; a writer leaves out
+  // what equals it. Null when there is no ancestor.
+  TPersistent* Ancestor() const { return ancestor_; }
+  void SetAncestor(TPersistent* ancestor) { ancestor_ = ancestor; }
 
   // Data with no published property (TPersistent::DefineProperties): a writer writes
   // it under name when hasData; a reader reads it when name is the property it reads.
@@ -89,6 +93,7 @@ public:
 protected:
   TStream& stream_;
   TComponent* root_ = nullptr;
+  TPersistent* ancestor_ = nullptr;
 };
 
 // Event handlers are streamed by name. A writer asks FindMethodName for the name of an
