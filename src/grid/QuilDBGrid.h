@@ -305,6 +305,8 @@ protected:
   void Synchronize() {}
   virtual TTimer* CreateTimer(TQuilDelayTimer which);
   virtual void SetColumnAttributes();
+  // Recomputes the record numbers; true when any changed.
+  virtual bool UpdateSequenceValues();
   virtual void UpdateScrollBar();
   virtual void TotalsChanged();
   virtual void ColEnter() {}
@@ -351,7 +353,7 @@ private:
   bool StartDelay(TQuilDelayTimer which, bool delayed);
   std::unique_ptr<TTimer> TakeTimer(TQuilDelayTimer which);
   void RecalcTotals();
-  void RecalcSequence();
+  bool RecalcSequence();
   void ReloadListItems();
   // Painting
   void DrawTitleCell(int dataCol, const TRect& rect);

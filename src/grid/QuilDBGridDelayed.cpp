@@ -73,7 +73,12 @@ void TQuilCustomDBGrid::DelayUpdateTotals(TObject*) {
 
 void TQuilCustomDBGrid::DelayUpdateSequence(TObject*) {
   TakeTimer(dtSequence);
-  RecalcSequence();
+  if (!RecalcSequence()) return;
+  UpdateScrollBar();
+  UpdateActive();
+  InvalidateEditor();
+  ValidateRect(ClientRect());
+  Invalidate();
 }
 
 void TQuilCustomDBGrid::DelayUpdateListItems(TObject*) {
@@ -90,8 +95,13 @@ void TQuilCustomDBGrid::RecalcTotals() {
   TotalsChanged();
 }
 
-// FIXME: row numbers are recomputed here; a change repaints the grid.
-void TQuilCustomDBGrid::RecalcSequence() { TBusyScope busy(*this); }
+bool TQuilCustomDBGrid::RecalcSequence() {
+  TBusyScope busy(*this);
+  return UpdateSequenceValues();
+}
+
+// FIXME: row numbers recompute the record number and count here.
+bool TQuilCustomDBGrid::UpdateSequenceValues() { return false; }
 
 // FIXME: pick lists reload their items here.
 void TQuilCustomDBGrid::ReloadListItems() { TBusyScope busy(*this); }

@@ -1,0 +1,289 @@
+// The frame's owned parts and their factories, its own properties, the delay timers,
+// Loaded, Notification and the streaming of columns against an ancestor.
+#include <QThread>
+#include <functional>
+
+#include "GridTestKit.h"
+#include "framework/controls/Menus.h"
+#include "framework/rtl/Filer.h"
+#include "framework/rtl/ObjectText.h"
+#include "framework/rtl/Streams.h"
+
+using namespace quil;
+using gridtest::GridFixture;
+
+namespace {
+
+// A descendant that watches the deferred work and supplies an order.
+class TFrameGrid : public gridtest::TProbeGrid {
+public:
+  using TProbeGrid::TProbeGrid;
+  using TProbeGrid::Loaded;
+  using TProbeGrid::Notification;
+  QString orderFields;
+  int sequenceRuns = 0;
+  bool timerGoneDuringWork = false;
+  bool busyDuringWork = false;
+  bool dataChangeDuringWork = false;
+
+protected:
+  QString GetOrderFields() const override { return orderFields; }
+  bool UpdateSequenceValues() override {
+    ++sequenceRuns;
+    timerGoneDuringWork = DelayTimer(dtSequence) == nullptr;
+    busyDuringWork = GetUpdateInProgress();
+    if (dataChangeDuringWork) DataChanged();
+    return false;
+  }
+};
+
+TEST(GridFrame, OwnsItsParts) {
+  TQuilDBGrid grid(nullptr);
+  const std::vector<TQuilGridPart*> parts{grid.FilterGrid(), grid.Search(), grid.TreeView(),
+                                          grid.Settings(), grid.ScrollProp(), grid.Gradient()};
+  for (TQuilGridPart* part : parts) {
+    ASSERT_NE(part, nullptr);
+    EXPECT_EQ(part->GetOwner(), &grid);
+  }
+}
+
+TEST(GridFrame, ConstructionDefaults) {
+  TQuilDBGrid grid(nullptr);
+  EXPECT_TRUE(grid.Ctl3DAuto());
+  EXPECT_TRUE(grid.DoubleBuffered());
+  EXPECT_FALSE(grid.DragRows());
+  EXPECT_FALSE(grid.ParentCustomHint());
+  EXPECT_EQ(grid.DesignOptionsBoost(), (TGridOptions{goRowSizing, goColSizing}));
+  EXPECT_EQ(grid.HeaderColor(), clBtnFace);
+  EXPECT_EQ(grid.LinesCountMax(), -1);
+  EXPECT_EQ(grid.LinesCountMin(), 1);
+  for (int limit : {grid.DefaultWidthMax(), grid.DefaultWidthMin(), grid.StretchWidthMax(), grid.StretchWidthMin()})
+    EXPECT_EQ(limit, -1);
+}
+
+TEST(GridFrame, SettingCtl3DTakesTheChoiceFromTheStyle) {
+  TQuilDBGrid grid(nullptr);
+  EXPECT_FALSE(grid.IsCtl3DStored());
+  grid.SetCtl3D(!grid.Ctl3D());
+  EXPECT_FALSE(grid.Ctl3DAuto());
+  EXPECT_TRUE(grid.IsCtl3DStored());
+  grid.SetCtl3DAuto(true);
+  EXPECT_FALSE(grid.IsCtl3DStored());
+}
+
+TEST(GridFrame, HintIsKeptApartFromTheBaseHint) {
+  TQuilDBGrid grid(nullptr);
+  grid.SetHint("Own");
+  grid.TControl::SetHint("Cell");
+  EXPECT_EQ(grid.Hint(), QStringLiteral("Own"));
+}
+
+class GridFrameShown : public GridFixture {
+protected:
+  TFrameGrid* Frame() { return static_cast<TFrameGrid*>(grid); }
+  void OpenFrame(int rows) {
+    form = new TForm(nullptr);
+    form->SetBounds(0, 0, 520, 280);
+    dataSet = new dbtest::TWindowCheckedDataSet(form);
+    dbtest::FillPeople(*dataSet, rows);
+    source = new TDataSource(form);
+    source->SetDataSet(dataSet);
+    grid = new TFrameGrid(form);
+    grid->SetParent(form);
+    grid->SetBounds(10, 10, 480, 240);
+    grid->SetDataSource(source);
+    form->Show();
+    Settle();
+  }
+  // Lets the event loop run until the timer has fired.
+  void WaitForTimer(TQuilDelayTimer which) {
+    for (int round = 0; round < 2000 && grid->DelayTimer(which); ++round) {
+      QThread::msleep(1);
+      QCoreApplication::processEvents();
+    }
+  }
+};
+
+// Setters that change the shape lay the grid out; the drawing options only repaint.
+TEST_F(GridFrameShown, ShapeSettersLayOutAndDrawingOptionsDoNot) {
+  OpenFrame(10);
+  struct Case {
+    const char* name;
+    std::function<void()> change;
+    bool laysOut;
+  };
+  const std::vector<Case> cases{
+      {"BorderStyle", [&] { grid->SetBorderStyle(bsNone); }, true},
+      {"Enabled", [&] { grid->SetEnabled(false); }, true},
+      {"Ctl3D", [&] { grid->SetCtl3D(!grid->Ctl3D()); }, true},
+      {"Options dgTitles", [&] { grid->SwitchOptions({dgTitles}, false); }, true},
+      {"OptionsEx dgTotalFooter", [&] { grid->SwitchOptionsEx({dgTotalFooter}, true); }, true},
+      {"OptionsExt dgForceSystemTheme", [&] { grid->SwitchOptionsExt({dgForceSystemTheme}, true); }, true},
+      {"OptionsExt dgScrollPageMode", [&] { grid->SwitchOptionsExt({dgScrollPageMode}, true); }, false},
+      {"Options dgConfirmDelete", [&] { grid->SwitchOptions({dgConfirmDelete}, false); }, false},
+      {"DrawingOptions", [&] { grid->SwitchDrawingOptions({gdoStripedRows}, true); }, false},
+  };
+  for (const Case& c : cases) {
+    grid->layoutSources.clear();
+    c.change();
+    EXPECT_EQ(!grid->layoutSources.empty(), c.laysOut) << c.name;
+  }
+  EXPECT_EQ(grid->TitleOffset(), 0);
+  EXPECT_TRUE(grid->OptionsEx().Contains(dgBlankRow));
+  EXPECT_EQ(grid->TotalRows(), 2);
+}
+
+TEST_F(GridFrameShown, ADelayedRequestStartsOneTimerAndARepeatRestartsIt) {
+  OpenFrame(10);
+  EXPECT_EQ(grid->DelayTimer(dtSequence), nullptr);
+  grid->SwitchOptions({dgForceSequence}, true);
+  TTimer* timer = grid->DelayTimer(dtSequence);
+  ASSERT_NE(timer, nullptr);
+  EXPECT_EQ(Frame()->sequenceRuns, 0) << "the work waits";
+  EXPECT_TRUE(timer->Enabled());
+  grid->UpdateSequence(false);
+  EXPECT_EQ(grid->DelayTimer(dtSequence), timer) << "a repeat restarts the same timer";
+  WaitForTimer(dtSequence);
+  EXPECT_EQ(grid->DelayTimer(dtSequence), nullptr);
+  EXPECT_EQ(Frame()->sequenceRuns, 1);
+  EXPECT_TRUE(Frame()->timerGoneDuringWork);
+  EXPECT_TRUE(Frame()->busyDuringWork);
+}
+
+TEST_F(GridFrameShown, PerformDelayedRunsAPendingTimerNow) {
+  OpenFrame(10);
+  grid->SwitchOptions({dgForceSequence}, true);
+  ASSERT_NE(grid->DelayTimer(dtSequence), nullptr);
+  grid->PerformDelayed();
+  EXPECT_EQ(Frame()->sequenceRuns, 1);
+  EXPECT_EQ(grid->DelayTimer(dtSequence), nullptr);
+  grid->PerformDelayed();
+  EXPECT_EQ(Frame()->sequenceRuns, 1) << "no timer, no work";
+}
+
+TEST_F(GridFrameShown, ADataChangeDuringDeferredWorkRepaintsNothing) {
+  OpenFrame(10);
+  Frame()->dataChangeDuringWork = true;
+  grid->SwitchOptions({dgForceSequence}, true);
+  Settle();
+  grid->PerformDelayed();
+  Paint();
+  EXPECT_EQ(grid->DrawnCount(), 0);
+  grid->DataChanged();
+  Paint();
+  EXPECT_GT(grid->DrawnCount(), 0);
+}
+
+TEST_F(GridFrameShown, LoadedMarksTheSettingsToLoadOnTheNextActivation) {
+  OpenFrame(10);
+  dataSet->Close();
+  grid->SetLinesCount(2);
+  Frame()->Loaded();
+  EXPECT_TRUE(grid->Settings()->AutoLoadPending());
+  EXPECT_EQ(grid->DefaultRowHeight(), 2 * grid->DataLineHeight() + grid->GridStyle()->DataRowSpace() + 1);
+  dataSet->Open();
+  EXPECT_FALSE(grid->Settings()->AutoLoadPending());
+}
+
+TEST_F(GridFrameShown, ActivationFreesTheDockedGridsItOwns) {
+  OpenFrame(10);
+  auto* docked = new TQuilDBGrid(grid);
+  docked->SetDragKind(dkDock);
+  auto* kept = new TQuilDBGrid(grid);
+  dataSet->Close();
+  dataSet->Open();
+  EXPECT_EQ(grid->ComponentCount(), 1);
+  EXPECT_EQ(grid->Components(0), kept);
+}
+
+TEST_F(GridFrameShown, RemovedComponentsAreLetGo) {
+  OpenFrame(10);
+  auto* hint = new TComponent(form);
+  auto* menu = new TPopupMenu(form);
+  auto* lookup = new dbtest::TWindowCheckedDataSet(form);
+  grid->SetCustomHint(hint);
+  grid->SetPopupMenu(menu);
+  grid->Columns()->Add()->SetLookupDataSet(lookup);
+  delete hint;
+  delete menu;
+  delete lookup;
+  EXPECT_EQ(grid->CustomHint(), nullptr);
+  EXPECT_EQ(grid->PopupMenu(), nullptr);
+  EXPECT_EQ(grid->Columns()->Items(0)->LookupDataSet(), nullptr);
+}
+
+// Two columns on one field: the one that lets go must leave the other's notice.
+TEST_F(GridFrameShown, AFieldSharedByTwoColumnsKeepsItsNotification) {
+  OpenFrame(10);
+  grid->Columns()->Add()->SetFieldName("Name");
+  grid->Columns()->Add()->SetFieldName("Name");
+  TField* name = dataSet->FieldByName("Name");
+  TQuilColumn* first = grid->Columns()->Items(0);
+  TQuilColumn* second = grid->Columns()->Items(1);
+  ASSERT_EQ(first->Field(), name);
+  ASSERT_EQ(second->Field(), name);
+  EXPECT_TRUE(grid->NeedsNotification(name));
+  first->SetField(nullptr);
+  EXPECT_FALSE(grid->NeedsNotification(name));
+  delete name;
+  EXPECT_EQ(second->BoundField(), nullptr);
+}
+
+TEST_F(GridFrameShown, SelectedColumnAndIndexMoveTheCursor) {
+  OpenFrame(10);
+  grid->SetSelectedIndex(2);
+  EXPECT_EQ(grid->Col(), grid->DataToRawColumn(2));
+  grid->SetSelectedColumn(grid->Columns()->Items(1));
+  EXPECT_EQ(grid->SelectedIndex(), 1);
+  grid->SetSelectedColumn(nullptr);
+  EXPECT_EQ(grid->SelectedIndex(), 1);
+  dataSet->FieldByName("City")->FocusControl();
+  EXPECT_EQ(grid->SelectedField(), dataSet->FieldByName("City"));
+}
+
+TEST_F(GridFrameShown, UpdateActiveRefreshesAnEditorThatHoldsOtherText) {
+  OpenFrame(10);
+  grid->SetSelectedIndex(1);
+  grid->SetFocus();
+  grid->ShowEditor();
+  ASSERT_NE(grid->InplaceEditor(), nullptr);
+  grid->InplaceEditor()->SetText("stale");
+  grid->UpdateActive();
+  EXPECT_EQ(grid->InplaceEditor()->Text(), dataSet->FieldByName("Name")->Text());
+}
+
+QString Written(TQuilDBGrid& grid, TQuilDBGrid* ancestor) {
+  TMemoryStream binary;
+  TWriter writer(binary);
+  writer.SetAncestor(ancestor);
+  writer.WriteRootComponent(&grid);
+  binary.Seek(0, soBeginning);
+  TMemoryStream text;
+  ObjectBinaryToText(binary, text);
+  QByteArray bytes(int(text.Size()), '\0');
+  text.Seek(0, soBeginning);
+  text.Read(bytes.data(), bytes.size());
+  return QString::fromUtf8(bytes);
+}
+
+TEST(GridFrameStreaming, ColumnsAreWrittenWhereTheyDifferFromTheAncestor) {
+  TQuilDBGrid ancestor(nullptr), grid(nullptr);
+  for (TQuilDBGrid* each : {&ancestor, &grid}) each->Columns()->Add()->SetFieldName("Name");
+  EXPECT_TRUE(Written(grid, nullptr).contains("Columns"));
+  EXPECT_FALSE(Written(grid, &ancestor).contains("Columns"));
+  grid.Columns()->Items(0)->SetWidth(90);
+  EXPECT_TRUE(Written(grid, &ancestor).contains("Columns"));
+  TQuilDBGrid plain(nullptr);
+  EXPECT_TRUE(Written(plain, &ancestor).contains("Columns")) << "the states differ";
+}
+
+TEST(GridFrameStreaming, OrderFieldsAreWrittenWhenThereIsAnOrder) {
+  TFrameGrid grid(nullptr);
+  EXPECT_FALSE(Written(grid, nullptr).contains("OrderFields"));
+  grid.orderFields = "Name,City DESC";
+  const QString text = Written(grid, nullptr);
+  EXPECT_TRUE(text.contains("OrderFields")) << text.toStdString();
+  EXPECT_TRUE(text.contains("Name,City DESC"));
+}
+
+}  // namespace
