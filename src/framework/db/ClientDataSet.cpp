@@ -156,6 +156,8 @@ void TCustomClientDataSet::InternalClose() {
 
 // --- Buffers and the cursor -----------------------------------------------------------
 
+int TCustomClientDataSet::GetRecordSize() const { return int(sizeof(TRecord)); }
+
 TRecordBuffer TCustomClientDataSet::AllocRecordBuffer() { return reinterpret_cast<TRecordBuffer>(new TRecord); }
 
 void TCustomClientDataSet::FreeRecordBuffer(TRecordBuffer& buffer) {

@@ -103,6 +103,7 @@ protected:
   void InternalEdit() override;
   void InternalCancel() override;
   int GetRecordCount() const override;
+  int GetRecordSize() const override;
   int GetRecNo() const override;
   bool GetCanModify() const override { return !readOnly_; }
   void SetFilterText(const QString& text) override;

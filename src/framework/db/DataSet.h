@@ -75,6 +75,10 @@ public:
   // Structured fields show as one field with children rather than flattened.
   bool ObjectView() const { return objectView_; }
   void SetObjectView(bool value) { objectView_ = value; }
+  // The byte size of one record buffer as the descendant lays it out; 0 for one that
+  // keeps no fixed layout. Nothing in this class sizes buffers by it: a descendant
+  // allocates its own through AllocRecordBuffer.
+  int RecordSize() const { return GetRecordSize(); }
   void Loaded() override;
 
   // --- Controls
@@ -232,8 +236,11 @@ protected:
   virtual int GetRecNo() const { return -1; }
   // The byte size of a record buffer, for descendants that lay one out; 0 when unknown.
   virtual int GetRecordSize() const { return 0; }
-  // The field definitions changed; descendants drop what they derived from them.
-  virtual void DefChanged(TObject* sender) {}
+  // FieldDefs changed (sender is the definitions); sets DefsChanged. A descendant that
+  // derived something from the definitions drops it here, calling this too.
+  virtual void DefChanged(TObject* sender) { defsChanged_ = true; }
+  // The definitions changed since the data set last read them (InitFieldDefs).
+  bool DefsChanged() const { return defsChanged_; }
   virtual bool FindRecord(bool restart, bool goForward);
   virtual bool GetCanModify() const { return true; }
   virtual void SetFilterText(const QString& text) { filterText_ = text; }
@@ -374,6 +381,7 @@ private:
   TRecordBuffer calcBuffer_ = nullptr;
   TRecordBuffer filterBuffer_ = nullptr;
   int bookmarkSize_ = 0;
+  bool defsChanged_ = false;
   // Calculated and lookup values of each buffer, one slot per such field.
   mutable std::unordered_map<TRecordBuffer, std::vector<Variant>> calcValues_;
   int calcFieldsCount_ = 0;

@@ -62,6 +62,7 @@ void TDataSet::InitFieldDefs() {
   fieldDefs_->SetUpdated(false);
   InternalInitFieldDefs();
   fieldDefs_->SetUpdated(true);
+  defsChanged_ = false;
 }
 
 void TDataSet::InitFieldDefsFromFields() {

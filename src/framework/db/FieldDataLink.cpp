@@ -46,6 +46,11 @@ void TFieldDataLink::ActiveChanged() {
   if (OnActiveChange) OnActiveChange(this);
 }
 
+void TFieldDataLink::FocusControl(TField*& field) {
+  if (!field || field != field_ || !OnFocusControl) return;
+  if (OnFocusControl(this)) field = nullptr;
+}
+
 void TFieldDataLink::EditingChanged() { SetFieldEditing(Editing() && CanModify()); }
 
 void TFieldDataLink::SetFieldEditing(bool editing) {

@@ -30,10 +30,16 @@ public:
   TNotifyEvent OnEditingChange;
   TNotifyEvent OnUpdateData;
   TNotifyEvent OnActiveChange;
+  // Puts the focus on Control; answers whether it took it. The link cannot reach a
+  // control's focus itself, so a control that wants the focus for its field sets this.
+  TEvent<bool(TFieldDataLink* link)> OnFocusControl;
 
 protected:
   void ActiveChanged() override;
   void EditingChanged() override;
+  // Takes the request when it is for this link's field and the control took the
+  // focus, then clears field so that no other control takes it too.
+  void FocusControl(TField*& field) override;
   void LayoutChanged() override { UpdateField(); }
   void RecordChanged(TField* field) override;
   void UpdateData() override;

@@ -127,4 +127,8 @@ void TFieldDefs::Update() {
   if (!updated_ && dataSet_) dataSet_->InitFieldDefs();
 }
 
+void TFieldDefs::Update(TCollectionItem* item) {
+  if (dataSet_) dataSet_->DefChanged(this);
+}
+
 }  // namespace quil

@@ -67,6 +67,10 @@ public:
   // Reads the definitions from the data set unless they are up to date.
   void Update();
 
+protected:
+  // Every change of a definition, or of the list, reaches the data set's DefChanged.
+  void Update(TCollectionItem* item) override;
+
 private:
   TDataSet* dataSet_;
   bool updated_ = false;

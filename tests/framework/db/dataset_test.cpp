@@ -466,6 +466,41 @@ TEST(DataSetBadInput, RequiredFieldBlocksThePost) {
   EXPECT_EQ(people.dataSet.RecordCount(), 3);
 }
 
+// Hears DefChanged and shows the flag it sets.
+class TDefWatchingDataSet : public TClientDataSet {
+public:
+  using TClientDataSet::TClientDataSet;
+  using TClientDataSet::DefsChanged;
+  int defChanges = 0;
+  TObject* sender = nullptr;
+
+protected:
+  void DefChanged(TObject* changed) override {
+    ++defChanges;
+    sender = changed;
+    TClientDataSet::DefChanged(changed);
+  }
+};
+
+TEST(DataSetFields, ChangedDefinitionsReachDefChanged) {
+  TDefWatchingDataSet dataSet(nullptr);
+  EXPECT_FALSE(dataSet.DefsChanged());
+  dataSet.FieldDefs()->Add("ID", ftInteger);
+  EXPECT_GT(dataSet.defChanges, 0);
+  EXPECT_EQ(dataSet.sender, dataSet.FieldDefs());
+  EXPECT_TRUE(dataSet.DefsChanged());
+  dataSet.FieldDefs()->Add("Name", ftString, 10);
+  dataSet.CreateDataSet();
+  EXPECT_FALSE(dataSet.DefsChanged());  // read again at opening
+  const int before = dataSet.defChanges;
+  dataSet.FieldDefs()->Items(1)->SetSize(30);
+  EXPECT_EQ(dataSet.defChanges, before + 1);
+  EXPECT_TRUE(dataSet.DefsChanged());
+  dataSet.FieldDefs()->Delete(0);
+  EXPECT_EQ(dataSet.defChanges, before + 2);
+  EXPECT_GT(dataSet.RecordSize(), 0);
+}
+
 TEST(DataSetFields, DefaultFieldsComeAndGoWithOpening) {
   TPeople people(2);
   EXPECT_EQ(people.dataSet.Fields()->LifeCycles(), TFieldLifeCycles{lcAutomatic});

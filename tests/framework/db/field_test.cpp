@@ -215,6 +215,34 @@ TEST_F(FieldDataLink, ReadOnlyFieldOrLinkCannotEdit) {
   EXPECT_FALSE(link.Edit());
 }
 
+TEST_F(FieldDataLink, AMissingRequiredFieldFocusesTheFirstControlThatTakesIt) {
+  QStringList focused;
+  const auto control = [&focused](const char* name, bool takes) {
+    return TEvent<bool(TFieldDataLink*)>([&focused, name, takes](TFieldDataLink*) {
+      focused << name;
+      return takes;
+    });
+  };
+  TFieldDataLink cityLink, taking, second;
+  for (TFieldDataLink* other : {&cityLink, &taking, &second}) other->SetDataSource(&people.source);
+  cityLink.SetFieldName("City");
+  taking.SetFieldName("Name");
+  second.SetFieldName("Name");
+  cityLink.OnFocusControl = control("city", true);
+  link.OnFocusControl = control("refusing", false);
+  taking.OnFocusControl = control("taking", true);
+  second.OnFocusControl = control("second", true);
+  people.dataSet.FieldByName("Name")->SetRequired(true);
+  people.dataSet.Edit();
+  people.dataSet.FieldByName("Name")->Clear();
+  EXPECT_THROW(people.dataSet.Post(), EDatabaseError);
+  // Links hear the request in the order they joined the source; the one that took the
+  // focus cleared the field, so the link after it was not asked.
+  EXPECT_EQ(focused, (QStringList{"refusing", "taking"}));
+  EXPECT_EQ(people.dataSet.State(), dsEdit);
+  people.dataSet.Cancel();
+}
+
 TEST_F(FieldDataLink, AMissingFieldNameRaises) {
   EXPECT_THROW(link.SetFieldName("Nope"), EDatabaseError);
 }
