@@ -75,6 +75,7 @@ void TCustomGrid::CreateWnd() {
 
 void TCustomGrid::ChangeSize(int newColCount, int newRowCount) {
   int oldColCount = colCount_, oldRowCount = rowCount_;
+  TGridCoord oldTopLeft = topLeft_;
   colCount_ = newColCount;
   rowCount_ = newRowCount;
   colWidths_.Truncate(newColCount);
@@ -87,10 +88,21 @@ void TCustomGrid::ChangeSize(int newColCount, int newRowCount) {
   clampCoord(current_);
   clampCoord(anchor_);
   clampCoord(topLeft_);
+  TGridCoord clamped = topLeft_;
   SizeChanged(oldColCount, oldRowCount);
   InvalidateGrid();
   if (oldColCount != newColCount) ColWidthsChanged();
   if (oldRowCount != newRowCount) RowHeightsChanged();
+  TopLeftReset(oldTopLeft, clamped);
+}
+
+// After the new counts moved the top-left cell to reset and the whole grid was
+// invalidated: unless the new scroll range has moved it on (and said so), the scroll
+// bars and TopLeftChanged follow here.
+void TCustomGrid::TopLeftReset(const TGridCoord& oldTopLeft, const TGridCoord& reset) {
+  if (reset == oldTopLeft || topLeft_ != reset) return;
+  UpdateScrollPos();
+  TopLeftChanged();
 }
 
 void TCustomGrid::Initialize() {
@@ -118,18 +130,24 @@ void TCustomGrid::SetFixedCols(int count) {
   if (count < 0 || count >= colCount_) throw EInvalidGridOperation(QStringLiteral("Fixed column count must be less than column count"));
   if (count == fixedCols_) return;
   fixedCols_ = count;
+  TGridCoord oldTopLeft = topLeft_;
   Initialize();
+  TGridCoord reset = topLeft_;
   InvalidateGrid();
   ColWidthsChanged();
+  TopLeftReset(oldTopLeft, reset);
 }
 
 void TCustomGrid::SetFixedRows(int count) {
   if (count < 0 || count >= rowCount_) throw EInvalidGridOperation(QStringLiteral("Fixed row count must be less than row count"));
   if (count == fixedRows_) return;
   fixedRows_ = count;
+  TGridCoord oldTopLeft = topLeft_;
   Initialize();
+  TGridCoord reset = topLeft_;
   InvalidateGrid();
   RowHeightsChanged();
+  TopLeftReset(oldTopLeft, reset);
 }
 
 void TCustomGrid::SetCol(int col) {

@@ -56,7 +56,12 @@ void TCustomGrid::UpdateEdit() {
   canEditModify_ = GetEditLimit() != -1;
   inplaceEdit_->UpdateContents();
   inplaceEdit_->SelectAll();
-  inplaceEdit_->Move(CellRect(current_.X, current_.Y));
+  // The new contents may change the answer, as for a cell whose editor reads its value.
+  if (CanEditShow()) inplaceEdit_->Move(CellRect(current_.X, current_.Y));
+}
+
+bool TCustomGrid::EditorShowing() const {
+  return inplaceEdit_ && inplaceEdit_->Visible() && inplaceCol_ == current_.X && inplaceRow_ == current_.Y;
 }
 
 void TCustomGrid::HideEdit() {

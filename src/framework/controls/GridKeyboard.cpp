@@ -102,13 +102,17 @@ void TCustomGrid::KeyPress(QChar& key) {
   key = QChar();
 }
 
-// A character that may start editing opens the editor and goes on to it.
+// A character that may start editing opens the editor and goes on to it; when the cell
+// refuses an editor, it is an ordinary key press of the grid.
 void TCustomGrid::WMChar(TMessage& message) {
   QChar ch(char16_t(message.WParam));
   if (options_.Contains(goEditing) && (ch.unicode() == 0x08 || ch.unicode() >= 0x20)) {
     ShowEditor();
-    if (inplaceEdit_ && inplaceEdit_->HandleAllocated()) inplaceEdit_->Perform(WM_CHAR, message.WParam, message.LParam);
-    return;
+    if (EditorShowing()) {
+      inplaceEdit_->Perform(WM_CHAR, message.WParam, message.LParam);
+      return;
+    }
+    HideEditor();
   }
   TCustomControl::WMChar(message);
 }
@@ -149,6 +153,19 @@ void TCustomGrid::MoveCurrent(int col, int row, bool moveAnchor, bool show) {
   SelectionMoved(oldSel);
   InvalidateCell(oldCurrent.X, oldCurrent.Y);
   InvalidateCell(current_.X, current_.Y);
+}
+
+// Drag- and shift-selection: the current cell stays, the far corner of the selection moves.
+void TCustomGrid::MoveAnchor(const TGridCoord& cell) {
+  if (!options_.Contains(goRangeSelect)) {
+    MoveCurrent(cell.X, cell.Y, true, true);
+    return;
+  }
+  TGridRect oldSel = Selection();
+  anchor_ = cell;
+  if (options_.Contains(goRowSelect)) anchor_.X = colCount_ - 1;
+  ClampInView(cell);
+  SelectionMoved(oldSel);
 }
 
 void TCustomGrid::SelectionMoved(const TGridRect& oldSel) {

@@ -60,8 +60,12 @@ void TCustomGrid::MouseDown(TMouseButton button, TShiftState shift, int x, int y
         if (options_.Contains(goEditing) && cell == current_ && !shift.Contains(ssShift)) {
           ShowEditor();
         } else {
-          MoveCurrent(cell.X, cell.Y, !shift.Contains(ssShift), true);
-          UpdateEdit();
+          if (shift.Contains(ssShift)) {
+            MoveAnchor(cell);
+          } else {
+            MoveCurrent(cell.X, cell.Y, true, true);
+            UpdateEdit();
+          }
           gridState_ = gsSelecting;
           scrollTimer_->SetEnabled(true);
         }
@@ -105,8 +109,7 @@ void TCustomGrid::MouseMove(TShiftState shift, int x, int y) {
   switch (gridState_) {
     case gsSelecting: {
       TGridCoord cell = MouseCoord(x, y);
-      if (cell.X >= fixedCols_ && cell.Y >= fixedRows_ && cell != current_)
-        MoveCurrent(cell.X, cell.Y, false, false);
+      if (cell.X >= fixedCols_ && cell.Y >= fixedRows_ && cell != anchor_) MoveAnchor(cell);
       break;
     }
     case gsColSizing:

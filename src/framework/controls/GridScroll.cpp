@@ -147,7 +147,7 @@ void TCustomGrid::TimedScroll(TGridScrollDirection direction) {
   TGridDrawInfo info;
   CalcDrawInfo(info);
   TGridCoord maxTopLeft = CalcMaxTopLeft({colCount_ - 1, rowCount_ - 1}, info);
-  TGridCoord newTopLeft = topLeft_, cell = current_;
+  TGridCoord newTopLeft = topLeft_, cell = anchor_;
   if (direction.Contains(sdLeft) && newTopLeft.X > fixedCols_) cell.X = --newTopLeft.X;
   if (direction.Contains(sdRight) && newTopLeft.X < maxTopLeft.X) {
     ++newTopLeft.X;
@@ -160,7 +160,7 @@ void TCustomGrid::TimedScroll(TGridScrollDirection direction) {
   }
   if (newTopLeft == topLeft_) return;
   MoveTopLeft(newTopLeft.X, newTopLeft.Y);
-  if (gridState_ == gsSelecting) MoveCurrent(cell.X, cell.Y, false, false);
+  if (gridState_ == gsSelecting) MoveAnchor(cell);
 }
 
 void TCustomGrid::ScrollTimerTick(TObject*) {

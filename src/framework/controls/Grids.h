@@ -302,6 +302,7 @@ protected:
   void MoveCurrent(int col, int row, bool moveAnchor, bool show);
   void MoveTopLeft(int left, int top);
   void ClampInView(const TGridCoord& coord);
+  void MoveAnchor(const TGridCoord& cell);
   void UpdateScrollRange();
   void UpdateScrollPos();
   void UpdateEdit();
@@ -336,6 +337,9 @@ private:
   int MirrorX(int x) const;
   // Whether the window a focus message names is this grid's in-place editor.
   bool IsInplaceEditor(WPARAM window) const;
+  void TopLeftReset(const TGridCoord& oldTopLeft, const TGridCoord& reset);
+  // Whether the editor is shown on the current cell.
+  bool EditorShowing() const;
 
   int colCount_ = 5;
   int rowCount_ = 5;

@@ -48,17 +48,31 @@ public:
   QString editText = QStringLiteral("before");
   QString editMask;
   int editLimit = 0;
-  bool modifiable = true;  // false: CanEditModify refuses whatever the base says
+  bool modifiable = true;
+  bool editShow = true;  // false: CanEditShow refuses whatever the base says
+  QString pressed;       // the characters that reached KeyPress
+  std::vector<std::pair<int, int>> selected;  // SelectCell(col, row)
+  int clicks = 0;  // false: CanEditModify refuses whatever the base says
   TColor ink = clNone;  // when set, DrawCell writes "c,r" in this color
 
   using TCustomGrid::Canvas;
   bool CanEditModify() override { return modifiable && TCustomGrid::CanEditModify(); }
+  bool CanEditShow() override { return editShow && TCustomGrid::CanEditShow(); }
   EditProbe* Editor() const { return static_cast<EditProbe*>(InplaceEditor()); }
 
 protected:
   void KeyDown(uint16_t& key, TShiftState shift) override {
     keysDown.push_back({key, shift});
     TCustomGrid::KeyDown(key, shift);
+  }
+  bool SelectCell(int col, int row) override {
+    selected.emplace_back(col, row);
+    return TCustomGrid::SelectCell(col, row);
+  }
+  void Click() override { ++clicks; TCustomGrid::Click(); }
+  void KeyPress(QChar& key) override {
+    pressed += key;
+    TCustomGrid::KeyPress(key);
   }
   void DrawCell(int col, int row, const TRect& rect, TGridDrawState state) override {
     drawn.insert({col, row});

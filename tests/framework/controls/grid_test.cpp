@@ -90,10 +90,43 @@ TEST_F(GridTest, ClickOnACellMakesItCurrent) {
   EXPECT_EQ(grid->Row(), 4);
 }
 
-TEST_F(GridTest, DraggingOverCellsSelectsARange) {
-  Drag(grid, CellCenter(2, 2), CellCenter(4, 5));
+TEST_F(GridTest, DraggingOverCellsSelectsARangeAndKeepsTheCurrentCell) {
+  grid->selected.clear();
+  Drag(grid, CellCenter(4, 5), CellCenter(2, 2));
   EXPECT_EQ(grid->Selection(), (TGridRect{2, 2, 4, 5}));
   EXPECT_EQ(grid->GridState(), gsNormal);
+  EXPECT_EQ(grid->Col(), 4);
+  EXPECT_EQ(grid->Row(), 5);
+  EXPECT_EQ(grid->selected, (std::vector<std::pair<int, int>>{{4, 5}}));
+  EXPECT_EQ(grid->clicks, 1);
+}
+
+TEST_F(GridTest, ShiftClickStretchesTheSelectionFromTheCurrentCell) {
+  grid->MoveColRow(2, 3, true, true);
+  grid->selected.clear();
+  int clicks = grid->clicks;
+  QTest::mouseClick(grid->Handle(), Qt::LeftButton, Qt::ShiftModifier,
+                    quil::test::WidgetPoint(grid, CellCenter(4, 6)));
+  Application->ProcessMessages();
+  EXPECT_EQ(grid->Selection(), (TGridRect{2, 3, 4, 6}));
+  EXPECT_EQ(grid->Col(), 2);
+  EXPECT_EQ(grid->Row(), 3);
+  EXPECT_TRUE(grid->selected.empty());
+  EXPECT_EQ(grid->clicks, clicks + 1);
+}
+
+TEST_F(GridTest, DraggingBelowTheGridScrollsTheFarCornerOfTheSelection) {
+  quil::test::SendMouse(grid, QEvent::MouseButtonPress, CellCenter(2, 2), Qt::LeftButton);
+  quil::test::SendMouse(grid, QEvent::MouseMove, Point(CellCenter(2, 2).X, grid->ClientHeight() + 20),
+                        Qt::LeftButton, Qt::NoButton);
+  // The scroll timer moves the view while the button is held below the grid.
+  EXPECT_TRUE(QTest::qWaitFor([this] { return grid->TopRow() > 2; }));
+  quil::test::SendMouse(grid, QEvent::MouseButtonRelease, Point(CellCenter(2, 2).X, grid->ClientHeight() + 20),
+                        Qt::NoButton);
+  EXPECT_GT(grid->TopRow(), 1);
+  EXPECT_EQ(grid->Row(), 2);
+  EXPECT_GT(grid->Selection().Bottom, grid->TopRow());
+  EXPECT_EQ(grid->Selection().Top, 2);
 }
 
 TEST_F(GridTest, DraggingAColumnBorderInTheTitleSizesTheColumn) {
@@ -235,9 +268,16 @@ TEST_F(GridTest, WheelAndScrollBarMoveTheTopRow) {
   QPoint local = quil::test::WidgetPoint(grid, CellCenter(2, 2));
   QWheelEvent down(local, widget->mapToGlobal(local), QPoint(), QPoint(0, -120), Qt::NoButton,
                    Qt::NoModifier, Qt::NoScrollPhase, false);
+  // Each notch moves the current row; the top row follows once it would leave the view.
   QApplication::sendEvent(widget, &down);
   Application->ProcessMessages();
   EXPECT_EQ(grid->Row(), 2);
+  EXPECT_EQ(grid->TopRow(), 1);
+  int lastWhole = grid->TopRow() + grid->VisibleRowCount() - 1;
+  for (int notch = grid->Row(); notch <= lastWhole; ++notch) QApplication::sendEvent(widget, &down);
+  Application->ProcessMessages();
+  EXPECT_EQ(grid->Row(), lastWhole + 1);
+  EXPECT_EQ(grid->TopRow(), 2);
   // The user drags the vertical bar's thumb: the grid follows with goThumbTracking.
   grid->SetOptions(grid->Options() + goThumbTracking);
   QScrollBar* bar = nullptr;
@@ -293,6 +333,26 @@ TEST_F(GridTest, CountsAndSizesCallBackAndRefuseBadIndexes) {
   grid->MoveColRow(3, 9, true, true);
   grid->SetRowCount(5);
   EXPECT_EQ(grid->Row(), 4);
+}
+
+TEST_F(GridTest, ShrinkingCountsBelowTheTopLeftMovesItWithCallbackAndScrollBar) {
+  QScrollBar* bar = nullptr;
+  for (QScrollBar* candidate : grid->Handle()->findChildren<QScrollBar*>())
+    if (candidate->orientation() == Qt::Vertical) bar = candidate;
+  ASSERT_NE(bar, nullptr);
+  grid->SetTopRow(150);
+  int changes = grid->topLeftChanges;
+  grid->SetRowCount(100);
+  EXPECT_EQ(grid->TopRow() + grid->VisibleRowCount(), 100);
+  EXPECT_EQ(grid->topLeftChanges, changes + 1);
+  EXPECT_EQ(bar->value(), grid->TopRow() - 1);
+  grid->SetLeftCol(10);
+  changes = grid->topLeftChanges;
+  grid->SetFixedCols(2);
+  EXPECT_EQ(grid->LeftCol(), 2);
+  EXPECT_EQ(grid->TopRow(), 1);
+  EXPECT_EQ(grid->topLeftChanges, changes + 1);
+  EXPECT_EQ(bar->value(), 0);
 }
 
 TEST_F(GridTest, PaintedColorsAndTextAppearInTheGrabbedImage) {

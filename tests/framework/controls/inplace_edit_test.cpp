@@ -138,3 +138,18 @@ TEST_F(InplaceEditTest, FocusMessagesNameTheOtherWindow) {
   EXPECT_EQ(grid->focusMessages.at(0), std::make_pair(WM_SETFOCUS, WPARAM(static_cast<TWinControl*>(other))));
   EXPECT_TRUE(grid->Editor()->Focused());
 }
+
+TEST_F(InplaceEditTest, CharacterOnACellThatRefusesAnEditorIsAKeyPressOfTheGrid) {
+  grid->SetOptions(grid->Options() + goEditing);
+  grid->editShow = false;
+  Key(Qt::Key_X);
+  EXPECT_EQ(grid->pressed, QStringLiteral("x"));
+  EXPECT_FALSE(grid->EditorMode());
+  EXPECT_TRUE(grid->InplaceEditor() == nullptr || !grid->InplaceEditor()->Visible());
+  EXPECT_TRUE(grid->Focused());
+  // Once the cell takes an editor, the character opens it.
+  grid->editShow = true;
+  Key(Qt::Key_Y);
+  ASSERT_TRUE(grid->EditorMode());
+  EXPECT_EQ(grid->Editor()->Text(), QStringLiteral("y"));
+}
