@@ -333,8 +333,9 @@ void TQuilCustomDBGrid::SetEnabled(bool value) {
 }
 
 void TQuilCustomDBGrid::CMBiDiModeChanged(TMessage& message) {
+  // The base turns the existing window's layout direction, which is what recreating
+  // the window would achieve; recreating it would also drop the scroll bars' state.
   TCustomGrid::CMBiDiModeChanged(message);
-  RecreateWnd();
   InvalidateEditor();
   LayoutChanged();
 }

@@ -115,6 +115,7 @@ TEST_F(GridFrameShown, ShapeSettersLayOutAndDrawingOptionsDoNot) {
   const std::vector<Case> cases{
       {"BorderStyle", [&] { grid->SetBorderStyle(bsNone); }, true},
       {"Enabled", [&] { grid->SetEnabled(false); }, true},
+      {"BiDiMode", [&] { grid->SetBiDiMode(bdRightToLeft); }, true},
       {"Ctl3D", [&] { grid->SetCtl3D(!grid->Ctl3D()); }, true},
       {"Options dgTitles", [&] { grid->SwitchOptions({dgTitles}, false); }, true},
       {"OptionsEx dgTotalFooter", [&] { grid->SwitchOptionsEx({dgTotalFooter}, true); }, true},
