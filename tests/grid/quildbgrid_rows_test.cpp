@@ -104,7 +104,14 @@ TEST_F(RowComposition, WithoutTitlesTheDataStartsAtRowZero) {
   EXPECT_EQ(grid->FixedRows(), 0);
   EXPECT_EQ(grid->Row(), 0);
   EXPECT_EQ(grid->RowCount(), grid->DataLink()->RecordCount());
-  EXPECT_EQ(grid->DataLink()->BufferCount(), (grid->ClientHeight() + Line()) / (grid->DefaultRowHeight() + Line()));
+  // A window exactly seven rows high, then two pixels short of it.
+  const int pitch = grid->DefaultRowHeight() + Line();
+  const int frame = grid->Height() - grid->ClientHeight();
+  grid->SetHeight(frame + 7 * pitch);
+  EXPECT_EQ(grid->DataLink()->BufferCount(), 7);
+  EXPECT_EQ(grid->RowCount(), 7);
+  grid->SetHeight(frame + 7 * pitch - 2);
+  EXPECT_EQ(grid->DataLink()->BufferCount(), 6);
 }
 
 TEST_F(RowComposition, LinesCountMakesTallerRowsAndFewerRecords) {

@@ -1,5 +1,7 @@
 // The data link's events while the data set scrolls, edits and changes, and what the
 // grid repaints for each.
+#include <stdexcept>
+
 #include "GridTestKit.h"
 
 using namespace quil;
@@ -138,10 +140,19 @@ TEST_F(GridDataLink, ClosingLeavesOneEmptyRowAndReopeningRefillsTheWindow) {
 
 TEST_F(GridDataLink, CancelRunsUnderThePositionLockAndRestoresIt) {
   Open(10);
+  int lockDuringCancel = -1;
+  dataSet->BeforeCancel = [&](TDataSet*) { lockDuringCancel = grid->PositionLock(); };
   dataSet->Insert();
   grid->DataLink()->Cancel();
+  EXPECT_EQ(lockDuringCancel, 1);
   EXPECT_EQ(dataSet->State(), dsBrowse);
   EXPECT_EQ(grid->PositionLock(), 0);
+  dataSet->BeforeCancel = [&](TDataSet*) { throw std::runtime_error("refused"); };
+  dataSet->Insert();
+  EXPECT_THROW(grid->DataLink()->Cancel(), std::runtime_error);
+  EXPECT_EQ(grid->PositionLock(), 0) << "also on failure";
+  dataSet->BeforeCancel = nullptr;
+  dataSet->Cancel();
   dataSet->Insert();
   dataSet->FieldByName("ID")->SetAsInteger(11);
   dataSet->FieldByName("ID")->SetRequired(true);
@@ -169,8 +180,6 @@ TEST_F(GridDataLink, PerformDelayedPostsThePendingEditFirst) {
   grid->PerformDelayed();
   EXPECT_EQ(dataSet->State(), dsBrowse);
   EXPECT_EQ(grid->GetFieldValue(1), QStringLiteral("Posted"));
-  for (TQuilDelayTimer timer : {dtEndSelect, dtListItems, dtSequence, dtTotals})
-    EXPECT_EQ(grid->DelayTimer(timer), nullptr);
 }
 
 TEST_F(GridDataLink, ALayoutChangeOfTheDataSetIsMarkedWhileItRuns) {
