@@ -37,6 +37,8 @@ const TMetaClass& TSQLConnection::ClassType() const { return StaticClass(); }
 TSQLConnection::TSQLConnection(TComponent* owner) : TComponent(owner), connectionName_(NextConnectionName()) {}
 
 TSQLConnection::~TSQLConnection() {
+  reads_.clear();
+  schemaVersion_.reset();
   if (QSqlDatabase::contains(connectionName_)) {
     QSqlDatabase::database(connectionName_, false).close();
     QSqlDatabase::removeDatabase(connectionName_);
@@ -62,6 +64,8 @@ bool TSQLConnection::Connected() const {
 void TSQLConnection::SetConnected(bool value) {
   if (value == Connected()) return;
   if (!value) {
+    reads_.clear();
+    schemaVersion_.reset();
     QSqlDatabase::database(connectionName_, false).close();
     inTransaction_ = false;
     return;
@@ -77,6 +81,7 @@ void TSQLConnection::SetConnected(bool value) {
   db.setPassword(password_);
   if (!db.open())
     DatabaseError(QStringLiteral("Cannot connect to '%1': %2").arg(databaseName_, db.lastError().text()), this);
+  SchemaMayHaveChanged();
 }
 
 QSqlDatabase TSQLConnection::Database() {
@@ -115,8 +120,47 @@ void TSQLConnection::Rollback() {
   if (!db.rollback()) DatabaseError(QStringLiteral("Cannot roll back: %1").arg(db.lastError().text()), this);
 }
 
+// SQLite re-prepares a statement whose schema changed, but the Qt driver sizes its row
+// by the column count from before, and overruns it when columns were added: no
+// statement prepared before a change may run after it. The schema's version is one
+// read of the database header.
+void TSQLConnection::DropReadsAfterSchemaChange() {
+  if (!schemaVersion_) schemaVersion_ = std::make_unique<QSqlQuery>(Database());
+  QSqlQuery& version = *schemaVersion_;
+  if (!version.exec(QStringLiteral("PRAGMA schema_version")) || !version.next())
+    DatabaseError(QStringLiteral("%1\nin: PRAGMA schema_version").arg(version.lastError().text()), this);
+  const qlonglong current = version.value(0).toLongLong();
+  version.finish();
+  if (current != readsSchema_) reads_.clear();
+  readsSchema_ = current;
+}
+
+// A statement prepared before a change of the schema may refuse to run (PostgreSQL:
+// "cached plan must not change result type"); it is prepared once more before raising.
+QSqlQuery& TSQLConnection::RunRead(const QString& sql, const std::vector<QVariant>& values) {
+  // A bound on texts that carry their own numbers, such as the offsets of far jumps.
+  if (reads_.size() >= 64) reads_.clear();
+  if (Dialect() == TSQLDialect::SQLite) DropReadsAfterSchemaChange();
+  for (bool retry : {true, false}) {
+    auto [entry, added] = reads_.try_emplace(sql, Database());
+    QSqlQuery& query = entry->second;
+    if (added) query.setForwardOnly(true);
+    bool ok = !added || query.prepare(sql);
+    if (ok) {
+      for (size_t index = 0; index < values.size(); ++index) query.bindValue(int(index), values[index]);
+      ok = query.exec();
+    }
+    if (ok) return query;
+    const QString message = query.lastError().text();
+    reads_.erase(entry);
+    if (!retry || added) DatabaseError(QStringLiteral("%1\nin: %2").arg(message, sql), this);
+  }
+  Q_UNREACHABLE();
+}
+
 int TSQLConnection::ExecuteDirect(const QString& sql) {
   QSqlQuery query(Database());
+  SchemaMayHaveChanged();
   if (!query.exec(sql)) DatabaseError(QStringLiteral("%1\nin: %2").arg(query.lastError().text(), sql), this);
   return query.numRowsAffected();
 }

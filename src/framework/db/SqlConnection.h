@@ -6,7 +6,10 @@
 // Every failure raises EDatabaseError with the database's own message.
 
 #include <QSqlDatabase>
+#include <QSqlQuery>
 #include <QString>
+#include <memory>
+#include <unordered_map>
 
 #include "framework/rtl/Component.h"
 
@@ -48,13 +51,22 @@ public:
 
   // Runs a statement that returns no rows; answers the rows affected.
   int ExecuteDirect(const QString& sql);
+  // Changes whenever the connection opens or runs a statement that may change the
+  // schema, so that what a data set read from the catalog is known to still hold.
+  int SchemaSerial() const { return schemaSerial_; }
+  void SchemaMayHaveChanged() { ++schemaSerial_; }
 
   TSQLDialect Dialect() const;
   // The open connection; raises when it cannot be opened.
   QSqlDatabase Database();
+  // A reading statement prepared once per connection and run again with new values,
+  // so that reopening a data set or paging through it parses nothing twice. The caller
+  // finishes it when done, so that it holds no read lock; raises as ExecuteDirect does.
+  QSqlQuery& RunRead(const QString& sql, const std::vector<QVariant>& values);
 
 private:
   void SetSetting(QString& setting, const QString& value);
+  void DropReadsAfterSchemaChange();
 
   QString driverName_ = QStringLiteral("QSQLITE");
   QString databaseName_;
@@ -63,7 +75,11 @@ private:
   QString userName_;
   QString password_;
   QString connectionName_;  // unique per component, for QSqlDatabase's registry
+  std::unordered_map<QString, QSqlQuery> reads_;  // dropped with the connection
+  std::unique_ptr<QSqlQuery> schemaVersion_;
+  qlonglong readsSchema_ = -1;  // SQLite's schema version when reads_ was filled
   bool inTransaction_ = false;
+  int schemaSerial_ = 0;
 };
 
 // A write that commits when the scope ends normally and rolls back when it unwinds.

@@ -38,6 +38,7 @@ void TCustomSQLDataSet::SetConnection(TSQLConnection* connection) {
   CheckInactive();
   if (connection_) connection_->RemoveFreeNotification(this);
   connection_ = connection;
+  catalogKey_.clear();
   if (connection_) connection_->FreeNotification(this);
 }
 
@@ -46,6 +47,7 @@ void TCustomSQLDataSet::Notification(TComponent* component, TOperation operation
   if (operation == opRemove && component == connection_) {
     Close();
     connection_ = nullptr;
+    catalogKey_.clear();
   }
 }
 
@@ -88,7 +90,7 @@ void TCustomSQLDataSet::InternalOpen() {
   table_ = source.table;
   statement_ = QStringLiteral("SELECT * FROM (%1) q").arg(source.select.body);
   statementValues_ = source.values;
-  ResolveKeys(source, ReadColumns(source));
+  ResolveColumns(source);
   filter_ = CurrentFilterClause(Filter(), FilterOptions(), Filtered());
   FieldDefs()->SetUpdated(false);
   FieldDefs()->Update();
@@ -115,30 +117,66 @@ void TCustomSQLDataSet::InternalClose() {
   cursorOpen_ = false;
 }
 
+void TCustomSQLDataSet::ResolveColumns(const TSQLSource& source) {
+  const QString key = QStringList{statement_, source.table, keyFields_, QString::number(CheckConnection().SchemaSerial())}
+                          .join(QLatin1Char('\x1f'));
+  checkColumns_ = key == catalogKey_;
+  if (checkColumns_) {
+    columns_ = catalogColumns_;
+    ResolveKeys(source, catalogKeyNames_);
+    return;
+  }
+  catalogKey_.clear();
+  ResolveKeys(source, ReadColumns(source));
+  catalogColumns_ = columns_;
+  catalogKeyNames_.clear();
+  for (int column : keyColumns_) catalogKeyNames_.append(columns_[size_t(column)].name);
+  catalogKey_ = key;
+}
+
+void TCustomSQLDataSet::CheckColumnsUnchanged(const QSqlQuery& query) const {
+  checkColumns_ = false;
+  const QSqlRecord record = query.record();
+  bool same = record.count() == int(columns_.size());
+  for (int index = 0; same && index < record.count(); ++index) same = record.fieldName(index) == columns_[size_t(index)].name;
+  if (same) return;
+  const_cast<QString&>(catalogKey_).clear();
+  DatabaseError(QStringLiteral("The columns of the statement changed since it was opened: close and open it again"), this);
+}
+
 // The columns as the statement gives them; on SQLite, the declared types of the table
 // they come from, since its driver reports most columns as text. Answers the table's
 // primary key where the same look-up gives it.
 QStringList TCustomSQLDataSet::ReadColumns(const TSQLSource& source) {
-  QSqlQuery probe = Run(statement_ + QStringLiteral(" LIMIT 0"), statementValues_);
-  const QSqlRecord record = probe.record();
-  std::unordered_map<QString, QString> declared;
+  std::vector<TSQLColumn> declared;  // in the table's order
   std::map<int, QString> primaryKey;  // by position in the key
   if (Dialect() == TSQLDialect::SQLite && !source.table.isEmpty()) {
-    QSqlQuery info = Run(QStringLiteral("PRAGMA table_info(%1)").arg(QuoteIdentifier(source.table)), {});
+    QSqlQuery& info =
+        CheckConnection().RunRead(QStringLiteral("PRAGMA table_info(%1)").arg(QuoteIdentifier(source.table)), {});
     while (info.next()) {
-      declared[info.value(1).toString().toLower()] = info.value(2).toString();
+      declared.push_back(ColumnForDeclaredType(info.value(1).toString(), info.value(2).toString()));
       if (info.value(5).toInt() > 0) primaryKey[info.value(5).toInt()] = info.value(1).toString();
     }
-  }
-  columns_.clear();
-  for (int index = 0; index < record.count(); ++index) {
-    const QSqlField field = record.field(index);
-    const auto found = declared.find(field.name().toLower());
-    columns_.push_back(found != declared.end() ? ColumnForDeclaredType(field.name(), found->second)
-                                               : ColumnForSqlField(field));
+    info.finish();
   }
   QStringList keyNames;
   for (const auto& [position, name] : primaryKey) keyNames.append(name);
+  // A whole table gives its columns as the catalog lists them: no probe needed.
+  if (source.wholeTable && !declared.empty()) {
+    columns_ = std::move(declared);
+    return keyNames;
+  }
+  QSqlQuery& probe = CheckConnection().RunRead(statement_ + QStringLiteral(" LIMIT 0"), statementValues_);
+  const QSqlRecord record = probe.record();
+  probe.finish();
+  columns_.clear();
+  for (int index = 0; index < record.count(); ++index) {
+    const QSqlField field = record.field(index);
+    const auto found = std::find_if(declared.begin(), declared.end(), [&](const TSQLColumn& column) {
+      return column.name.compare(field.name(), Qt::CaseInsensitive) == 0;
+    });
+    columns_.push_back(found != declared.end() ? TSQLColumn{field.name(), found->type, found->size} : ColumnForSqlField(field));
+  }
   return keyNames;
 }
 
@@ -188,15 +226,22 @@ QSqlQuery TCustomSQLDataSet::Run(const QString& sql, const std::vector<QVariant>
 
 std::vector<TCustomSQLDataSet::TRowPtr> TCustomSQLDataSet::FetchRows(const QString& sql,
                                                                      const std::vector<QVariant>& values) const {
-  QSqlQuery query = Run(sql, values);
+  QSqlQuery& query = CheckConnection().RunRead(sql, values);
+  if (checkColumns_) CheckColumnsUnchanged(query);
   std::vector<TRowPtr> rows;
-  while (query.next()) {
-    auto row = std::make_shared<TRow>();
-    row->reserve(columns_.size());
-    for (size_t column = 0; column < columns_.size(); ++column)
-      row->push_back(FromSqlValue(query.value(int(column)), columns_[column].type));
-    rows.push_back(std::move(row));
+  try {
+    while (query.next()) {
+      auto row = std::make_shared<TRow>();
+      row->reserve(columns_.size());
+      for (size_t column = 0; column < columns_.size(); ++column)
+        row->push_back(FromSqlValue(query.value(int(column)), columns_[column].type));
+      rows.push_back(std::move(row));
+    }
+  } catch (...) {
+    query.finish();
+    throw;
   }
+  query.finish();
   return rows;
 }
 
@@ -226,9 +271,11 @@ TSQLClause TCustomSQLDataSet::CountStatement(const std::vector<TSQLClause>& cond
 }
 
 int64_t TCustomSQLDataSet::CountHere(const TSQLClause& statement) const {
-  QSqlQuery query = Run(statement.sql, statement.values);
+  QSqlQuery& query = CheckConnection().RunRead(statement.sql, statement.values);
   query.next();
-  return query.value(0).toLongLong();
+  const int64_t count = query.value(0).toLongLong();
+  query.finish();
+  return count;
 }
 
 // The wait runs the event loop, which may close the data set or change its data; a

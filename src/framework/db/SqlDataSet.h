@@ -112,6 +112,7 @@ protected:
     TSQLSelectParts select;
     std::vector<QVariant> values;
     QString table;
+    bool wholeTable = false;  // the body is "SELECT * FROM table"
   };
   virtual TSQLSource Source() const = 0;
   // Closes and opens again, for a change of statement or order.
@@ -163,6 +164,9 @@ private:
 
   // Opening
   QStringList ReadColumns(const TSQLSource& source);
+  // The columns and key: read from the catalog, or as the last opening read them.
+  void ResolveColumns(const TSQLSource& source);
+  void CheckColumnsUnchanged(const QSqlQuery& query) const;
   // The key is KeyFields, else the table's primary key (keyNames when already known).
   void ResolveKeys(const TSQLSource& source, QStringList keyNames);
   void BuildStatement(const TSQLClause& filter);
@@ -222,6 +226,14 @@ private:
   bool cursorOpen_ = false;
   TRecordBuffer filterRecord_ = nullptr;
   std::unique_ptr<TSQLCounter> counter_;
+
+  // What the catalog said at the last opening, kept across closing, so that reopening
+  // (for a new order, filter or parameter) reads no catalog. Another connection may
+  // change the schema unseen: the first fetch compares the columns it gets.
+  QString catalogKey_;
+  std::vector<TSQLColumn> catalogColumns_;
+  QStringList catalogKeyNames_;
+  mutable bool checkColumns_ = false;
   TDataSetNotifyEvent onRecordCount_;
 
   // The cache: consecutive rows in order; cursor_ indexes it, -1 before its first row

@@ -46,6 +46,7 @@ int TSQLQuery::ExecSQL() {
   if (!Connection()) DatabaseError(QStringLiteral("Missing Connection"), this);
   const TSQLParamText parsed = ParsedSQL();
   QSqlQuery query(Connection()->Database());
+  Connection()->SchemaMayHaveChanged();
   if (!query.prepare(parsed.sql))
     DatabaseError(QStringLiteral("%1\nin: %2").arg(query.lastError().text(), parsed.sql), this);
   const std::vector<QVariant> values = params_->Values(parsed.names, Connection()->Dialect());

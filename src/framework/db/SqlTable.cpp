@@ -36,6 +36,7 @@ TCustomSQLDataSet::TSQLSource TSQLTable::Source() const {
   source.select.body = QStringLiteral("SELECT * FROM %1").arg(QuoteIdentifier(tableName_));
   source.select.order = ParseOrderItems(indexFieldNames_);
   source.table = tableName_;
+  source.wholeTable = true;
   return source;
 }
 

@@ -455,6 +455,30 @@ TEST_F(SqlDataSetTest, ACountUnderWayIsDroppedByAWriteAndByClosing) {
   EXPECT_EQ(table->RecordCount(), 14);
 }
 
+// Reopening reuses what the catalog said; a change of the schema made behind the
+// connection's back is caught by the first fetch, and the next opening reads it anew.
+TEST_F(SqlDataSetTest, ReopeningNoticesColumnsChangedBehindItsBack) {
+  auto table = Table();
+  table->Open();
+  table->Close();
+  QSqlQuery alter(connection_.Database());
+  ASSERT_TRUE(alter.exec(QStringLiteral("ALTER TABLE people ADD COLUMN extra INTEGER")));
+  EXPECT_THROW(table->Open(), EDatabaseError);
+  table->Open();
+  EXPECT_NE(table->FindField(QStringLiteral("extra")), nullptr);
+  EXPECT_EQ(table->RecordCount(), kRows);
+}
+
+// Through the connection, a change of the schema is known before anything is fetched.
+TEST_F(SqlDataSetTest, ASchemaChangeThroughTheConnectionIsReadAtTheNextOpening) {
+  auto table = Table();
+  table->Open();
+  table->Close();
+  connection_.ExecuteDirect(QStringLiteral("ALTER TABLE people ADD COLUMN extra INTEGER"));
+  table->Open();
+  EXPECT_NE(table->FindField(QStringLiteral("extra")), nullptr);
+}
+
 // Another connection would not see the rows of an open transaction.
 TEST_F(SqlDataSetTest, InsideATransactionTheCountSeesItsUncommittedRows) {
   auto table = Table();
