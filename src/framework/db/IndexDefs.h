@@ -62,8 +62,18 @@ public:
   TIndexDef* AddIndexDef() { return static_cast<TIndexDef*>(TCollection::Add()); }
   int IndexOf(const QString& name) const;  // case-insensitive, -1 when absent
   TIndexDef* Find(const QString& name) const;  // raises SIndexNotFound
-  // The definitions are kept as they are given; there is nothing to read again.
-  void Update() {}
+  // False after a definition changed, until Update. An in-memory data set keeps its
+  // definitions as they are given, so Update has nothing to read again; callers that
+  // work with other data sets call it before reading the definitions, as for any.
+  bool Updated() const { return updated_; }
+  void SetUpdated(bool updated) { updated_ = updated; }
+  void Update() { updated_ = true; }
+
+protected:
+  void Update(TCollectionItem* item) override { updated_ = false; }
+
+private:
+  bool updated_ = true;
 };
 
 }  // namespace quil

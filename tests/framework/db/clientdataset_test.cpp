@@ -11,6 +11,7 @@
 #include "framework/rtl/DateTime.h"
 #include "framework/rtl/ExceptionHandler.h"
 #include "framework/rtl/FormatSettings.h"
+#include "framework/rtl/TypInfo.h"
 
 using namespace quil;
 using dbtest::TPeople;
@@ -247,6 +248,38 @@ TEST(ClientIndex, AddIndexWithDescendingFields) {
   EXPECT_EQ(people.dataSet.IndexName(), "");
   EXPECT_EQ(Ids(people.dataSet).first(), 1);
   EXPECT_EQ(people.dataSet.IndexDefs()->Count(), 1);
+}
+
+// The way the grid's order adapter works: everything by published property name.
+TEST(ClientIndex, AnIndexAddedAndReadBackThroughPublishedProperties) {
+  TPeople people(8);
+  TClientDataSet& dataSet = people.dataSet;
+  EXPECT_EQ(GetStrProp(&dataSet, "CommandText"), "");
+  EXPECT_EQ(GetStrProp(&dataSet, "FileName"), "");
+  SetStrProp(&dataSet, "CommandText", "people");
+  EXPECT_EQ(dataSet.CommandText(), "people");
+  SetStrProp(&dataSet, "IndexFieldNames", "City;ID");
+  EXPECT_EQ(dataSet.IndexFieldNames(), "City;ID");
+  EXPECT_EQ(Ids(dataSet), (QList<int>{4, 8, 1, 5, 2, 6, 3, 7}));
+  SetStrProp(&dataSet, "IndexFieldNames", "");
+
+  dataSet.AddIndex("TQuilDBGridIndex", "City;ID", {}, "ID", "", 0);
+  auto* defs = static_cast<TIndexDefs*>(GetObjectProp(&dataSet, "IndexDefs", &TIndexDefs::StaticClass()));
+  ASSERT_EQ(defs, dataSet.IndexDefs());
+  EXPECT_FALSE(defs->Updated());
+  defs->Update();
+  EXPECT_TRUE(defs->Updated());
+  SetStrProp(&dataSet, "IndexName", "TQuilDBGridIndex");
+  EXPECT_EQ(Ids(dataSet), (QList<int>{8, 4, 5, 1, 6, 2, 7, 3}));
+
+  const TIndexDef* def = defs->Find(GetStrProp(&dataSet, "IndexName"));
+  EXPECT_EQ(def->Fields(), "City;ID");
+  EXPECT_EQ(def->DescFields(), "ID");
+  EXPECT_FALSE(def->Options().Contains(ixDescending));
+  SetStrProp(&dataSet, "IndexName", "");
+  dataSet.DeleteIndex("TQuilDBGridIndex");
+  EXPECT_FALSE(defs->Updated());
+  EXPECT_EQ(Ids(dataSet).first(), 1);
 }
 
 TEST(ClientIndex, BadIndexesRaiseAndChangeNothing) {
