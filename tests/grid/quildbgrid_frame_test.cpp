@@ -230,6 +230,35 @@ TEST_F(GridFrameShown, AFieldSharedByTwoColumnsKeepsItsNotification) {
   EXPECT_EQ(second->BoundField(), nullptr);
 }
 
+TEST_F(GridFrameShown, ATitleFontChangeMeasuresTheTitlesAgain) {
+  OpenFrame(10);
+  const int before = grid->RowHeights(0);
+  grid->TitleFont()->SetSize(grid->TitleFont()->Size() * 3);
+  EXPECT_GT(grid->RowHeights(0), before);
+}
+
+// A column whose value is looked up by a key of the row: a new key brings its result.
+TEST_F(GridFrameShown, ANewKeyCopiesTheLookedUpResultIntoItsColumn) {
+  OpenFrame(10);
+  auto* names = new dbtest::TWindowCheckedDataSet(form);
+  dbtest::FillPeople(*names, 20);
+  names->Close();
+  for (const char* field : {"ID", "Name", "City"}) grid->Columns()->Add()->SetFieldName(field);
+  TQuilColumn* city = grid->Columns()->Items(2);
+  city->SetKeyField("ID");
+  city->SetLookupDataSet(names);
+  city->SetLookupKeyField("ID");
+  city->SetLookupResultField("Name");
+  ASSERT_EQ(city->GetLookupColumn(), lcLookupResultField);
+  dataSet->Edit();
+  dataSet->FieldByName("ID")->SetAsInteger(17);
+  EXPECT_EQ(dataSet->FieldByName("City")->AsString(), QStringLiteral("Name017"));
+  EXPECT_FALSE(names->Active()) << "opened for the lookup only";
+  dataSet->FieldByName("ID")->SetAsInteger(99);
+  EXPECT_TRUE(dataSet->FieldByName("City")->IsNull()) << "no such key";
+  dataSet->Cancel();
+}
+
 TEST_F(GridFrameShown, SelectedColumnAndIndexMoveTheCursor) {
   OpenFrame(10);
   grid->SetSelectedIndex(2);
