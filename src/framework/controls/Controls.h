@@ -37,6 +37,7 @@ class TCanvas;
 class TFont;
 class TPopupMenu;
 class TWinControl;
+class TBasicAction;
 class TWinControlPrivate;
 
 enum TAlign { alNone, alTop, alBottom, alLeft, alRight, alClient, alCustom };
@@ -177,6 +178,10 @@ public:
   LRESULT Perform(UINT msg, WPARAM wParam, LPARAM lParam);
   virtual void Dispatch(TMessage& message);
   virtual void DefaultHandler(TMessage& message) {}
+
+  // Standard actions: a control handles none itself; a descendant that does answers true.
+  virtual bool ExecuteAction(TBasicAction* action) { return false; }
+  virtual bool UpdateAction(TBasicAction* action) { return false; }
 
   virtual void Invalidate();
   // Paints what is invalid now, without waiting for the event loop.

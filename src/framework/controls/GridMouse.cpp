@@ -45,8 +45,26 @@ void TCustomGrid::CalcSizingState(int x, int y, TGridState& state, int& index, i
   }
 }
 
+bool TCustomGrid::Sizing(int x, int y) {
+  TGridState state = gridState_;
+  if (state == gsNormal) {
+    TGridDrawInfo info;
+    CalcDrawInfo(info);
+    int index = -1, pos = 0, ofs = 0;
+    CalcSizingState(x, y, state, index, pos, ofs, info);
+  }
+  return state == gsColSizing || state == gsRowSizing;
+}
+
 void TCustomGrid::MouseDown(TMouseButton button, TShiftState shift, int x, int y) {
-  if (CanFocus() && !IsActiveControl()) SetFocus();
+  // A press that cannot bring the focus here (a handler kept it elsewhere) does nothing.
+  if (CanFocus() && !IsActiveControl()) {
+    SetFocus();
+    if (!IsActiveControl()) {
+      SetMouseCapture(false);
+      return;
+    }
+  }
   lastMouse_ = Point(x, y);
   if (button == mbLeft && shift.Contains(ssDouble)) {
     DblClick();

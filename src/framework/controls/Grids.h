@@ -248,6 +248,8 @@ protected:
 
   virtual void CalcSizingState(int x, int y, TGridState& state, int& index, int& sizingPos,
                                int& sizingOfs, const TGridDrawInfo& fixedInfo);
+  // Whether a press at the client point would size (or is sizing) a column or row.
+  bool Sizing(int x, int y);
   virtual TInplaceEdit* CreateEditor();
   virtual bool CanEditShow();
   virtual bool CanEditAcceptKey(QChar key) { return true; }

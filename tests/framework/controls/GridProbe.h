@@ -56,6 +56,7 @@ public:
   TColor ink = clNone;  // when set, DrawCell writes "c,r" in this color
 
   using TCustomGrid::Canvas;
+  using TCustomGrid::Sizing;
   bool CanEditModify() override { return modifiable && TCustomGrid::CanEditModify(); }
   bool CanEditShow() override { return editShow && TCustomGrid::CanEditShow(); }
   EditProbe* Editor() const { return static_cast<EditProbe*>(InplaceEditor()); }

@@ -101,6 +101,24 @@ TEST_F(GridTest, DraggingOverCellsSelectsARangeAndKeepsTheCurrentCell) {
   EXPECT_EQ(grid->clicks, 1);
 }
 
+TEST_F(GridTest, PressThatCannotTakeTheFocusDoesNothing) {
+  auto* other = new GridProbe(form);
+  other->SetParent(form);
+  other->SetBounds(0, 250, 100, 50);
+  other->SetFocus();
+  // The other control keeps the focus whenever it would leave.
+  other->SetOnExit([other](TObject*) { other->SetFocus(); });
+  int clicks = grid->clicks;
+  quil::test::SendMouse(grid, QEvent::MouseButtonPress, CellCenter(3, 4), Qt::LeftButton);
+  quil::test::SendMouse(grid, QEvent::MouseButtonRelease, CellCenter(3, 4), Qt::NoButton);
+  Application->ProcessMessages();
+  ASSERT_TRUE(other->Focused());
+  EXPECT_EQ(grid->Col(), 1);
+  EXPECT_EQ(grid->Row(), 1);
+  EXPECT_EQ(grid->clicks, clicks);
+  EXPECT_EQ(grid->GridState(), gsNormal);
+}
+
 TEST_F(GridTest, ShiftClickStretchesTheSelectionFromTheCurrentCell) {
   grid->MoveColRow(2, 3, true, true);
   grid->selected.clear();
@@ -138,6 +156,21 @@ TEST_F(GridTest, DraggingAColumnBorderInTheTitleSizesTheColumn) {
   EXPECT_EQ(grid->ColWidths(3), 64);
   EXPECT_EQ(grid->colWidthsChanges, changes + 1);
   EXPECT_EQ(grid->CellRect(3, 1).Left, grid->CellRect(2, 1).Right + 1);
+}
+
+TEST_F(GridTest, SizingTellsWhetherAPointIsOnASizingLine) {
+  TRect title = grid->CellRect(2, 0);
+  TPoint border = Point(title.Right, Center(title).Y);
+  EXPECT_FALSE(grid->Sizing(border.X, border.Y));
+  grid->SetOptions(grid->Options() + goColSizing);
+  EXPECT_TRUE(grid->Sizing(border.X, border.Y));
+  EXPECT_FALSE(grid->Sizing(Center(title).X, border.Y));
+  EXPECT_FALSE(grid->Sizing(border.X, CellCenter(2, 3).Y));
+  // While a drag sizes, every point answers true.
+  quil::test::SendMouse(grid, QEvent::MouseButtonPress, border, Qt::LeftButton);
+  EXPECT_TRUE(grid->Sizing(CellCenter(4, 4).X, CellCenter(4, 4).Y));
+  quil::test::SendMouse(grid, QEvent::MouseButtonRelease, border, Qt::NoButton);
+  EXPECT_FALSE(grid->Sizing(CellCenter(4, 4).X, CellCenter(4, 4).Y));
 }
 
 TEST_F(GridTest, DraggingARowBorderInTheFixedColumnSizesTheRow) {
