@@ -150,7 +150,11 @@ void TDataSet::DataEvent(TDataEvent event, intptr_t info) {
   bool notify = !ControlsDisabled() && state_ != dsBlockRead;
   switch (event) {
     case deFieldChange: HandleFieldChange(reinterpret_cast<TField*>(info)); break;
-    case deFieldListChange: fieldList_->SetUpdated(false); break;
+    case deFieldListChange:
+      fieldList_->SetUpdated(false);
+      // The links miss the change while disabled: the deferred event must redo layouts.
+      if (ControlsDisabled()) enableEvent_ = deLayoutChange;
+      break;
     case dePropertyChange: fieldDefs_->SetUpdated(false); break;
     case deLayoutChange:
       fieldList_->SetUpdated(false);

@@ -5,6 +5,8 @@
 
 #include "framework/db/DbTestKit.h"
 #include "framework/db/Fields.h"
+#include "framework/db/NumericFields.h"
+#include "framework/db/StringFields.h"
 
 using namespace quil;
 using dbtest::TPeople;
@@ -499,6 +501,164 @@ TEST(DataSetFields, ChangedDefinitionsReachDefChanged) {
   dataSet.FieldDefs()->Delete(0);
   EXPECT_EQ(dataSet.defChanges, before + 2);
   EXPECT_GT(dataSet.RecordSize(), 0);
+}
+
+// --- The data set's own events ---------------------------------------------------------
+
+// Logs the data set's before and after events by name.
+struct TEventLog {
+  explicit TEventLog(TDataSet& dataSet) {
+    const auto note = [this](const char* name) {
+      return TDataSetNotifyEvent([this, name](TDataSet*) { names << name; });
+    };
+    dataSet.BeforeScroll = note("BeforeScroll");
+    dataSet.AfterScroll = note("AfterScroll");
+    dataSet.BeforeOpen = note("BeforeOpen");
+    dataSet.AfterOpen = note("AfterOpen");
+    dataSet.BeforeClose = note("BeforeClose");
+    dataSet.AfterClose = note("AfterClose");
+    dataSet.BeforeRefresh = note("BeforeRefresh");
+    dataSet.AfterRefresh = note("AfterRefresh");
+  }
+  QStringList Take() { return std::exchange(names, {}); }
+  QStringList names;
+};
+
+TEST(DataSetEvents, InsertItsCancelAndDeleteScroll) {
+  TPeople people(5, 3);
+  TEventLog events(people.dataSet);
+  people.dataSet.Insert();
+  EXPECT_EQ(events.Take(), Words({"BeforeScroll", "AfterScroll"}));
+  people.dataSet.Cancel();
+  EXPECT_EQ(events.Take(), Words({"BeforeScroll", "AfterScroll"}));
+  people.dataSet.Edit();
+  people.dataSet.Cancel();  // an edit stays on its record
+  EXPECT_EQ(events.Take(), QStringList());
+  people.dataSet.Delete();
+  EXPECT_EQ(events.Take(), Words({"BeforeScroll", "AfterScroll"}));
+  EXPECT_EQ(people.Id(), 2);
+}
+
+TEST(DataSetEvents, OpenCloseAndRefresh) {
+  TPeople people(5, 3);
+  TEventLog events(people.dataSet);
+  people.dataSet.Close();
+  EXPECT_EQ(events.Take(), Words({"BeforeClose", "AfterClose"}));
+  people.dataSet.Open();
+  const QStringList opened = events.Take();
+  ASSERT_GE(opened.size(), 2);
+  EXPECT_EQ(opened.mid(0, 2), Words({"BeforeOpen", "AfterOpen"}));
+  people.dataSet.MoveBy(3);
+  events.Take();
+  people.dataSet.Refresh();
+  EXPECT_EQ(events.Take(), Words({"BeforeRefresh", "AfterRefresh"}));
+  EXPECT_EQ(people.Id(), 4);  // Refresh keeps the record
+  people.dataSet.CheckConsistency();
+}
+
+// A forward-only data set: it can go to the first record and onwards only.
+class TForwardOnlyDataSet : public dbtest::TWindowCheckedDataSet {
+public:
+  using TWindowCheckedDataSet::TWindowCheckedDataSet;
+  void MakeForwardOnly() { SetUniDirectional(true); }
+};
+
+TEST(DataSetNavigation, AUniDirectionalDataSetRefusesToGoBack) {
+  TForwardOnlyDataSet dataSet(nullptr);
+  dbtest::FillPeople(dataSet, 5);
+  dataSet.MakeForwardOnly();
+  EXPECT_TRUE(dataSet.IsUniDirectional());
+  dataSet.First();
+  dataSet.Next();
+  EXPECT_EQ(dataSet.FieldByName("ID")->AsInteger(), 2);
+  EXPECT_THROW(dataSet.Prior(), EDatabaseError);
+  EXPECT_THROW(dataSet.Last(), EDatabaseError);
+  EXPECT_THROW(dataSet.First(), EDatabaseError);
+  EXPECT_EQ(dataSet.FieldByName("ID")->AsInteger(), 2);
+}
+
+TEST(DataSourceState, EnabledAndOnStateChange) {
+  TPeople people(5, 3);
+  int stateChanges = 0;
+  people.source.OnStateChange = [&stateChanges](TObject*) { ++stateChanges; };
+  people.dataSet.Edit();
+  EXPECT_EQ(people.source.State(), dsEdit);
+  EXPECT_EQ(stateChanges, 1);
+  people.dataSet.Cancel();
+  EXPECT_EQ(stateChanges, 2);
+  people.link.Clear();
+  people.source.SetEnabled(false);
+  EXPECT_FALSE(people.link.Active());
+  EXPECT_EQ(people.source.State(), dsInactive);
+  people.dataSet.Next();
+  EXPECT_EQ(people.link.log, Words({"active:0"}));  // a disabled source passes nothing on
+  people.source.SetEnabled(true);
+  EXPECT_TRUE(people.link.Active());
+  EXPECT_EQ(people.source.State(), dsBrowse);
+}
+
+TEST(DataSourceState, WithoutAutoEditALinkCannotStartAnEdit) {
+  TPeople people(5, 3);
+  people.source.SetAutoEdit(false);
+  people.link.Edit();
+  EXPECT_EQ(people.dataSet.State(), dsBrowse);
+  EXPECT_FALSE(people.link.Editing());
+  people.source.SetAutoEdit(true);
+  people.link.Edit();
+  EXPECT_TRUE(people.link.Editing());
+  people.dataSet.Cancel();
+}
+
+TEST(DataLinkEvents, AFieldMovedWhileDisabledIsALayoutChangeAtTheEnable) {
+  TPeople people(5, 3);
+  people.dataSet.DisableControls();
+  people.dataSet.FieldByName("City")->SetIndex(0);
+  EXPECT_TRUE(people.link.log.isEmpty());
+  people.dataSet.EnableControls();
+  EXPECT_EQ(people.link.log, Words({"layout"}));
+  EXPECT_EQ(people.dataSet.Fields()->Fields(0)->FieldName(), "City");
+}
+
+TEST(DataSetLocate, SkipsAMatchTheFilterEventRefuses) {
+  TPeople people(8, 3);
+  people.dataSet.SetOnFilterRecord([](TDataSet* dataSet, bool& accept) {
+    accept = dataSet->FieldByName("ID")->AsInteger() != 2;
+  });
+  people.dataSet.SetFiltered(true);
+  EXPECT_TRUE(people.dataSet.Locate("City", Variant("Oslo"), {}));
+  EXPECT_EQ(people.Id(), 6);
+  people.dataSet.SetOnFilterRecord([](TDataSet* dataSet, bool& accept) {
+    accept = dataSet->FieldByName("City")->AsString() != "Oslo";
+  });
+  EXPECT_FALSE(people.dataSet.Locate("City", Variant("Oslo"), {}));
+}
+
+TEST(DataSetFields, PersistentFieldsOutliveClosing) {
+  TClientDataSet dataSet(nullptr);
+  dataSet.FieldDefs()->Add("ID", ftInteger);
+  dataSet.FieldDefs()->Add("Name", ftString, 20);
+  auto* id = new TIntegerField(&dataSet);
+  id->SetFieldName("ID");
+  id->SetDataSet(&dataSet);
+  auto* name = new TStringField(&dataSet);
+  name->SetFieldName("Name");
+  name->SetSize(20);
+  name->SetDisplayLabel("Full name");
+  name->SetDataSet(&dataSet);
+  dataSet.CreateDataSet();
+  dataSet.AppendRecord({1, "Ann"});
+  EXPECT_FALSE(dataSet.DefaultFields());
+  EXPECT_EQ(dataSet.Fields()->LifeCycles(), TFieldLifeCycles{lcPersistent});
+  dataSet.Close();
+  ASSERT_EQ(dataSet.FieldCount(), 2);
+  EXPECT_EQ(dataSet.FindField("Name"), name);
+  dataSet.Open();
+  EXPECT_EQ(name->AsString(), "Ann");
+  EXPECT_EQ(name->FullName(), "Name");
+  EXPECT_EQ(name->DisplayName(), "Full name");
+  EXPECT_EQ(id->DisplayName(), "ID");
+  EXPECT_EQ(name->Size(), 20);
+  EXPECT_EQ(id->Size(), 0);
 }
 
 TEST(DataSetFields, DefaultFieldsComeAndGoWithOpening) {
