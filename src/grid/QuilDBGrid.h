@@ -144,6 +144,7 @@ public:
   bool ReadOnly() const { return readOnly_; }
   void SetReadOnly(bool value) { readOnly_ = value; }
   // Setting Ctl3D takes the choice away from the fixed style.
+  bool GridCtl3D() const { return Ctl3D(); }
   void SetCtl3D(bool value);
   bool Ctl3DAuto() const { return ctl3DAuto_; }
   void SetCtl3DAuto(bool value);
@@ -157,6 +158,7 @@ public:
   void SetDragRows(bool value) { dragRows_ = value; }
   TDragKind DragKind() const { return dragKind_; }
   void SetDragKind(TDragKind value) { dragKind_ = value; }
+  bool GridEnabled() const { return Enabled(); }
   void SetEnabled(bool value) override;
   // The control's own hint, kept apart from the base one that cell hints overwrite.
   const QString& Hint() const { return hint_; }

@@ -5,6 +5,7 @@
 #include "framework/db/DataSet.h"
 #include "framework/db/DataSource.h"
 #include "framework/db/Field.h"
+#include "framework/rtl/TypInfo.h"
 #include "grid/QuilDBGrid.h"
 
 namespace quil {
@@ -29,7 +30,18 @@ const TMetaClass& TQuilCustomDBGrid::ClassType() const { return StaticClass(); }
 
 const TMetaClass& TQuilDBGrid::StaticClass() {
   static const TMetaClass meta =
-      TMetaClass("TQuilDBGrid", &TQuilCustomDBGrid::StaticClass()).Creates<TQuilDBGrid>();
+      TMetaClass("TQuilDBGrid", &TQuilCustomDBGrid::StaticClass())
+          .Creates<TQuilDBGrid>()
+          .Published(BoolProp("Ctl3D", &TQuilDBGrid::GridCtl3D, &TQuilDBGrid::SetCtl3D)
+                         .StoredBy(&TQuilDBGrid::IsCtl3DStored))
+          .Published(BoolProp("Ctl3DAuto", &TQuilDBGrid::Ctl3DAuto, &TQuilDBGrid::SetCtl3DAuto).Default(true))
+          .Published(BoolProp("DoubleBuffered", &TQuilDBGrid::DoubleBuffered, &TQuilDBGrid::SetDoubleBuffered)
+                         .Default(true))
+          .Published(BoolProp("DragRows", &TQuilDBGrid::DragRows, &TQuilDBGrid::SetDragRows).Default(false))
+          .Published(BoolProp("Enabled", &TQuilDBGrid::GridEnabled, &TQuilDBGrid::SetEnabled).Default(true))
+          .Published(IntProp("FixedCols", &TQuilDBGrid::FixedCols, &TQuilDBGrid::SetFixedCols).Default(0))
+          .Published(BoolProp("ReadOnly", &TQuilDBGrid::ReadOnly, &TQuilDBGrid::SetReadOnly).Default(false))
+          .Published(StrProp("Hint", &TQuilDBGrid::Hint, &TQuilDBGrid::SetHint));
   return meta;
 }
 

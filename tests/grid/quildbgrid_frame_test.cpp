@@ -316,4 +316,25 @@ TEST(GridFrameStreaming, OrderFieldsAreWrittenWhenThereIsAnOrder) {
   EXPECT_TRUE(text.contains("Name,City DESC"));
 }
 
+TEST(GridFrameStreaming, OwnPropertiesAreStoredAwayFromTheirDefaults) {
+  TQuilDBGrid grid(nullptr);
+  const QString plain = Written(grid, nullptr);
+  for (const char* name : {"Ctl3D", "DoubleBuffered", "DragRows", "Enabled", "FixedCols", "ReadOnly"})
+    EXPECT_FALSE(plain.contains(name)) << name;
+  grid.SetDragRows(true);
+  grid.SetDoubleBuffered(false);
+  grid.SetCtl3D(!grid.Ctl3D());
+  grid.SetHint("Grid hint");
+  TMemoryStream stream;
+  stream.WriteComponent(&grid);
+  TQuilDBGrid copy(nullptr);
+  stream.Seek(0, soBeginning);
+  stream.ReadComponent(&copy);
+  EXPECT_TRUE(copy.DragRows());
+  EXPECT_FALSE(copy.DoubleBuffered());
+  EXPECT_EQ(copy.Ctl3D(), grid.Ctl3D());
+  EXPECT_FALSE(copy.Ctl3DAuto());
+  EXPECT_EQ(copy.Hint(), QStringLiteral("Grid hint"));
+}
+
 }  // namespace
