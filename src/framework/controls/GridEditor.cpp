@@ -117,6 +117,7 @@ void TInplaceEdit::Move(const TRect& rect) {
     return;
   }
   SetBoundsRect(rect);
+  BoundsChanged();
   SetVisible(true);
   if (grid_ && grid_->IsActiveControl() && !Focused()) SetFocus();
 }
@@ -142,7 +143,8 @@ void TInplaceEdit::UpdateContents() {
   SetFont(grid_->Font());
 }
 
-void TInplaceEdit::Deselect() { SetSelLength(0); }
+// No selection, the caret after the text.
+void TInplaceEdit::Deselect() { SetSelStart(int(EditText().size())); }
 
 void TInplaceEdit::SetFocus() {
   if (CanFocus()) TCustomMaskEdit::SetFocus();
@@ -180,6 +182,10 @@ void TInplaceEdit::KeyDown(uint16_t& key, TShiftState shift) {
     case VK_TAB:
       SendToParent(key, shift);
       break;
+    case VK_F2:
+      Deselect();
+      key = 0;
+      break;
     case VK_DELETE:
       if (shift.Contains(ssCtrl)) SendToParent(key, shift);
       break;
@@ -198,6 +204,11 @@ void TInplaceEdit::KeyPress(QChar& key) {
   if (code >= 0x20 && !grid_->CanEditAcceptKey(key)) {
     key = QChar();
     MessageBeep(0);
+  }
+  // Where the editor always shows, Enter does not close it: it selects all or nothing.
+  if (code == 0x0D && grid_->Options().Contains(goAlwaysShowEditor)) {
+    if (SelLength() == int(EditText().size())) Deselect();
+    else SelectAll();
   }
   if (code == 0x09 || code == 0x1B || code == 0x0D) key = QChar();
   if (!key.isNull()) TCustomMaskEdit::KeyPress(key);

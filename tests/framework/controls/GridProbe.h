@@ -9,6 +9,7 @@
 #include <QMouseEvent>
 #include <QTest>
 #include <QWidget>
+#include <map>
 #include <set>
 #include <utility>
 #include <vector>
@@ -26,8 +27,10 @@ class EditProbe : public TInplaceEdit {
 public:
   explicit EditProbe(TComponent* owner) : TInplaceEdit(owner) {}
   std::vector<UINT> commands;
+  int boundsChanges = 0;
 
 protected:
+  void BoundsChanged() override { ++boundsChanges; TInplaceEdit::BoundsChanged(); }
   void WMCut(TMessage& m) override { commands.push_back(WM_CUT); TInplaceEdit::WMCut(m); }
   void WMPaste(TMessage& m) override { commands.push_back(WM_PASTE); TInplaceEdit::WMPaste(m); }
   void WMClear(TMessage& m) override { commands.push_back(WM_CLEAR); TInplaceEdit::WMClear(m); }
@@ -40,7 +43,8 @@ public:
 
   struct Key { uint16_t key; TShiftState shift; };
   std::vector<Key> keysDown;
-  std::set<std::pair<int, int>> drawn;  // (col, row) of each DrawCell since the last clear
+  std::set<std::pair<int, int>> drawn;
+  std::map<std::pair<int, int>, TGridDrawState> states;  // the last state of each cell drawn  // (col, row) of each DrawCell since the last clear
   std::vector<std::pair<int, int>> moves;  // ColumnMoved(from, to)
   std::vector<std::pair<std::pair<int, int>, QString>> edits;  // SetEditText(col, row)
   std::vector<std::pair<UINT, WPARAM>> focusMessages;  // WM_SETFOCUS/WM_KILLFOCUS, other window
@@ -52,12 +56,14 @@ public:
   bool editShow = true;  // false: CanEditShow refuses whatever the base says
   QString pressed;       // the characters that reached KeyPress
   std::vector<std::pair<int, int>> selected;  // SelectCell(col, row)
-  int clicks = 0;  // false: CanEditModify refuses whatever the base says
+  int clicks = 0;
+  QString refused;  // characters CanEditAcceptKey refuses  // false: CanEditModify refuses whatever the base says
   TColor ink = clNone;  // when set, DrawCell writes "c,r" in this color
 
   using TCustomGrid::Canvas;
   using TCustomGrid::Sizing;
   bool CanEditModify() override { return modifiable && TCustomGrid::CanEditModify(); }
+  bool CanEditAcceptKey(QChar key) override { return !refused.contains(key); }
   bool CanEditShow() override { return editShow && TCustomGrid::CanEditShow(); }
   EditProbe* Editor() const { return static_cast<EditProbe*>(InplaceEditor()); }
 
@@ -77,6 +83,7 @@ protected:
   }
   void DrawCell(int col, int row, const TRect& rect, TGridDrawState state) override {
     drawn.insert({col, row});
+    states[{col, row}] = state;
     if (ink == clNone) return;
     Canvas()->Font()->SetColor(ink);
     Canvas()->Brush()->SetStyle(bsClear);

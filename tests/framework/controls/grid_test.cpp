@@ -7,6 +7,7 @@
 #include "GridProbe.h"
 #include "framework/controls/MessageQueue.h"
 #include "framework/controls/VirtualKeys.h"
+#include "framework/graphics/Colors_p.h"
 #include "framework/rtl/Exceptions.h"
 
 using namespace quil;
@@ -392,7 +393,8 @@ TEST_F(GridTest, PaintedColorsAndTextAppearInTheGrabbedImage) {
   grid->SetFixedColor(clYellow);
   grid->SetColor(clWhite);
   grid->ink = clRed;
-  grid->MoveColRow(2, 2, true, true);
+  grid->MoveColRow(3, 3, true, true);
+  grid->MoveColRow(2, 2, false, true);
   grid->Repaint();
   QImage image = grid->Handle()->grab().toImage();
   auto pixel = [&](TPoint client) { return image.pixelColor(quil::test::WidgetPoint(grid, client)); };
@@ -405,16 +407,81 @@ TEST_F(GridTest, PaintedColorsAndTextAppearInTheGrabbedImage) {
       }
     return red;
   };
-  TRect fixedCell = grid->CellRect(0, 3), plainCell = grid->CellRect(3, 3), current = grid->CellRect(2, 2);
+  TRect fixedCell = grid->CellRect(0, 5), plainCell = grid->CellRect(4, 5), current = grid->CellRect(2, 2);
+  TRect selected = grid->CellRect(3, 3);
   EXPECT_EQ(pixel(Point(fixedCell.Right - 2, fixedCell.Bottom - 2)), QColor(Qt::yellow));
   EXPECT_EQ(pixel(Point(plainCell.Right - 2, plainCell.Bottom - 2)), QColor(Qt::white));
-  // The selected cell gets the highlight unless it has the focus rectangle; text shows in each.
-  EXPECT_NE(pixel(Point(current.Right - 3, current.Bottom - 3)), QColor(Qt::yellow));
+  // A selected cell without the focus is highlighted; the focused current cell keeps the
+  // window color inside its focus rectangle.
+  EXPECT_EQ(pixel(Point(selected.Right - 3, selected.Bottom - 3)), ToQColor(clHighlight));
+  EXPECT_EQ(pixel(Point(current.Right - 4, current.Bottom - 4)), QColor(Qt::white));
   EXPECT_GT(inkIn(plainCell), 5);
   EXPECT_GT(inkIn(fixedCell), 5);
-  // The vertical grid line right of a plain cell is neither cell colour.
-  QColor line = pixel(Point(plainCell.Right, plainCell.Top + 5));
-  EXPECT_NE(line, QColor(Qt::white));
+  // Lines: silver between plain cells, black between fixed ones.
+  EXPECT_EQ(pixel(Point(plainCell.Right, plainCell.Top + 5)), ToQColor(clSilver));
+  EXPECT_EQ(pixel(Point(plainCell.Left + 5, plainCell.Bottom)), ToQColor(clSilver));
+  EXPECT_EQ(pixel(Point(fixedCell.Left + 5, fixedCell.Bottom)), ToQColor(clBlack));
+}
+
+TEST_F(GridTest, DrawCellGetsTheStateOfEachCell) {
+  grid->MoveColRow(3, 3, true, true);
+  grid->MoveColRow(2, 2, false, true);
+  grid->Repaint();
+  EXPECT_EQ(grid->states.at({2, 2}), (TGridDrawState{gdSelected, gdFocused}));
+  EXPECT_EQ(grid->states.at({3, 3}), TGridDrawState{gdSelected});
+  EXPECT_EQ(grid->states.at({0, 3}), TGridDrawState{gdFixed});
+  EXPECT_EQ(grid->states.at({5, 5}), TGridDrawState{});
+  // Without the focus no cell is focused; the selection stays.
+  auto* other = new GridProbe(form);
+  other->SetParent(form);
+  other->SetBounds(0, 250, 100, 50);
+  other->SetFocus();
+  grid->Repaint();
+  EXPECT_EQ(grid->states.at({2, 2}), TGridDrawState{gdSelected});
+}
+
+TEST_F(GridTest, RowSelectSelectsWholeRowsAndKeepsTheEditorClosed) {
+  grid->SetOptions(grid->Options() + TGridOptions{goRowSelect, goEditing});
+  Key(Qt::Key_Down);
+  Key(Qt::Key_Down, Qt::ShiftModifier);
+  EXPECT_EQ(grid->Selection(), (TGridRect{1, 2, 19, 3}));
+  grid->Repaint();
+  EXPECT_TRUE(grid->states.at({4, 3}).Contains(gdSelected));
+  Key(Qt::Key_F2);
+  EXPECT_TRUE(grid->InplaceEditor() == nullptr || !grid->InplaceEditor()->Visible());
+}
+
+TEST_F(GridTest, ThumbTrackOnlyScrollsWithThumbTracking) {
+  grid->Perform(WM_VSCROLL, WPARAM(SB_THUMBTRACK) | (WPARAM(40) << 16), 0);
+  EXPECT_EQ(grid->TopRow(), 1);
+  grid->SetOptions(grid->Options() + goThumbTracking);
+  grid->Perform(WM_VSCROLL, WPARAM(SB_THUMBTRACK) | (WPARAM(40) << 16), 0);
+  EXPECT_EQ(grid->TopRow(), 41);
+}
+
+TEST_F(GridTest, MoveColumnCarriesWidthAndCallsColumnMoved) {
+  grid->SetColWidths(2, 90);
+  grid->MoveColumn(2, 5);
+  EXPECT_EQ(grid->moves, (std::vector<std::pair<int, int>>{{2, 5}}));
+  EXPECT_EQ(grid->ColWidths(5), 90);
+  EXPECT_EQ(grid->ColWidths(2), 64);
+}
+
+TEST_F(GridTest, HiddenCellsHaveAnEmptyRect) {
+  grid->SetColWidths(3, -1);
+  EXPECT_TRUE(grid->CellRect(3, 2).IsEmpty());
+  EXPECT_FALSE(grid->CellRect(4, 2).IsEmpty());
+  EXPECT_TRUE(grid->CellRect(2, 150).IsEmpty());  // scrolled out of view
+}
+
+TEST_F(GridTest, CancelModeEndsASizingDrag) {
+  grid->SetOptions(grid->Options() + goColSizing);
+  TRect title = grid->CellRect(2, 0);
+  quil::test::SendMouse(grid, QEvent::MouseButtonPress, Point(title.Right, Center(title).Y), Qt::LeftButton);
+  ASSERT_EQ(grid->GridState(), gsColSizing);
+  grid->Perform(WM_CANCELMODE, 0, 0);
+  EXPECT_EQ(grid->GridState(), gsNormal);
+  EXPECT_FALSE(grid->MouseCapture());
 }
 
 TEST_F(GridTest, PostedMessageIsFoundAndTakenOut) {

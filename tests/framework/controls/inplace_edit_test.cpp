@@ -7,6 +7,7 @@
 
 #include "GridProbe.h"
 #include "framework/controls/Clipboard.h"
+#include "framework/controls/VirtualKeys.h"
 
 using namespace quil;
 using quil::test::GridTest;
@@ -151,5 +152,55 @@ TEST_F(InplaceEditTest, CharacterOnACellThatRefusesAnEditorIsAKeyPressOfTheGrid)
   grid->editShow = true;
   Key(Qt::Key_Y);
   ASSERT_TRUE(grid->EditorMode());
+  EXPECT_EQ(grid->Editor()->Text(), QStringLiteral("y"));
+}
+
+TEST_F(InplaceEditTest, F2InTheEditorLeavesTheCaretAfterTheText) {
+  OpenEditor();
+  ASSERT_EQ(grid->Editor()->SelLength(), 3);
+  Key(Qt::Key_F2);
+  EXPECT_EQ(grid->Editor()->SelLength(), 0);
+  EXPECT_EQ(grid->Editor()->SelStart(), 3);
+  EXPECT_TRUE(grid->EditorMode());
+}
+
+TEST_F(InplaceEditTest, EnterTogglesTheSelectionWhereTheEditorAlwaysShows) {
+  grid->editText = QStringLiteral("abc");
+  grid->SetOptions(grid->Options() + TGridOptions{goEditing, goAlwaysShowEditor});
+  ASSERT_NE(grid->Editor(), nullptr);
+  grid->Editor()->SetFocus();
+  Application->ProcessMessages();
+  ASSERT_EQ(grid->Editor()->SelLength(), 3);
+  Key(Qt::Key_Return);
+  EXPECT_EQ(grid->Editor()->SelLength(), 0);
+  Key(Qt::Key_Return);
+  EXPECT_EQ(grid->Editor()->SelLength(), 3);
+  EXPECT_TRUE(grid->Editor()->Visible());
+}
+
+TEST_F(InplaceEditTest, PlacingTheEditorReportsItsNewBounds) {
+  OpenEditor();
+  int changes = grid->Editor()->boundsChanges;
+  EXPECT_GT(changes, 0);
+  grid->SetColWidths(1, 100);
+  EXPECT_EQ(grid->Editor()->BoundsRect(), grid->CellRect(1, 1));
+  EXPECT_GT(grid->Editor()->boundsChanges, changes);
+}
+
+TEST_F(InplaceEditTest, NavigationKeysInTheEditorReachTheGrid) {
+  grid->SetOptions(grid->Options() + goTabs);
+  OpenEditor();
+  grid->keysDown.clear();
+  for (Qt::Key key : {Qt::Key_Escape, Qt::Key_Down, Qt::Key_Up, Qt::Key_Tab}) Key(key);
+  std::vector<uint16_t> reached;
+  for (const auto& key : grid->keysDown) reached.push_back(key.key);
+  EXPECT_EQ(reached, (std::vector<uint16_t>{VK_ESCAPE, VK_DOWN, VK_UP, VK_TAB}));
+  EXPECT_EQ(grid->Col(), 2);
+}
+
+TEST_F(InplaceEditTest, KeyTheCellRefusesIsNotTyped) {
+  grid->refused = QStringLiteral("x");
+  OpenEditor();
+  QTest::keyClicks(grid->Editor()->Handle(), "xyx");
   EXPECT_EQ(grid->Editor()->Text(), QStringLiteral("y"));
 }
