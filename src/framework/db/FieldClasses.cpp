@@ -3,6 +3,7 @@
 #include "framework/db/DateTimeFields.h"
 #include "framework/db/NumericFields.h"
 #include "framework/db/StringFields.h"
+#include "framework/db/VariantField.h"
 
 namespace quil {
 
@@ -37,6 +38,7 @@ const TMetaClass* DefaultFieldClass(TFieldType type) {
     case ftMemo: case ftFmtMemo: case ftOraClob: return &TMemoField::StaticClass();
     case ftWideMemo: return &TWideMemoField::StaticClass();
     case ftGraphic: return &TGraphicField::StaticClass();
+    case ftVariant: return &TVariantField::StaticClass();
     default: return nullptr;
   }
 }

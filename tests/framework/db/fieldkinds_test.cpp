@@ -7,6 +7,7 @@
 #include "framework/db/DbTestKit.h"
 #include "framework/db/DateTimeFields.h"
 #include "framework/db/NumericFields.h"
+#include "framework/db/VariantField.h"
 #include "framework/rtl/DateTime.h"
 
 using namespace quil;
@@ -123,6 +124,33 @@ TEST_F(TKindsTable, BlobsShowTheirKindAndKeepTheirBytes) {
   EXPECT_EQ(Field("Note")->DisplayText(), "(MEMO)");
   EXPECT_EQ(Field("Data")->AsString().toLatin1(), QByteArray("\x01\x02\xff"));
   EXPECT_EQ(Field("Note")->AsString(), "text");
+}
+
+TEST(VariantField, HoldsEachValueAsGivenAndConvertsOnReading) {
+  TClientDataSet dataSet(nullptr);
+  dataSet.FieldDefs()->Add("ID", ftInteger);
+  dataSet.FieldDefs()->Add("Any", ftVariant);
+  dataSet.CreateDataSet();
+  TField* any = dataSet.FieldByName("Any");
+  EXPECT_EQ(&any->ClassType(), &TVariantField::StaticClass());
+  dataSet.AppendRecord({1, 42});
+  dataSet.AppendRecord({2, "text"});
+  dataSet.AppendRecord({3, Null()});
+  dataSet.First();
+  EXPECT_EQ(any->AsInteger(), 42);
+  EXPECT_EQ(any->AsString(), "42");
+  EXPECT_DOUBLE_EQ(any->AsFloat(), 42.0);
+  dataSet.Next();
+  EXPECT_EQ(any->AsString(), "text");
+  EXPECT_EQ(any->AsVariant().AsString(), "text");
+  EXPECT_ANY_THROW(any->AsInteger());
+  dataSet.Next();
+  EXPECT_TRUE(any->IsNull());
+  dataSet.Edit();
+  any->SetAsBoolean(true);
+  dataSet.Post();
+  EXPECT_TRUE(any->AsBoolean());
+  EXPECT_FALSE(any->IsNull());
 }
 
 TEST_F(TKindsTable, ExactDecimalsKeepFourPlaces) {
