@@ -73,6 +73,9 @@ TEST_F(RowWindow, InGridModeMoveByKeepsTheWindowInsideTheData) {
   EXPECT_EQ(dataSet->RecNo(), 1);
   EXPECT_EQ(grid->MoveBy(-1), 0);
   EXPECT_EQ(grid->PositionLock(), 0);
+  // A forced move is kept inside the data as well.
+  EXPECT_EQ(grid->MoveBy(100, true), 50 - fit);
+  EXPECT_EQ(grid->MoveBy(-100, true), limit);
   dataSet->CheckConsistency();
 }
 
