@@ -47,8 +47,15 @@ TEST(BaseGridDemo, ScrollsAndOpensTheEditor) {
   QTemporaryDir dir;
   ASSERT_TRUE(dir.isValid());
   const QImage top = RunScreenshot(dir, {});
+  const QImage plain = RunScreenshot(dir, {"--top-row", "900", "--left-col", "40"});
   const QImage scrolled = RunScreenshot(dir, {"--top-row", "900", "--left-col", "40", "--edit"});
   ASSERT_FALSE(scrolled.isNull());
+  ASSERT_FALSE(plain.isNull());
   EXPECT_NE(top.copy(0, 25, 1000, 500), scrolled.copy(0, 25, 1000, 500));
   EXPECT_GT(InkInBand(scrolled, 300, 320, 60), 100);
+  // The editor covers the current cell, the first scrollable one, with its text selected;
+  // the cells away from it are the same picture as without it.
+  const QRect currentCell(52, 25, 72, 18);
+  EXPECT_NE(plain.copy(currentCell), scrolled.copy(currentCell));
+  EXPECT_EQ(plain.copy(300, 100, 600, 400), scrolled.copy(300, 100, 600, 400));
 }
