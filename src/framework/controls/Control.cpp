@@ -15,7 +15,12 @@ TControl* captureControl = nullptr;
 }
 
 TControl* GetCaptureControl() { return captureControl; }
-void SetCaptureControl(TControl* control) { captureControl = control; }
+// The control that held the capture hears first that another one takes it.
+void SetCaptureControl(TControl* control) {
+  TControl* old = captureControl;
+  if (old && old != control) old->Perform(CM_CANCELMODE, 0, LPARAM(control));
+  captureControl = control;
+}
 
 const TMetaClass& TControl::StaticClass() {
   static const TMetaClass meta = TMetaClass("TControl", &TComponent::StaticClass());
@@ -224,6 +229,8 @@ void TControl::Dispatch(TMessage& message) {
     case CM_BIDIMODECHANGED: CMBiDiModeChanged(message); break;
     case CM_PARENTBIDIMODECHANGED: CMParentBiDiModeChanged(message); break;
     case CM_HINTSHOW: CMHintShow(message); break;
+    case CM_SHOWINGCHANGED: CMShowingChanged(message); break;
+    case CM_CANCELMODE: CMCancelMode(message); break;
     case CM_HINTSHOWPAUSE: CMHintShowPause(message); break;
     case CM_STYLECHANGED: CMStyleChanged(message); break;
     case CM_TEXTCHANGED: CMTextChanged(message); break;
@@ -255,7 +262,7 @@ int TControl::GetCurrentPPI() const { return Screen->PixelsPerInch(); }
 bool TControl::MouseCapture() const { return captureControl == this; }
 
 void TControl::SetMouseCapture(bool capture) {
-  if (capture) captureControl = this;
+  if (capture) SetCaptureControl(this);
   else if (captureControl == this) captureControl = nullptr;
 }
 

@@ -264,6 +264,11 @@ protected:
   virtual void CMBiDiModeChanged(TMessage& message);
   virtual void CMParentBiDiModeChanged(TMessage& message);
   virtual void CMHintShow(TMessage& message) {}
+  // The window came into view or went out of it, itself or with a parent.
+  virtual void CMShowingChanged(TMessage& message) {}
+  // Another control takes the mouse capture (LParam: it) or a modal window starts: a
+  // control ends what it tracks, such as a dropped-down list.
+  virtual void CMCancelMode(TMessage& message) {}
   // WParam: a hint was showing; LParam: int* to the pause in milliseconds, to change.
   virtual void CMHintShowPause(TMessage& message) {}
   virtual void CMStyleChanged(TMessage& message) { Invalidate(); }

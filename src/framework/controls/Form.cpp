@@ -43,6 +43,11 @@ void TForm::SetActiveControl(TWinControl* control) {
 
 TModalResult TForm::ShowModal() {
   modalResult_ = mrNone;
+  // A drag or dropped-down list under way elsewhere ends before the modal window opens.
+  if (TControl* capture = GetCaptureControl()) {
+    capture->Perform(CM_CANCELMODE, 0, LPARAM(this));
+    capture->Perform(WM_CANCELMODE, 0, 0);
+  }
   HandleNeeded();
   Handle()->setWindowModality(Qt::ApplicationModal);
   Show();

@@ -113,6 +113,10 @@ bool TWinControlPrivate::HandleEvent(QEvent* event) {
     }
     case QEvent::FocusIn: control_->Perform(WM_SETFOCUS, FocusOtherWindow(event->type(), Widget()), 0); break;
     case QEvent::FocusOut: control_->Perform(WM_KILLFOCUS, FocusOtherWindow(event->type(), Widget()), 0); break;
+    case QEvent::Show:
+    case QEvent::Hide:
+      if (!event->spontaneous()) control_->Perform(CM_SHOWINGCHANGED, 0, 0);
+      break;
     case QEvent::Enter: control_->Perform(CM_MOUSEENTER, 0, 0); break;
     case QEvent::Leave:
       TrackHover(nullptr);

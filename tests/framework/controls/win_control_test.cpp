@@ -26,6 +26,8 @@ public:
   std::vector<std::pair<TMouseButton, TShiftState>> mouseDowns;
   std::vector<TPoint> mouseDownPoints;
   int clicks = 0, enters = 0, exits = 0, wheelDowns = 0, wheelUps = 0, paints = 0;
+  std::vector<bool> showings;        // Showing() at each CMShowingChanged
+  std::vector<LPARAM> cancelModes;   // LParam of each CMCancelMode
   bool takeCharsOnEnter = false;
   TColor fill = clRed;
 
@@ -45,6 +47,8 @@ protected:
     mouseDownPoints.push_back(Point(x, y));
   }
   void Click() override { ++clicks; }
+  void CMShowingChanged(TMessage&) override { showings.push_back(Showing()); }
+  void CMCancelMode(TMessage& message) override { cancelModes.push_back(message.LParam); }
   void DoEnter() override { ++enters; }
   void DoExit() override { ++exits; }
   bool DoMouseWheelDown(TShiftState, TPoint) override { ++wheelDowns; return true; }
@@ -187,4 +191,23 @@ TEST_F(WinControlTest, FontAndColorFollowTheParentUntilSetOwn) {
   EXPECT_EQ(first->Font()->Size(), 8);
   form->SetColor(clYellow);
   EXPECT_EQ(first->Color(), clYellow);
+}
+
+TEST_F(WinControlTest, ShowingAndHidingSendShowingChanged) {
+  first->showings.clear();
+  first->SetVisible(false);
+  first->SetVisible(true);
+  form->Hide();
+  EXPECT_EQ(first->showings, (std::vector<bool>{false, true, false}));
+}
+
+TEST_F(WinControlTest, TakingTheCaptureCancelsTheModeOfItsHolder) {
+  first->SetMouseCapture(true);
+  second->SetMouseCapture(true);
+  EXPECT_EQ(first->cancelModes, std::vector<LPARAM>{LPARAM(static_cast<TControl*>(second))});
+  EXPECT_TRUE(second->cancelModes.empty());
+  second->SetMouseCapture(false);
+  first->SetMouseCapture(true);
+  EXPECT_TRUE(second->cancelModes.empty());
+  first->SetMouseCapture(false);
 }
