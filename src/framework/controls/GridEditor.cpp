@@ -166,30 +166,26 @@ void TInplaceEdit::KeyDown(uint16_t& key, TShiftState shift) {
     return;
   }
   bool caretMoves = grid_->Options().Contains(goAlwaysShowEditor);
+  bool toGrid = false;
   switch (key) {
-    case VK_UP: case VK_DOWN: case VK_PRIOR: case VK_NEXT: case VK_ESCAPE:
-      SendToParent(key, shift);
+    case VK_UP: case VK_DOWN: case VK_PRIOR: case VK_NEXT: case VK_ESCAPE: case VK_TAB:
+      toGrid = true;
       break;
-    case VK_INSERT:
-      if (shift.Empty()) SendToParent(key, shift);
-      break;
-    case VK_LEFT: case VK_HOME:
-      if (shift.Contains(ssCtrl) || (caretMoves && CaretAtStart())) SendToParent(key, shift);
-      break;
-    case VK_RIGHT: case VK_END:
-      if (shift.Contains(ssCtrl) || (caretMoves && CaretAtEnd())) SendToParent(key, shift);
-      break;
-    case VK_TAB:
-      SendToParent(key, shift);
-      break;
-    case VK_F2:
-      Deselect();
-      key = 0;
-      break;
-    case VK_DELETE:
-      if (shift.Contains(ssCtrl)) SendToParent(key, shift);
-      break;
+    case VK_INSERT: toGrid = shift.Empty(); break;
+    case VK_LEFT: case VK_HOME: toGrid = shift.Contains(ssCtrl) || (caretMoves && CaretAtStart()); break;
+    case VK_RIGHT: case VK_END: toGrid = shift.Contains(ssCtrl) || (caretMoves && CaretAtEnd()); break;
+    case VK_DELETE: toGrid = shift.Contains(ssCtrl); break;
     default: break;
+  }
+  if (toGrid) {
+    SendToParent(key, shift);
+    return;
+  }
+  // A key the editor keeps still reaches the grid's OnKeyDown, which may take it.
+  if (grid_->OnKeyDown()) grid_->OnKeyDown()(grid_, key, shift);
+  if (key == VK_F2) {
+    Deselect();
+    key = 0;
   }
   if (key != 0) TCustomMaskEdit::KeyDown(key, shift);
 }

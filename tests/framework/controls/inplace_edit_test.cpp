@@ -204,3 +204,20 @@ TEST_F(InplaceEditTest, KeyTheCellRefusesIsNotTyped) {
   QTest::keyClicks(grid->Editor()->Handle(), "xyx");
   EXPECT_EQ(grid->Editor()->Text(), QStringLiteral("y"));
 }
+
+TEST_F(InplaceEditTest, KeysTheEditorKeepsReachTheGridsOnKeyDown) {
+  std::vector<uint16_t> seen;
+  grid->SetOnKeyDown([&seen](TObject*, uint16_t& key, TShiftState) {
+    seen.push_back(key);
+    if (key == VK_HOME) key = 0;  // the handler may take a key
+  });
+  OpenEditor();
+  seen.clear();
+  grid->keysDown.clear();
+  Key(Qt::Key_End);
+  Key(Qt::Key_Home);
+  EXPECT_EQ(seen, (std::vector<uint16_t>{VK_END, VK_HOME}));
+  EXPECT_TRUE(grid->keysDown.empty());  // not moved between cells
+  EXPECT_EQ(grid->Editor()->SelStart(), 3);  // Home was taken: the caret stays at the end
+  grid->SetOnKeyDown(nullptr);
+}
