@@ -129,6 +129,11 @@ void TInplaceEdit::Hide() {
   if (hadFocus && grid_ && grid_->CanFocus()) grid_->SetFocus();
 }
 
+void TInplaceEdit::Invalidate() {
+  TCustomMaskEdit::Invalidate();
+  if (grid_ && grid_->HandleAllocated()) grid_->InvalidateRect(BoundsRect());
+}
+
 void TInplaceEdit::UpdateLoc(const TRect& rect) { Move(rect); }
 
 bool TInplaceEdit::PosEqual(const TRect& rect) const { return BoundsRect() == rect; }

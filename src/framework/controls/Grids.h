@@ -122,6 +122,8 @@ public:
   // Places the editor on the cell's rectangle, shows it and gives it the focus.
   void Move(const TRect& rect);
   void Hide();
+  // Repaints the cell under the editor as well, for what shows around its text.
+  void Invalidate() override;
   void UpdateLoc(const TRect& rect);
   bool PosEqual(const TRect& rect) const;
   // Takes text, limit and mask from the grid for its current cell.

@@ -62,6 +62,7 @@ public:
 
   using TCustomGrid::Canvas;
   using TCustomGrid::Sizing;
+  using TCustomGrid::ChangeScale;
   bool CanEditModify() override { return modifiable && TCustomGrid::CanEditModify(); }
   bool CanEditAcceptKey(QChar key) override { return !refused.contains(key); }
   bool CanEditShow() override { return editShow && TCustomGrid::CanEditShow(); }

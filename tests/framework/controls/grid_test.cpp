@@ -484,6 +484,18 @@ TEST_F(GridTest, CancelModeEndsASizingDrag) {
   EXPECT_FALSE(grid->MouseCapture());
 }
 
+TEST_F(GridTest, ChangeScaleScalesTheExtentsAndCallsBack) {
+  grid->SetColWidths(2, 90);
+  int cols = grid->colWidthsChanges, rows = grid->rowHeightsChanges;
+  grid->ChangeScale(3, 2);
+  EXPECT_EQ(grid->DefaultColWidth(), 96);
+  EXPECT_EQ(grid->DefaultRowHeight(), 36);
+  EXPECT_EQ(grid->ColWidths(2), 135);
+  EXPECT_EQ(grid->CellRect(3, 1).Width(), 96);
+  EXPECT_GT(grid->colWidthsChanges, cols);
+  EXPECT_GT(grid->rowHeightsChanges, rows);
+}
+
 TEST_F(GridTest, PostedMessageIsFoundAndTakenOut) {
   constexpr UINT kDeferred = WM_USER + 7;
   PostMessage(grid, kDeferred, 3, 4);

@@ -221,3 +221,13 @@ TEST_F(InplaceEditTest, KeysTheEditorKeepsReachTheGridsOnKeyDown) {
   EXPECT_EQ(grid->Editor()->SelStart(), 3);  // Home was taken: the caret stays at the end
   grid->SetOnKeyDown(nullptr);
 }
+
+TEST_F(InplaceEditTest, InvalidatingTheEditorRepaintsTheCellUnderIt) {
+  OpenEditor();
+  grid->Update();
+  grid->drawn.clear();
+  grid->Editor()->Invalidate();
+  grid->Update();
+  EXPECT_TRUE(grid->drawn.count({1, 1}));
+  EXPECT_FALSE(grid->drawn.count({3, 3}));
+}
