@@ -13,7 +13,7 @@ TVarRec::TVarRec(const Variant& value) : value_(std::make_shared<const Variant>(
 
 namespace {
 
-struct Spec {
+struct FormatItem {
   bool leftAlign = false;
   int width = -1;      // -1: none
   int precision = -1;  // -1: none
@@ -76,7 +76,7 @@ private:
   }
 
   QString Directive(qsizetype& pos) {
-    Spec spec;
+    FormatItem item;
     int number = Number(pos);
     if (At(pos, u':')) {
       next_ = size_t(qMax(number, 0));
@@ -84,33 +84,33 @@ private:
       number = -1;
     }
     if (number < 0 && At(pos, u'-')) {
-      spec.leftAlign = true;
+      item.leftAlign = true;
       ++pos;
     }
-    spec.width = number >= 0 ? number : Number(pos);
+    item.width = number >= 0 ? number : Number(pos);
     if (At(pos, u'.')) {
       ++pos;
-      spec.precision = qMax(Number(pos), 0);
+      item.precision = qMax(Number(pos), 0);
     }
     if (pos >= format_.size() || format_[pos].unicode() > 0x7F) Fail();
-    spec.type = char(format_[pos++].toLower().unicode());
-    QString text = Convert(spec, NextArg());
-    if (spec.width > text.size()) {
-      const QString pad(spec.width - text.size(), u' ');
-      text = spec.leftAlign ? text + pad : pad + text;
+    item.type = char(format_[pos++].toLower().unicode());
+    QString text = Convert(item, NextArg());
+    if (item.width > text.size()) {
+      const QString pad(item.width - text.size(), u' ');
+      text = item.leftAlign ? text + pad : pad + text;
     }
     return text;
   }
 
-  QString Convert(const Spec& spec, const TVarRec& arg) const {
+  QString Convert(const FormatItem& item, const TVarRec& arg) const {
     const auto& value = arg.Value();
     const auto* variant = std::get_if<std::shared_ptr<const Variant>>(&value);
-    switch (spec.type) {
+    switch (item.type) {
       case 's': {
-        if (variant) return Truncated(VarToStr(**variant), spec.precision);
+        if (variant) return Truncated(VarToStr(**variant), item.precision);
         const auto* text = std::get_if<QString>(&value);
         if (!text) Fail();
-        return Truncated(*text, spec.precision);
+        return Truncated(*text, item.precision);
       }
       case 'p': {
         const auto* pointer = std::get_if<const void*>(&value);
@@ -118,16 +118,16 @@ private:
         return IntToHex(quintptr(*pointer), int(2 * sizeof(void*)));
       }
       case 'd': case 'u': case 'x': {
-        if (variant) return Integer(spec, (*variant)->AsInt64(), false);
+        if (variant) return Integer(item, (*variant)->AsInt64(), false);
         const auto* integer = std::get_if<int64_t>(&value);
         if (!integer) Fail();
-        return Integer(spec, *integer, arg.IsNarrow());
+        return Integer(item, *integer, arg.IsNarrow());
       }
       case 'e': case 'f': case 'g': case 'n': case 'm': {
-        if (variant) return Real(spec, (*variant)->AsDouble());
+        if (variant) return Real(item, (*variant)->AsDouble());
         const auto* real = std::get_if<double>(&value);
         if (!real) Fail();
-        return Real(spec, *real);
+        return Real(item, *real);
       }
       default:
         Fail();
@@ -138,22 +138,22 @@ private:
     return precision >= 0 ? text.left(precision) : text;
   }
 
-  static QString Integer(const Spec& spec, int64_t value, bool narrow) {
+  static QString Integer(const FormatItem& item, int64_t value, bool narrow) {
     const uint64_t bits = narrow ? uint64_t(uint32_t(value)) : uint64_t(value);
-    const bool negative = spec.type == 'd' && value < 0;
+    const bool negative = item.type == 'd' && value < 0;
     QString digits;
-    if (spec.type == 'x') digits = QString::number(bits, 16).toUpper();
-    else if (spec.type == 'u') digits = QString::number(bits);
+    if (item.type == 'x') digits = QString::number(bits, 16).toUpper();
+    else if (item.type == 'u') digits = QString::number(bits);
     else digits = QString::number(negative ? 0 - uint64_t(value) : uint64_t(value));
-    if (spec.precision > digits.size()) digits = digits.rightJustified(spec.precision, u'0');
+    if (item.precision > digits.size()) digits = digits.rightJustified(item.precision, u'0');
     return negative ? u'-' + digits : digits;
   }
 
   // Fixed forms read 18 significant digits before rounding to the decimals, as an
   // 80-bit extended formatter does.
-  QString Real(const Spec& spec, double value) const {
-    const int precision = spec.precision;
-    switch (spec.type) {
+  QString Real(const FormatItem& item, double value) const {
+    const int precision = item.precision;
+    switch (item.type) {
       case 'e':
         return FloatToStrF(value, ffExponent, precision < 0 ? 15 : precision, 3, settings_);
       case 'f':
