@@ -4,14 +4,11 @@
 
 #include "framework/controls/Controls_p.h"
 #include "framework/controls/KeyMapping.h"
+#include "framework/controls/MaskEdit_p.h"
 
 namespace quil {
 
 namespace {
-
-QLineEdit* LineEdit(const TWinControl* control) {
-  return static_cast<QLineEdit*>(control->Private()->Widget());
-}
 
 // Qt's code for each mask character; a null char for a literal.
 QChar QtMaskChar(QChar ch) {

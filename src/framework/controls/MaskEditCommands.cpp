@@ -9,17 +9,10 @@
 #include "framework/controls/Clipboard.h"
 #include "framework/controls/Controls_p.h"
 #include "framework/controls/MaskEdit.h"
+#include "framework/controls/MaskEdit_p.h"
 #include "framework/controls/VirtualKeys.h"
 
 namespace quil {
-
-namespace {
-
-QLineEdit* LineEdit(const TWinControl* control) {
-  return static_cast<QLineEdit*>(control->Private()->Widget());
-}
-
-}  // namespace
 
 UINT TCustomMaskEdit::EditCommand(uint16_t key, TShiftState shift) {
   const TShiftState ctrl{ssCtrl}, shiftOnly{ssShift}, alt{ssAlt};

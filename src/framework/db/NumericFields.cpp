@@ -48,6 +48,16 @@ void TNumericField::InvalidText(const QString& text, const QString& message) con
   DatabaseError(Format(message, {text, DisplayName()}), DataSet());
 }
 
+void TNumericField::SetIntegerText(const QString& value) {
+  if (value.isEmpty()) {
+    Clear();
+    return;
+  }
+  int64_t number = 0;
+  if (!TryStrToInt64(value, number)) InvalidText(value, SInvalidIntegerValue);
+  SetAsLargeInt(number);
+}
+
 // --- Integers -------------------------------------------------------------------------
 
 const TMetaClass& TIntegerField::StaticClass() {
@@ -71,15 +81,7 @@ QString TIntegerField::GetAsString() const {
   return GetData(&value) ? IntToStr(value) : QString();
 }
 
-void TIntegerField::SetAsStringValue(const QString& value) {
-  if (value.isEmpty()) {
-    Clear();
-    return;
-  }
-  int64_t number = 0;
-  if (!TryStrToInt64(value, number)) InvalidText(value, SInvalidIntegerValue);
-  SetAsLargeInt(number);
-}
+void TIntegerField::SetAsStringValue(const QString& value) { SetIntegerText(value); }
 
 int TIntegerField::GetAsInteger() const {
   int32_t value = 0;
@@ -146,15 +148,7 @@ QString TLargeintField::GetAsString() const {
   return GetData(&value) ? IntToStr(value) : QString();
 }
 
-void TLargeintField::SetAsStringValue(const QString& value) {
-  if (value.isEmpty()) {
-    Clear();
-    return;
-  }
-  int64_t number = 0;
-  if (!TryStrToInt64(value, number)) InvalidText(value, SInvalidIntegerValue);
-  SetAsLargeInt(number);
-}
+void TLargeintField::SetAsStringValue(const QString& value) { SetIntegerText(value); }
 
 int64_t TLargeintField::GetAsLargeInt() const {
   int64_t value = 0;

@@ -30,6 +30,8 @@ protected:
   bool FormattedText(QString& text, bool displayText) const;
   void GetText(QString& text, bool displayText) const override;
   [[noreturn]] void InvalidText(const QString& text, const QString& message) const;
+  // An integer text: empty clears, anything else must be a whole number.
+  void SetIntegerText(const QString& value);
 
 private:
   QString displayFormat_;
