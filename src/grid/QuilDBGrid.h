@@ -10,6 +10,7 @@
 #include "framework/controls/Timer.h"
 #include "grid/QuilDBGridColumns.h"
 #include "grid/QuilDBGridFilter.h"
+#include "grid/QuilDBGridGlyphs.h"
 #include "grid/QuilDBGridGradient.h"
 #include "grid/QuilDBGridOptions.h"
 #include "grid/QuilDBGridParts.h"
@@ -185,6 +186,26 @@ public:
   int StretchWidthMin() const { return stretchWidthMin_; }
   void SetStretchWidthMin(int value) { SetLimit(stretchWidthMin_, value); }
 
+  // --- Glyphs (QuilDBGridMarkers.cpp); the look changes call LayoutChanged.
+  TMarkerStyle MarkerStyle() const { return markerStyle_; }
+  void SetMarkerStyle(TMarkerStyle value);
+  TMarkerTransparent MarkerTransparent() const { return markerTransparent_; }
+  void SetMarkerTransparent(TMarkerTransparent value);
+  // An application's lists in place of the built-in row marks and sort markers.
+  TImageList* IndicatorImages() const { return indicatorImages_; }
+  void SetIndicatorImages(TImageList* value);
+  TImageList* TitleMarkers() const { return titleMarkers_; }
+  void SetTitleMarkers(TImageList* value);
+  TImageList* GetIndicators() const;
+  TImageList* GetMarkers() const;
+  // The built-in lists; the marker list exists from the first layout on.
+  TImageList* Indicators() const { return indicators_.get(); }
+  TImageList* Markers() const { return markers_.get(); }
+  TImageList* CheckBoxes() const { return checkBoxes_.get(); }
+  TImageList* ExpandBoxes() const { return expandBoxes_.get(); }
+  // Rebuilds the built-in lists when the look or the pixels per inch changed.
+  void RecreateMarkers();
+
   // --- The row window
   int TitleOffset() const { return titleOffset_; }
   int IndicatorOffset() const { return indicatorOffset_; }
@@ -357,6 +378,10 @@ private:
   void RecalcTotals();
   bool RecalcSequence();
   void ReloadListItems();
+  // Glyphs
+  void LoadIndicatorList(int ppi, const QString& styleName);
+  void LoadBoxLists(int ppi);
+  QString GlyphStyleName() const;
   // Painting
   void DrawTitleCell(int dataCol, const TRect& rect);
   void DrawDataCell(int dataCol, int bufferRow, const TRect& rect);
@@ -428,6 +453,19 @@ private:
   int defaultWidthMin_ = -1;
   int stretchWidthMax_ = -1;
   int stretchWidthMin_ = -1;
+
+  TMarkerStyle markerStyle_ = msAuto;
+  TMarkerTransparent markerTransparent_ = mtAuto;
+  TImageList* indicatorImages_ = nullptr;
+  TImageList* titleMarkers_ = nullptr;
+  std::unique_ptr<TImageList> indicators_;
+  std::unique_ptr<TImageList> markers_;
+  std::unique_ptr<TImageList> checkBoxes_;
+  std::unique_ptr<TImageList> expandBoxes_;
+  // What the built-in lists were made for; key -1 before the first RecreateMarkers.
+  int markersKey_ = -1;
+  QString markersStyleName_;
+  int markersPPI_ = 0;
 };
 
 // The grid as placed on a form: it only publishes.

@@ -41,7 +41,10 @@ const TMetaClass& TQuilDBGrid::StaticClass() {
           .Published(BoolProp("Enabled", &TQuilDBGrid::GridEnabled, &TQuilDBGrid::SetEnabled).Default(true))
           .Published(IntProp("FixedCols", &TQuilDBGrid::FixedCols, &TQuilDBGrid::SetFixedCols).Default(0))
           .Published(BoolProp("ReadOnly", &TQuilDBGrid::ReadOnly, &TQuilDBGrid::SetReadOnly).Default(false))
-          .Published(StrProp("Hint", &TQuilDBGrid::Hint, &TQuilDBGrid::SetHint));
+          .Published(StrProp("Hint", &TQuilDBGrid::Hint, &TQuilDBGrid::SetHint))
+          .Published(EnumProp("MarkerStyle", &TQuilDBGrid::MarkerStyle, &TQuilDBGrid::SetMarkerStyle).Default(msAuto))
+          .Published(EnumProp("MarkerTransparent", &TQuilDBGrid::MarkerTransparent, &TQuilDBGrid::SetMarkerTransparent)
+                         .Default(mtAuto));
   return meta;
 }
 
@@ -59,6 +62,8 @@ TQuilCustomDBGrid::TQuilCustomDBGrid(TComponent* owner)
   optionsEx_ = DefaultGridOptionsEx;
   optionsExt_ = DefaultGridOptionsExt;
   parentCustomHint_ = false;
+  LoadIndicatorList(GetCurrentPPI(), GlyphStyleName());
+  LoadBoxLists(GetCurrentPPI());
   designOptionsBoost_ = {goRowSizing, goColSizing};
   // The vertical scroll bar belongs to the record window, not to the base grid's rows.
   TCustomGrid::SetScrollBars(ssHorizontal);

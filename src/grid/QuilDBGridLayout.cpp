@@ -100,7 +100,7 @@ void TQuilCustomDBGrid::InternalLayout() {
   // FIXME: row and column selection update their offsets here.
   titleOffset_ = uint8_t(ComputeTitleOffset());
   ComputeTotalRows();
-  // FIXME: title markers are recreated here.
+  RecreateMarkers();
   UpdateRowCount();
   MeasureRows();
   UpdateRowCount();
@@ -235,10 +235,12 @@ void TQuilCustomDBGrid::Notification(TComponent* component, TOperation operation
     SetDataSource(nullptr);
     return;
   }
-  // FIXME: master grids, image lists, the filler's and indicator's popup menus, the
-  // columns' and titles' menus and the totals' data source let go of the component
-  // here once their holders exist.
+  // FIXME: master grids, title images, the totals' and columns' images, the filler's
+  // and indicator's popup menus, the columns' and titles' menus and the totals' data
+  // source let go of the component here once their holders exist.
   if (component == customHint_) customHint_ = nullptr;
+  if (component == indicatorImages_) indicatorImages_ = nullptr;
+  if (component == titleMarkers_) titleMarkers_ = nullptr;
   for (int index = 0; index < columns_->Count(); ++index)
     if (columns_->Items(index)->LookupDataSet() == component) columns_->Items(index)->SetLookupDataSet(nullptr);
   if (component == static_cast<TComponent*>(PopupMenu())) SetPopupMenu(nullptr);

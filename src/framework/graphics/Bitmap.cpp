@@ -165,6 +165,19 @@ void TBitmap::Changed() {
   TGraphic::Changed();
 }
 
+std::unique_ptr<TBitmap> CreateMappedBmp(const TBitmap* source, const std::vector<TColor>& oldColors,
+                                         const std::vector<TColor>& newColors) {
+  auto result = std::make_unique<TBitmap>();
+  if (!source) return result;
+  result->Assign(source);
+  if (source->Empty()) return result;
+  std::vector<std::pair<TColor, TColor>> pairs;
+  for (size_t index = 0; index < std::min(oldColors.size(), newColors.size()); ++index)
+    pairs.emplace_back(ColorToRGB(oldColors[index]), ColorToRGB(newColors[index]));
+  result->AssignImage(MapColors(source->ToImage(), pairs));
+  return result;
+}
+
 QImage TBitmap::DrawingImage() const {
   const QImage& image = d_->image;
   if (!Transparent() || image.isNull()) return image;

@@ -4,6 +4,7 @@
 // Files load in any format Qt reads and save as BMP.
 
 #include <memory>
+#include <vector>
 
 #include "framework/graphics/Colors.h"
 #include "framework/graphics/Graphic.h"
@@ -72,5 +73,11 @@ private:
   TColor transparentColor_ = clDefault;
   std::unique_ptr<TBitmapPrivate> d_;
 };
+
+// A copy of source in which each pixel of oldColors[i] takes newColors[i]; system
+// colors resolve through the active style, and each pixel is mapped once, so a new
+// color that is also an old one stays. Other pixels, and extra colors, are left.
+std::unique_ptr<TBitmap> CreateMappedBmp(const TBitmap* source, const std::vector<TColor>& oldColors,
+                                         const std::vector<TColor>& newColors);
 
 }  // namespace quil

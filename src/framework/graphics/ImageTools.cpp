@@ -21,6 +21,17 @@ QImage MapPixels(const QImage& image, Change change) {
 int Mix(int a, int b, int percentOfB) { return (a * (100 - percentOfB) + b * percentOfB + 50) / 100; }
 }  // namespace
 
+QImage MapColors(const QImage& image, const std::vector<std::pair<TColor, TColor>>& pairs) {
+  std::vector<std::pair<QRgb, QRgb>> keys;
+  for (const auto& [from, to] : pairs) keys.emplace_back(ToQRgb(from) & RGB_MASK, ToQRgb(to) & RGB_MASK);
+  return MapPixels(image, [&keys](QRgb pixel, int, int) {
+    if (qAlpha(pixel) != 255) return pixel;
+    for (const auto& [from, to] : keys)
+      if ((pixel & RGB_MASK) == from) return to | 0xFF000000u;
+    return pixel;
+  });
+}
+
 QImage MaskColor(const QImage& image, TColor color) {
   const QRgb key = ToQRgb(color) & RGB_MASK;
   return MapPixels(image, [key](QRgb pixel, int, int) {

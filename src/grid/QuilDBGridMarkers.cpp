@@ -1,0 +1,87 @@
+// The grid's built-in glyph lists: loaded in the constructor, rebuilt by
+// RecreateMarkers at each layout when the look or the pixels per inch changed.
+#include "grid/QuilDBGrid.h"
+
+namespace quil {
+
+void TQuilCustomDBGrid::SetMarkerStyle(TMarkerStyle value) {
+  if (markerStyle_ == value) return;
+  markerStyle_ = value;
+  LayoutChanged();
+}
+
+void TQuilCustomDBGrid::SetMarkerTransparent(TMarkerTransparent value) {
+  if (markerTransparent_ == value) return;
+  markerTransparent_ = value;
+  LayoutChanged();
+}
+
+void TQuilCustomDBGrid::SetIndicatorImages(TImageList* value) {
+  if (indicatorImages_ == value) return;
+  if (indicatorImages_) indicatorImages_->RemoveFreeNotification(this);
+  indicatorImages_ = value;
+  if (value) value->FreeNotification(this);
+  if (options_.Contains(dgIndicator)) LayoutChanged();
+}
+
+void TQuilCustomDBGrid::SetTitleMarkers(TImageList* value) {
+  if (titleMarkers_ == value) return;
+  if (titleMarkers_) titleMarkers_->RemoveFreeNotification(this);
+  titleMarkers_ = value;
+  if (value) value->FreeNotification(this);
+  if (options_.Contains(dgTitles)) LayoutChanged();
+}
+
+TImageList* TQuilCustomDBGrid::GetIndicators() const { return indicatorImages_ ? indicatorImages_ : indicators_.get(); }
+
+TImageList* TQuilCustomDBGrid::GetMarkers() const { return titleMarkers_ ? titleMarkers_ : markers_.get(); }
+
+// FIXME: visual styles add the system's own look of fixed cells (IsSystemStyle of
+// sseFixed), which takes the active style's name as well.
+QString TQuilCustomDBGrid::GlyphStyleName() const {
+  return TStyleManager::IsCustomStyleActive() ? TStyleManager::ActiveStyle().Name() : QString();
+}
+
+void TQuilCustomDBGrid::LoadIndicatorList(int ppi, const QString& styleName) {
+  TBitmap strip;
+  LoadGlyphStrip(&strip, SIndicatorsResource, ppi);
+  RecolorGlyphs(&strip, msFlat, true, true, !styleName.isEmpty());
+  indicators_ = MakeGlyphList(&strip, false);
+}
+
+void TQuilCustomDBGrid::LoadBoxLists(int ppi) {
+  TBitmap strip;
+  LoadGlyphStrip(&strip, SCheckBoxesResource, ppi);
+  checkBoxes_ = MakeGlyphList(&strip, false);
+  LoadGlyphStrip(&strip, SExpandBoxesResource, ppi);
+  expandBoxes_ = MakeGlyphList(&strip, true);
+}
+
+void TQuilCustomDBGrid::RecreateMarkers() {
+  // FIXME: visual styles answer IsGridThemed and FixedStyle; until then a custom style
+  // is the only theme and every grid has the default fixed style.
+  const bool themed = TStyleManager::IsCustomStyleActive();
+  const int fixedStyle = 0;
+  TMarkerStyle style = ResolveMarkerStyle(markerStyle_, themed, fixedStyle);
+  bool transparent = ResolveMarkerTransparent(markerTransparent_, style);
+  bool force = optionsExt_.Contains(dgForceSystemMarker);
+  const QString styleName = GlyphStyleName();
+  if (!styleName.isEmpty()) {
+    style = msRaisedMild;
+    transparent = true;
+  }
+  const int key = 3 * (4 * transparent) + style + 3 * (8 * force);
+  const int ppi = GetCurrentPPI();
+  if (key == markersKey_ && styleName == markersStyleName_ && ppi == markersPPI_) return;
+  TBitmap strip;
+  LoadGlyphStrip(&strip, SMarkersResource, ppi);
+  RecolorGlyphs(&strip, style, transparent, force, !styleName.isEmpty());
+  markers_ = MakeGlyphList(&strip, false);
+  LoadIndicatorList(ppi, styleName);
+  LoadBoxLists(ppi);
+  markersKey_ = key;
+  markersStyleName_ = styleName;
+  markersPPI_ = ppi;
+}
+
+}  // namespace quil
