@@ -245,7 +245,7 @@ Mask CheckMark(int size, const QRect& area) {
   return mask;
 }
 
-Mask Cross(int size, const QRect& area) {
+Mask CrossMark(int size, const QRect& area) {
   Mask mask(size);
   const int side = std::min(area.width(), area.height());
   const int thick = std::max(2, Round(side * 2 / 7.0));
@@ -267,7 +267,7 @@ Mask FilledBox(int size, const QRect& area) {
 
 void DrawCheckBoxes(QImage& strip, int size) {
   const QRect area = MarkArea(size);
-  const Mask marks[3] = {CheckMark(size, area), Cross(size, area), FilledBox(size, area)};
+  const Mask marks[3] = {CheckMark(size, area), CrossMark(size, area), FilledBox(size, area)};
   for (int kind = 0; kind < 3; ++kind) {
     Cell checked(strip, kind * 3 + 1, size);
     checked.Paint(marks[kind], kBlack);
@@ -390,92 +390,108 @@ Mask StemArrow(const Pen& pen, Direction direction, bool bar) {
   return mask;
 }
 
+// A text cursor: the row is being edited.
+Mask TextCursor(const Pen& pen) {
+  const int size = pen.size;
+  const int height = SameParity(11 * pen.unit, 1);
+  const int serif = SameParity(5 * pen.unit, pen.stroke);
+  const int top = (size - height) / 2;
+  Mask mask(size);
+  mask.FillRect((size - pen.stroke) / 2, top, pen.stroke, height);
+  mask.FillRect((size - serif) / 2, top, serif, pen.stroke);
+  mask.FillRect((size - serif) / 2, top + height - pen.stroke, serif, pen.stroke);
+  return mask;
+}
+
+// An asterisk: a new row.
+Mask Asterisk(const Pen& pen) {
+  const double arm = 4 * pen.unit;
+  const double center = pen.size / 2.0;
+  std::vector<QLineF> lines;
+  for (double degrees : {90.0, 30.0, 150.0}) {
+    const double dx = arm * std::cos(degrees * M_PI / 180), dy = arm * std::sin(degrees * M_PI / 180);
+    lines.emplace_back(center - dx, center - dy, center + dx, center + dy);
+  }
+  return Lines(pen, lines, pen.stroke + (pen.unit >= 1.5 ? 1 : 0));
+}
+
+// An ellipsis: more.
+Mask Ellipsis(const Pen& pen) {
+  const int dot = std::max(2, pen.stroke);
+  const int spacing = dot + Round(2 * pen.unit);
+  const int left = (pen.size - 2 * spacing - dot) / 2;
+  Mask mask(pen.size);
+  for (int count = 0; count < 3; ++count) mask.FillRect(left + count * spacing, (pen.size - dot) / 2 + 1, dot, dot);
+  return mask;
+}
+
+Mask PlusOrMinus(const Pen& pen, bool plus) {
+  const int size = pen.size;
+  const int length = SameParity(9 * pen.unit, pen.stroke);
+  Mask mask(size);
+  mask.FillRect((size - length) / 2, (size - pen.stroke) / 2, length, pen.stroke);
+  if (plus) mask.FillRect((size - pen.stroke) / 2, (size - length) / 2, pen.stroke, length);
+  return mask;
+}
+
+// A magnifier: search.
+Mask Magnifier(const Pen& pen) {
+  const int lens = Round(8 * pen.unit);
+  const double center = pen.size / 2.0 - pen.unit;
+  const double reach = lens / 2.0 - 0.5;
+  const double from = center + reach * 0.75, to = center + reach + 3.5 * pen.unit;
+  return Ring(pen, lens, center, center).Add(Lines(pen, {QLineF(from, from, to, to)}, pen.stroke + 1));
+}
+
+Mask DoubleTriangle(const Pen& pen, Direction direction) {
+  const int base = Odd(7 * pen.unit);
+  const int depth = (base + 1) / 2;
+  const int offset = (depth + 1) / 2;
+  return CenteredTriangle(pen.size, direction, base, -offset)
+      .Add(CenteredTriangle(pen.size, direction, base, depth - offset));
+}
+
+// A cross: close.
+Mask Cross(const Pen& pen) {
+  const double reach = 3.5 * pen.unit - 0.5;
+  const double from = pen.size / 2.0 - reach, to = pen.size / 2.0 + reach - 1;
+  return Lines(pen, {QLineF(from, from, to, to), QLineF(from, to, to, from)}, pen.stroke);
+}
+
 Mask IndicatorGlyph(const Pen& pen, int index) {
   const int size = pen.size;
-  const double unit = pen.unit;
-  const double middle = size / 2.0;
+  const int mark = Odd(9 * pen.unit), arrow = Odd(7 * pen.unit);
   switch (index) {
-    case 0: return CenteredTriangle(size, Direction::Right, Odd(9 * unit));
-    case 1: {  // a text cursor: the row is being edited
-      const int height = SameParity(11 * unit, 1);
-      const int serif = SameParity(5 * unit, pen.stroke);
-      const int top = (size - height) / 2;
-      Mask mask(size);
-      mask.FillRect((size - pen.stroke) / 2, top, pen.stroke, height);
-      mask.FillRect((size - serif) / 2, top, serif, pen.stroke);
-      mask.FillRect((size - serif) / 2, top + height - pen.stroke, serif, pen.stroke);
-      return mask;
-    }
-    case 2: {  // an asterisk: a new row
-      const double arm = 4 * unit;
-      const double cx = (size - 1) / 2.0 + 0.5, cy = cx;
-      std::vector<QLineF> lines;
-      for (double degrees : {90.0, 30.0, 150.0}) {
-        const double radians = degrees * M_PI / 180;
-        lines.emplace_back(cx - arm * std::cos(radians), cy - arm * std::sin(radians), cx + arm * std::cos(radians),
-                           cy + arm * std::sin(radians));
-      }
-      return Lines(pen, lines, pen.stroke + (unit >= 1.5 ? 1 : 0));
-    }
-    case 3: return Dot(pen, Round(6 * unit), size / 2, size / 2);
+    case 0: return CenteredTriangle(size, Direction::Right, mark);
+    case 1: return TextCursor(pen);
+    case 2: return Asterisk(pen);
+    case 3: return Dot(pen, Round(6 * pen.unit), size / 2, size / 2);
     case 4: return MarkAndDot(pen, false);
-    case 5: return Bars(pen, Odd(9 * unit), 3, Round(3 * unit) + (pen.stroke - 1));
-    case 6: return CenteredTriangle(size, Direction::Right, Odd(9 * unit)).Outline();
+    case 5: return Bars(pen, mark, 3, Round(3 * pen.unit) + (pen.stroke - 1));
+    case 6: return CenteredTriangle(size, Direction::Right, mark).Outline();
     case 7: return MarkAndDot(pen, true);
-    case 8: return CenteredTriangle(size, Direction::Up, Odd(7 * unit));
-    case 9: return CenteredTriangle(size, Direction::Down, Odd(7 * unit));
-    case 10: return CenteredTriangle(size, Direction::Left, Odd(7 * unit));
-    case 11: return CenteredTriangle(size, Direction::Right, Odd(7 * unit));
+    case 8: return CenteredTriangle(size, Direction::Up, arrow);
+    case 9: return CenteredTriangle(size, Direction::Down, arrow);
+    case 10: return CenteredTriangle(size, Direction::Left, arrow);
+    case 11: return CenteredTriangle(size, Direction::Right, arrow);
     case 12: {
-      const int side = Round(9 * unit);
+      const int side = Round(9 * pen.unit);
       return CheckMark(size, QRect((size - side) / 2, (size - side) / 2, side, side));
     }
-    case 13: {  // an ellipsis: more
-      const int dot = std::max(2, pen.stroke);
-      const int spacing = dot + Round(2 * unit);
-      Mask mask(size);
-      const int left = (size - 2 * spacing - dot) / 2;
-      for (int count = 0; count < 3; ++count) mask.FillRect(left + count * spacing, (size - dot) / 2 + 1, dot, dot);
-      return mask;
-    }
-    case 14:
-    case 15: {
-      const int length = SameParity(9 * unit, pen.stroke);
-      Mask mask(size);
-      mask.FillRect((size - length) / 2, (size - pen.stroke) / 2, length, pen.stroke);
-      if (index == 14) mask.FillRect((size - pen.stroke) / 2, (size - length) / 2, pen.stroke, length);
-      return mask;
-    }
-    case 16: {  // a magnifier: search
-      const int lens = Round(8 * unit);
-      const double cx = middle - unit, cy = middle - unit;
-      const double reach = lens / 2.0 - 0.5;
-      Mask mask = Ring(pen, lens, cx, cy);
-      const double from = cx + reach * 0.75, to = cx + reach + 3.5 * unit;
-      return mask.Add(Lines(pen, {QLineF(from, from, to, to)}, pen.stroke + 1));
-    }
-    case 17:
-    case 18: {
-      const Direction direction = index == 17 ? Direction::Left : Direction::Right;
-      const int base = Odd(7 * unit);
-      const int depth = (base + 1) / 2;
-      const int offset = (depth + 1) / 2;
-      return CenteredTriangle(size, direction, base, -offset).Add(CenteredTriangle(size, direction, base, depth - offset));
-    }
-    case 19: return Ring(pen, Round(8 * unit), middle, middle);
+    case 13: return Ellipsis(pen);
+    case 14: return PlusOrMinus(pen, true);
+    case 15: return PlusOrMinus(pen, false);
+    case 16: return Magnifier(pen);
+    case 17: return DoubleTriangle(pen, Direction::Left);
+    case 18: return DoubleTriangle(pen, Direction::Right);
+    case 19: return Ring(pen, Round(8 * pen.unit), size / 2.0, size / 2.0);
     case 20: return Funnel(pen).Outline();
     case 21: return Funnel(pen);
     case 22: return StemArrow(pen, Direction::Up, false);
     case 23: return StemArrow(pen, Direction::Down, false);
     case 24: return StemArrow(pen, Direction::Up, true);
     case 25: return StemArrow(pen, Direction::Down, true);
-    case 26: {  // a cross: close
-      const double reach = 3.5 * unit - 0.5;
-      const double center = size / 2.0;
-      return Lines(pen, {QLineF(center - reach, center - reach, center + reach - 1, center + reach - 1),
-                         QLineF(center - reach, center + reach - 1, center + reach - 1, center - reach)},
-                   pen.stroke);
-    }
+    case 26: return Cross(pen);
   }
   return Mask(size);
 }
