@@ -121,11 +121,8 @@ void TImageList::Draw(TCanvas* canvas, int x, int y, int index, bool enabled) {
   TCanvasPrivate* d = TCanvasPrivate::Get(canvas);
   QPainter* painter = d->Painter();
   if (!painter) return;
-  QImage image = d_->images[size_t(index)];
+  QImage image = StyledImage(index);
   if (!enabled) image = GrayedImage(image);
-  const TColor blend = blendColor_ == clNone ? clHighlight : blendColor_;
-  if (drawingStyle_ == dsFocus) image = BlendImage(image, blend, 25);
-  if (drawingStyle_ == dsSelected) image = BlendImage(image, blend, 50);
   if (canvas->CanvasOrientation() == coRightToLeft) image = image.mirrored(true, false);
   const QRect target = d->Map(Bounds(x, y, width_, height_));
   if (bkColor_ != clNone && drawingStyle_ != dsTransparent) painter->fillRect(target, ToQColor(bkColor_));
@@ -136,8 +133,16 @@ void TImageList::GetBitmap(int index, TBitmap* bitmap) {
   if (!bitmap || index < 0 || index >= Count()) return;
   QImage result(width_, height_, QImage::Format_ARGB32_Premultiplied);
   result.fill(bkColor_ == clNone ? QColor(Qt::transparent) : ToQColor(bkColor_));
-  QPainter(&result).drawImage(0, 0, d_->images[size_t(index)]);
+  QPainter(&result).drawImage(0, 0, StyledImage(index));
   bitmap->AssignImage(result);
+}
+
+QImage TImageList::StyledImage(int index) const {
+  const QImage& image = d_->images[size_t(index)];
+  const TColor blend = blendColor_ == clNone ? clHighlight : blendColor_;
+  if (drawingStyle_ == dsFocus) return BlendImage(image, blend, 25);
+  if (drawingStyle_ == dsSelected) return BlendImage(image, blend, 50);
+  return image;
 }
 
 void TImageList::SetBkColor(TColor color) {

@@ -9,6 +9,8 @@
 #include "framework/rtl/Component.h"
 #include "framework/rtl/Events.h"
 
+class QImage;
+
 namespace quil {
 
 class TBitmap;
@@ -49,7 +51,8 @@ public:
   bool LoadStrip(const QString& fileOrResource, TColor maskColor, int width = 0);
 
   void Draw(TCanvas* canvas, int x, int y, int index, bool enabled = true);
-  // Copies image index into bitmap, sized to the list, over BkColor (or transparent).
+  // Copies image index into bitmap, sized to the list, over BkColor (or transparent),
+  // blended as DrawingStyle draws it.
   void GetBitmap(int index, TBitmap* bitmap);
 
   // Filled behind each image when not clNone.
@@ -65,6 +68,8 @@ public:
 
 private:
   void Changed();
+  // The image as DrawingStyle shows it.
+  QImage StyledImage(int index) const;
 
   int width_ = 16;
   int height_ = 16;

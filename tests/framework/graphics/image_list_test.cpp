@@ -67,3 +67,21 @@ TEST(ImageList, GetBitmapCopiesOneImageAndDeleteShifts) {
   images.Clear();
   EXPECT_EQ(images.Count(), 0);
 }
+
+TEST(ImageList, GetBitmapBlendsAsTheDrawingStyleDraws) {
+  TImageList images(8, 8);
+  TBitmap strip;
+  MakeStrip(strip, {clRed});
+  images.AddMasked(&strip, clFuchsia);
+  images.SetBlendColor(clBlue);
+  images.SetDrawingStyle(dsSelected);
+  TBitmap copy;
+  images.GetBitmap(0, &copy);
+  // Half red, half blue where the image has color; the masked pixels stay clear.
+  EXPECT_EQ(test::PixelAt(copy, 3, 3), RGB(128, 0, 128));
+  EXPECT_EQ(qAlpha(copy.ToImage().pixel(0, 0)), 0);
+  TBitmap drawn;
+  test::WhiteBitmap(drawn, 8, 8);
+  images.Draw(drawn.Canvas(), 0, 0, 0);
+  EXPECT_EQ(test::PixelAt(drawn, 3, 3), test::PixelAt(copy, 3, 3));
+}
