@@ -8,6 +8,7 @@
 
 #include "framework/controls/Grids.h"
 #include "framework/controls/Timer.h"
+#include "framework/graphics/StyleServices.h"
 #include "grid/QuilDBGridColumns.h"
 #include "grid/QuilDBGridFilter.h"
 #include "grid/QuilDBGridGlyphs.h"
@@ -16,6 +17,7 @@
 #include "grid/QuilDBGridParts.h"
 #include "grid/QuilDBGridSearch.h"
 #include "grid/QuilDBGridSettings.h"
+#include "grid/QuilDBGridStyle.h"
 #include "grid/QuilDBGridTreeView.h"
 #include "grid/QuilScrollProp.h"
 #include "grid/QuilGridDataLink.h"
@@ -135,9 +137,6 @@ public:
   void SetTitleLinesCount(int value);
   int HeaderLinesCount() const { return headerLinesCount_; }
   void SetHeaderLinesCount(int value);
-  // clNone for plain rows; stripes depend on a row's place, so scrolling repaints.
-  TColor StripeColor() const { return stripeColor_; }
-  void SetStripeColor(TColor value);
   // Below 1 counts as 1; rows and the buffer follow the new line width.
   void SetGridLineWidth(int value);
   // The client area changes, and the rows that fit with it.
@@ -284,9 +283,113 @@ public:
   // The base grid row of a buffered record.
   int DataRowToRaw(int bufferRow) const { return bufferRow + titleOffset_; }
 
+  // --- Visual styles and colors (QuilDBGridStyle.cpp, QuilDBGridColors.cpp,
+  // QuilDBGridInvalidate.cpp). A color property may hold clNone (none) or clDefault
+  // (the default of its Default... operation).
+  TFixedStyle FixedStyle() const { return fixedStyle_; }
+  void SetFixedStyle(TFixedStyle value);
+  TFixedTheme FixedTheme() const { return fixedTheme_; }
+  void SetFixedTheme(TFixedTheme value);
+  // Also moves FillerColor, HeaderColor and Totals.Color that still follow it.
+  void SetFixedColor(TColor value);
+  TColor FillerColor() const { return fillerColor_; }
+  void SetFillerColor(TColor value);
+  bool IsFillerColorStored() const { return fillerColor_ != FixedColor(); }
+  // Worked out from FixedTheme and Gradient.Active; setting it sets those.
+  TGridDrawingStyle DrawingStyle() const { return GetDrawingStyle(); }
+  void SetDrawingStyle(TGridDrawingStyle value);
+  TGridDrawingStyle GetDrawingStyle() const;
+  TFocusRect FocusRect() const { return focusRect_; }
+  void SetFocusRect(TFocusRect value);
+  THotButtons HotButtons() const { return hotButtons_; }
+  void SetHotButtons(THotButtons value);
+  TListBorder ListBorder() const { return listBorder_; }
+  void SetListBorder(TListBorder value);
+  TColor HighlightText() const { return highlightText_; }
+  void SetHighlightText(TColor value) { SetDrawingColor(highlightText_, value, gdoHighlightText); }
+  TColor SelectCellColor() const { return selectCellColor_; }
+  void SetSelectCellColor(TColor value) { SetDrawingColor(selectCellColor_, value, gdoSelectedCell); }
+  TColor SelectRowColor() const { return selectRowColor_; }
+  void SetSelectRowColor(TColor value) { SetDrawingColor(selectRowColor_, value, gdoSelectedRow); }
+  TColor SelectionColor() const { return selectionColor_; }
+  void SetSelectionColor(TColor value) { SetDrawingColor(selectionColor_, value, gdoMultiSelected); }
+  // Every second row; stripes keep to the screen rows, so scrolling repaints the data.
+  TColor StripeColor() const { return stripeColor_; }
+  void SetStripeColor(TColor value) { SetDrawingColor(stripeColor_, value, gdoStripedRows); }
+  TColor EditorColor() const { return editorColor_; }
+  void SetEditorColor(TColor value);
+  TColor DataColLineColor() const { return dataColLineColor_; }
+  void SetDataColLineColor(TColor value) { SetDrawingColor(dataColLineColor_, value, gdoDataColLines); }
+  TColor DataRowLineColor() const { return dataRowLineColor_; }
+  void SetDataRowLineColor(TColor value) { SetDrawingColor(dataRowLineColor_, value, gdoDataRowLines); }
+
+  // Questions of style that painting asks.
+  bool IsGridThemed(bool force) const;
+  bool IsCustomStyle(TStyleElements elements) const;
+  bool IsSystemStyle(TSystemStyleElements elements) const;
+  bool IsSystemTheme() const;
+  bool IsThemeTransparent() const;
+  virtual THotButtons HotButtonsStyle() const;
+  virtual TFocusRect FocusRectStyle() const;
+  virtual TListBorder ListBorderStyle() const;
+
+  // Default colors, for GetTrueColor.
+  TColor DefaultSelectCellColor() const;
+  TColor DefaultSelectRowColor() const;
+  TColor DefaultSelectionColor() const;
+  TColor DefaultHighlightText() const { return clHighlightText; }
+  TColor DefaultStripeColor() const { return cl3DLight; }
+  TColor DefaultEditorColor() const { return clInfoBk; }
+  TColor DefaultDataLineColor() const;
+  TColor GetFixedLineColor() const;
+  // The grid element's text color when the style gives one, else the style's font.
+  TColor GetStyleFontColor(TStyleFont styleFont, TThemedGrid element) const;
+
+  // The named style tables, shared by all grids: a shade for ShadowColor (FixedText,
+  // SelectRow), the pixels a selection overlaps its cell (CellFrame), flatness (Flat).
+  // A name absent from a table gives 0, false.
+  static int GetCellFrameStyle(const QString& name);
+  static void SetCellFrameStyle(const QString& name, int value);
+  static int GetFixedTextStyle(const QString& name);
+  static void SetFixedTextStyle(const QString& name, int value);
+  static int GetSelectRowStyle(const QString& name);
+  static void SetSelectRowStyle(const QString& name, int value);
+  static bool GetFlatStyle(const QString& name);
+  static void SetFlatStyle(const QString& name, bool value);
+  // The same for the active style.
+  static int GetCellFrameActiveStyle();
+  static void SetCellFrameActiveStyle(int value);
+  static int GetFixedTextActiveStyle();
+  static void SetFixedTextActiveStyle(int value);
+  static int GetSelectRowActiveStyle();
+  static void SetSelectRowActiveStyle(int value);
+  static bool GetFlatActiveStyle();
+  static void SetFlatActiveStyle(bool value);
+  static void GetCellFrameRect(TRect& rect);
+  static bool IsFlatStyle() { return GetFlatActiveStyle(); }
+  static TColor GetFixedTextSelected();
+  static TColor GetSelectRowSelected();
+  // False keeps the system's own look out of the grids (IsSystemStyle).
+  static bool SystemStyleEnabled();
+  static void SetSystemStyleEnabled(bool value);
+
+  // The border: Ctl3D chosen by the look while Ctl3DAuto holds, and the frame drawn
+  // over the base's under the softer fixed styles.
+  void UpdateBorder(bool recreate);
+  // Draws that frame; only inside the paint of the window's frame, which calls it.
+  virtual void InvalidateBorder();
+
+  // Each invalidates exactly what its change touches; none without a window.
   // Stands still while the row count is being worked out: that paints once at its end.
   void Invalidate() override;
+  void InvalidateBox(int rawCol, int rawRow);
+  void InvalidateCol(int rawCol);
+  void InvalidateRow(int rawRow);
   void InvalidateData();
+  // Null: the whole title area.
+  void InvalidateTitle(TQuilColumn* column);
+  void InvalidateTitles();
+  void InvalidateTotals();
 
   void DefineProperties(TFiler* filer) override;
   // True when a field is referenced by more than one column or total cell, so that
@@ -299,6 +402,8 @@ protected:
   friend class TQuilGridDataLink;
 
   void CMBiDiModeChanged(TMessage& message) override;
+  void WMNCPaint(TMessage& message) override;
+  void CMStyleChanged(TMessage& message) override;
 
   void Loaded() override;
   void Notification(TComponent* component, TOperation operation) override;
@@ -387,6 +492,12 @@ private:
   void DrawDataCell(int dataCol, int bufferRow, const TRect& rect);
   TRect RowBox(int row) const;
   void ScrollDataRows(int distance);
+  // Visual styles
+  void SetDrawingColor(TColor& member, TColor value, TGridDrawingOption option);
+  bool Ctl3DWanted() const;
+  // The base grid's fixed lines: with wide lines, or under a custom style.
+  bool FixedLinesShown() const;
+  TCanvas* frameCanvas_ = nullptr;  // the window frame's canvas while WMNCPaint runs
 
   std::unique_ptr<TQuilDBGridColumns> columns_;
   std::vector<TQuilColumn*> visibleColumns_;
@@ -435,7 +546,20 @@ private:
   int linesCount_ = 1;
   int titleLinesCount_ = 1;
   int headerLinesCount_ = 1;
+  TFixedStyle fixedStyle_ = fsDefault;
+  TFixedTheme fixedTheme_ = ftDefault;
+  TColor fillerColor_ = clBtnFace;
+  TFocusRect focusRect_ = frAuto;
+  THotButtons hotButtons_ = hbAuto;
+  TListBorder listBorder_ = lbAuto;
+  TColor highlightText_ = clDefault;
+  TColor selectCellColor_ = clDefault;
+  TColor selectRowColor_ = clDefault;
+  TColor selectionColor_ = clDefault;
   TColor stripeColor_ = clNone;
+  TColor editorColor_ = clNone;
+  TColor dataColLineColor_ = clDefault;
+  TColor dataRowLineColor_ = clDefault;
   bool readOnly_ = false;
   bool ctl3DAuto_ = true;
   bool parentCtl3D_ = true;

@@ -142,8 +142,7 @@ void TQuilCustomDBGrid::ApplyBaseOptions(TQuilDBGridOptions value) {
   base.Switch(goColMoving, value.Contains(dgColumnResize));
   base.Switch(goVertLine, value.Contains(dgColLines));
   base.Switch(goHorzLine, value.Contains(dgRowLines));
-  // FIXME: visual styles add the fixed lines under a custom style as well.
-  bool fixedLines = GridLineWidth() > 1;
+  const bool fixedLines = FixedLinesShown();
   base.Switch(goFixedVertLine, fixedLines && value.Contains(dgColLines));
   base.Switch(goFixedHorzLine, fixedLines && value.Contains(dgRowLines));
   base.Switch(goTabs, value.Contains(dgTabs));
@@ -167,8 +166,11 @@ void TQuilCustomDBGrid::SetOptions(TQuilDBGridOptions value) {
     LayoutChanged();
   if (changed.Intersects({dgTitles, dgIndicator, dgColLines, dgRowLines, dgTitleHeaders, dgTitleWidthOff}))
     InvalidateEditor();
-  // FIXME: column sizing stretches the grid, title markers update, and visual styles
-  // recreate the border on the changes that concern them.
+  // FIXME: column sizing stretches the grid and title markers update on the changes
+  // that concern them.
+  if (changed.Intersects({dgColLines, dgRowLines}))
+    UpdateBorder(IsGridThemed(false) || fixedStyle_ == fsSoft || fixedStyle_ == fsGreat ||
+                 fixedStyle_ == fsGray || fixedStyle_ == fsFine || fixedStyle_ == fsMild);
 }
 
 void TQuilCustomDBGrid::SwitchOptions(TQuilDBGridOptions members, bool include) {
@@ -223,11 +225,24 @@ void TQuilCustomDBGrid::SwitchOptionsExt(TQuilDBGridOptionsExt members, bool inc
   SetOptionsExt(include ? optionsExt_ + members : optionsExt_ - members);
 }
 
-// FIXME: visual styles keep each member in step with its color; until then the set is
-// stored as given.
+// Each member stands for its color: turning one on gives the color its default, turning
+// it off gives clNone.
 void TQuilCustomDBGrid::SetDrawingOptions(TGridDrawingOptions value) {
-  if (value == drawingOptions_) return;
+  const TGridDrawingOptions changed = ChangedMembers(drawingOptions_, value);
+  if (changed.Empty()) return;
   drawingOptions_ = value;
+  auto follow = [&](TGridDrawingOption option, TColor& color) {
+    if (changed.Contains(option)) color = value.Contains(option) ? clDefault : clNone;
+  };
+  follow(gdoHighlightText, highlightText_);
+  follow(gdoDataColLines, dataColLineColor_);
+  follow(gdoDataRowLines, dataRowLineColor_);
+  follow(gdoSelectedCell, selectCellColor_);
+  follow(gdoSelectedRow, selectRowColor_);
+  follow(gdoMultiSelected, selectionColor_);
+  follow(gdoStripedRows, stripeColor_);
+  follow(gdoEditorColor, editorColor_);
+  // FIXME: totals keep gdoTotalSelected in step with Totals.SelectedColor.
   Invalidate();
 }
 
@@ -334,11 +349,11 @@ void TQuilCustomDBGrid::SetCtl3D(bool value) {
   LayoutChanged();
 }
 
-// FIXME: visual styles choose Ctl3D from the fixed style while this holds.
 void TQuilCustomDBGrid::SetCtl3DAuto(bool value) {
   if (value == ctl3DAuto_) return;
   ctl3DAuto_ = value;
   if (value) parentCtl3D_ = false;
+  UpdateBorder(false);
   LayoutChanged();
 }
 
@@ -382,12 +397,6 @@ void TQuilCustomDBGrid::SetLimit(int& member, int value) {
   LayoutChanged();
 }
 
-void TQuilCustomDBGrid::SetStripeColor(TColor value) {
-  if (value == stripeColor_) return;
-  stripeColor_ = value;
-  Invalidate();
-}
-
 // --- Columns and fields
 
 void TQuilCustomDBGrid::SetSelectedIndex(int dataCol) { MoveCol(DataToRawColumn(dataCol), 0); }
@@ -415,14 +424,7 @@ void TQuilCustomDBGrid::SetSelectedField(TField* field) {
   }
 }
 
-// --- Style and totals parts
-
-void TQuilGridStyle::Store(int& member, int value) {
-  if (value == member) return;
-  member = value;
-  grid_->LayoutChanged();
-  grid_->InvalidateEditor();
-}
+// --- Totals part
 
 TQuilDBGridTotals::TQuilDBGridTotals(TQuilCustomDBGrid* grid) : grid_(grid), font_(std::make_unique<TFont>()) {}
 

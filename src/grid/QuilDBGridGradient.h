@@ -1,19 +1,17 @@
 #pragma once
-#include "framework/rtl/Events.h"
-#include "grid/QuilDBGridParts.h"
+#include "support/MarlGraph.h"
 
 namespace quil {
 
-// FIXME: gradients replace this with the colors, direction and tiles; until then it has
-// nothing to change, so OnChange never fires.
-class TQuilDBGridGradient : public TQuilGridPart {
-public:
-  using TQuilGridPart::TQuilGridPart;
-  const TNotifyEvent& OnChange() const { return onChange_; }
-  void SetOnChange(const TNotifyEvent& handler) { onChange_ = handler; }
+class TQuilCustomDBGrid;
 
-private:
-  TNotifyEvent onChange_;
+// The grid's gradient: a button gradient that also says which selection states of a
+// data cell it paints (Cells).
+class TQuilDBGridGradient : public TMarlGradientButton {
+public:
+  explicit TQuilDBGridGradient(TQuilCustomDBGrid* grid);
+  static const TMetaClass& StaticClass();
+  const TMetaClass& ClassType() const override;
 };
 
 }  // namespace quil

@@ -1,7 +1,6 @@
 #pragma once
-// The grid's small owned parts that the frame needs for its row metrics: the grid
-// style's row spaces and the totals' line count and font; and the base of every part
-// the grid owns.
+// The grid's small owned parts that the frame needs for its row metrics: the totals'
+// line count, font and color; and the base of every part the grid owns.
 
 #include <memory>
 
@@ -23,31 +22,6 @@ private:
   TQuilCustomDBGrid* grid_;
 };
 
-// FIXME: visual styles replace this with the full style (margins, visual style kinds,
-// Assign); the numbers here are those of the default look.
-class TQuilGridStyle : public TPersistent {
-public:
-  explicit TQuilGridStyle(TQuilCustomDBGrid* grid) : grid_(grid) {}
-
-  int DataRowSpace() const { return dataRowSpace_; }
-  void SetDataRowSpace(int value) { Store(dataRowSpace_, value); }
-  int HeaderRowSpace() const { return headerRowSpace_; }
-  void SetHeaderRowSpace(int value) { Store(headerRowSpace_, value); }
-  int TitleRowSpace() const { return titleRowSpace_; }
-  void SetTitleRowSpace(int value) { Store(titleRowSpace_, value); }
-  int TotalRowSpace() const { return totalRowSpace_; }
-  void SetTotalRowSpace(int value) { Store(totalRowSpace_, value); }
-
-private:
-  void Store(int& member, int value);
-
-  TQuilCustomDBGrid* grid_;
-  int dataRowSpace_ = 4;
-  int headerRowSpace_ = 8;
-  int titleRowSpace_ = 8;
-  int totalRowSpace_ = 8;
-};
-
 // FIXME: totals replace this with the totals collection, its data link, calculation
 // and selection; until then nothing is calculated and the rows show empty.
 class TQuilDBGridTotals : public TPersistent {
@@ -56,6 +30,9 @@ public:
   ~TQuilDBGridTotals() override;
 
   TFont* Font() const { return font_.get(); }
+  // Follows the grid's FixedColor until set to something else.
+  TColor Color() const { return color_; }
+  void SetColor(TColor value) { color_ = value; }
   int LinesCount() const { return 1; }
   // Some total cell has a calculation to run.
   bool CalcValues() const { return false; }
@@ -67,6 +44,7 @@ public:
 private:
   TQuilCustomDBGrid* grid_;
   std::unique_ptr<TFont> font_;
+  TColor color_ = clBtnFace;
 };
 
 }  // namespace quil

@@ -179,16 +179,4 @@ void TQuilCustomDBGrid::MeasureTotalRows() {
 
 TRect TQuilCustomDBGrid::RowBox(int row) const { return BoxRect(0, row, ColCount() - 1, row); }
 
-// A double-buffered grid paints the whole change at once anyway.
-void TQuilCustomDBGrid::Invalidate() {
-  if (rowCountLock_ == 0 || doubleBuffered_) TCustomGrid::Invalidate();
-}
-
-void TQuilCustomDBGrid::InvalidateData() {
-  if (!HandleAllocated()) return;
-  const int firstRow = titleOffset_;
-  const int lastRow = RowCount() - totalRows_ - 1;
-  if (lastRow >= firstRow) InvalidateRect(BoxRect(0, firstRow, ColCount() - 1, lastRow));
-}
-
 }  // namespace quil

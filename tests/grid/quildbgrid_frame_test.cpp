@@ -39,9 +39,10 @@ protected:
 
 TEST(GridFrame, OwnsItsParts) {
   TQuilDBGrid grid(nullptr);
-  const std::vector<TQuilGridPart*> parts{grid.FilterGrid(), grid.Search(), grid.TreeView(),
-                                          grid.Settings(), grid.ScrollProp(), grid.Gradient()};
-  for (TQuilGridPart* part : parts) {
+  const std::vector<TPersistent*> parts{grid.FilterGrid(), grid.Search(),     grid.TreeView(),
+                                        grid.Settings(),   grid.ScrollProp(), grid.Gradient(),
+                                        grid.GridStyle()};
+  for (TPersistent* part : parts) {
     ASSERT_NE(part, nullptr);
     EXPECT_EQ(part->GetOwner(), &grid);
   }

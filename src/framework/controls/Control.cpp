@@ -140,6 +140,12 @@ void TControl::SetParentColor(bool parentColor) {
   if (parentColor) Perform(CM_PARENTCOLORCHANGED, 0, 0);
 }
 
+void TControl::SetStyleElements(TStyleElements elements) {
+  if (elements == styleElements_) return;
+  styleElements_ = elements;
+  Perform(CM_STYLECHANGED, 0, 0);
+}
+
 void TControl::SetBiDiMode(TBiDiMode mode) {
   if (biDiMode_ == mode) return;
   biDiMode_ = mode;

@@ -82,6 +82,10 @@ enum TControlStyleMember {
 };
 using TControlStyle = TSet<TControlStyleMember>;
 
+// The parts of a control that follow a custom style; the others keep the control's own.
+enum TStyleElement { seFont, seClient, seBorder };
+using TStyleElements = TSet<TStyleElement>;
+
 using TMouseEvent = TEvent<void(TObject* sender, TMouseButton button, TShiftState shift, int x, int y)>;
 using TMouseMoveEvent = TEvent<void(TObject* sender, TShiftState shift, int x, int y)>;
 using TKeyEvent = TEvent<void(TObject* sender, uint16_t& key, TShiftState shift)>;
@@ -148,6 +152,10 @@ public:
   void SetColor(TColor color);
   bool ParentColor() const { return parentColor_; }
   void SetParentColor(bool parentColor);
+
+  TStyleElements StyleElements() const { return styleElements_; }
+  // Repaints through CM_STYLECHANGED, as a switch of style does.
+  void SetStyleElements(TStyleElements elements);
 
   TBiDiMode BiDiMode() const { return biDiMode_; }
   void SetBiDiMode(TBiDiMode mode);
@@ -300,6 +308,7 @@ private:
   bool takingParentFont_ = false;
   TColor color_ = clWindow;
   bool parentColor_ = true;
+  TStyleElements styleElements_{seFont, seClient, seBorder};
   TBiDiMode biDiMode_ = bdLeftToRight;
   bool parentBiDiMode_ = true;
   QString hint_;
@@ -366,6 +375,9 @@ public:
   // draws; InvalidateRect puts it back.
   void InvalidateRect(const TRect& rect);
   void ValidateRect(const TRect& rect);
+  // The window's update region: what is invalid and not painted yet, in client
+  // coordinates, as disjoint rectangles.
+  std::vector<TRect> UpdateRects() const;
   // Moves the pixels of scrollRect (the whole client area when null) by dx, dy, clipped
   // to clipRect, and invalidates what was uncovered.
   void ScrollWindowEx(int dx, int dy, const TRect* scrollRect, const TRect* clipRect);

@@ -47,7 +47,17 @@ public:
   TWinControl* Control() const { return control_; }
   QWidget* Widget() const { return window_ ? window_->Widget() : nullptr; }
   void Attach(TWindowBridge* window) { window_ = window; }
-  void Detach() { window_ = nullptr; }
+  // The scroll bars are children of the window and go with it; their settings stay for
+  // the next window, which starts with nothing to paint.
+  void Detach() {
+    window_ = nullptr;
+    for (TWindowScrollBar& state : bars_) {
+      state.bar = nullptr;
+      state.shown = false;
+    }
+    pending_ = QRegion();
+    validated_ = QRegion();
+  }
 
   // Translates one Qt event; answers what QWidget::event should answer.
   bool HandleEvent(QEvent* event);
@@ -59,6 +69,7 @@ public:
   void RecalcClientArea();
   void InvalidateClient(const QRegion& region);
   void ValidateClient(const TRect& rect);
+  const QRegion& PendingRegion() const { return pending_; }
   void UpdateNow();
   // The painter of the paint being handled, already clipped and moved to the client.
   QPainter* BeginClientPaint();

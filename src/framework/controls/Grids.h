@@ -39,6 +39,9 @@ using TGridOptions = TSet<TGridOption>;
 enum TGridDrawStateMember { gdSelected, gdFocused, gdFixed };
 using TGridDrawState = TSet<TGridDrawStateMember>;
 
+// How a grid paints its cells: the raised look, the theme's elements, or gradients.
+enum TGridDrawingStyle { gdsClassic, gdsThemed, gdsGradient };
+
 enum TGridState { gsNormal, gsSelecting, gsRowSizing, gsColSizing, gsRowMoving, gsColMoving };
 enum TScrollStyle { ssNone, ssHorizontal, ssVertical, ssBoth };
 

@@ -231,6 +231,13 @@ void TWinControl::ValidateRect(const TRect& rect) {
   if (HandleAllocated()) d_->ValidateClient(rect);
 }
 
+std::vector<TRect> TWinControl::UpdateRects() const {
+  std::vector<TRect> rects;
+  if (HandleAllocated())
+    for (const QRect& rect : d_->PendingRegion()) rects.push_back(FromQRect(rect));
+  return rects;
+}
+
 void TWinControl::ScrollWindowEx(int dx, int dy, const TRect* scrollRect, const TRect* clipRect) {
   QWidget* widget = d_->Widget();
   if (!widget) return;

@@ -8,6 +8,7 @@
 #include "framework/controls/Application.h"
 #include "framework/controls/Controls.h"
 #include "framework/controls/Forms.h"
+#include "framework/controls/ScrollBars.h"
 #include "framework/controls/MessageQueue.h"
 #include "framework/graphics/Canvas.h"
 
@@ -149,6 +150,35 @@ TEST_F(WinControlTest, ValidatedRectangleIsNotPaintedAgain) {
   first->InvalidateRect(Rect(0, 0, 10, 10));
   first->Update();
   EXPECT_EQ(first->paints, before + 1);
+}
+
+TEST_F(WinControlTest, UpdateRectsAreWhatIsInvalidAndNotPaintedYet) {
+  first->Repaint();
+  EXPECT_TRUE(first->UpdateRects().empty());
+  first->InvalidateRect(Rect(10, 20, 30, 40));
+  first->InvalidateRect(Rect(50, 20, 60, 40));
+  first->ValidateRect(Rect(0, 0, 15, 100));
+  const std::vector<TRect> rects = first->UpdateRects();
+  ASSERT_EQ(rects.size(), 2u);
+  EXPECT_EQ(rects[0], Rect(15, 20, 30, 40));
+  EXPECT_EQ(rects[1], Rect(50, 20, 60, 40));
+  first->Update();
+  EXPECT_TRUE(first->UpdateRects().empty());
+}
+
+TEST_F(WinControlTest, RecreatedWindowKeepsItsScrollBarSettings) {
+  TScrollInfo info{sizeof(TScrollInfo), SIF_ALL, 0, 99, 10, 40, 0};
+  SetScrollInfo(first, SB_VERT, info, true);
+  const int clientWidth = first->ClientWidth();
+  first->RecreateWnd();
+  ASSERT_TRUE(first->HandleAllocated());
+  TScrollInfo after{sizeof(TScrollInfo), SIF_ALL, 0, 0, 0, 0, 0};
+  ASSERT_TRUE(GetScrollInfo(first, SB_VERT, after));
+  EXPECT_EQ(after.nPos, 40);
+  EXPECT_EQ(after.nMax, 99);
+  EXPECT_EQ(first->ClientWidth(), clientWidth);
+  first->Repaint();
+  EXPECT_TRUE(first->UpdateRects().empty());
 }
 
 TEST_F(WinControlTest, FocusMovesSendExitAndEnter) {

@@ -1,0 +1,221 @@
+#include <gtest/gtest.h>
+
+#include <QImage>
+#include <QRegion>
+#include <QWidget>
+
+#include "GridTestKit.h"
+#include "framework/graphics/StyleServices.h"
+#include "framework/graphics/Types_p.h"
+
+namespace gridtest {
+namespace {
+
+using quil::Rect;
+
+// Each Invalidate... operation is read back from the window's update region right after
+// it runs, on a grid that has painted everything before.
+class GridInvalidateTest : public GridFixture {
+protected:
+  void TearDown() override {
+    GridFixture::TearDown();
+    quil::TStyleManager::SetStyle(quil::TStyleManager::SystemStyleName());
+  }
+  QRegion Pending() const {
+    QRegion region;
+    for (const TRect& rect : grid->UpdateRects()) region += quil::ToQRect(rect);
+    return region;
+  }
+  static QRegion Region(const TRect& rect) { return QRegion(quil::ToQRect(rect)); }
+  int LastRow() const { return grid->RowCount() - 1; }
+  int LastCol() const { return grid->ColCount() - 1; }
+  void OpenWithFooter(int rows = 30) {
+    Open(rows);
+    grid->SwitchOptionsEx({quil::dgTotalFooter}, true);
+    Settle();
+  }
+  QImage Grab() const { return grid->Handle()->grab().toImage(); }
+  // A client point in the pixels of the grid's window, frame included.
+  quil::TPoint ClientToWidget(quil::TPoint point) const {
+    const quil::TPoint screen = grid->ClientToScreen(point);
+    const QPoint local = grid->Handle()->mapFromGlobal(QPoint(screen.X, screen.Y));
+    return quil::Point(local.x(), local.y());
+  }
+  static quil::TColor At(const QImage& image, int x, int y) {
+    const QRgb pixel = image.pixel(x, y);
+    return quil::RGB(qRed(pixel), qGreen(pixel), qBlue(pixel));
+  }
+  static void Save(const QImage& image, const char* name) {
+    const QString folder = qEnvironmentVariable("QUIL_GRAPHICS_SNAPSHOTS");
+    if (!folder.isEmpty()) image.save(folder + QLatin1Char('/') + QLatin1String(name) + ".png");
+  }
+};
+
+TEST_F(GridInvalidateTest, NothingIsPendingAfterSettling) {
+  Open(30);
+  EXPECT_TRUE(grid->UpdateRects().empty());
+}
+
+TEST_F(GridInvalidateTest, InvalidateBoxIsOneCell) {
+  Open(30);
+  grid->InvalidateBox(2, 3);
+  EXPECT_EQ(Pending(), Region(grid->BoxRect(2, 3, 2, 3)));
+}
+
+TEST_F(GridInvalidateTest, AMergedTotalCellTakesTheLineOnItsLeft) {
+  OpenWithFooter();
+  const int totalRow = LastRow();
+  TRect expected = grid->BoxRect(2, totalRow, 2, totalRow);
+  --expected.Left;
+  grid->InvalidateBox(2, totalRow);
+  EXPECT_EQ(Pending(), Region(expected));
+  Settle();
+  // The first data column has no merged neighbour on its left, nor does a data row.
+  grid->InvalidateBox(1, totalRow);
+  EXPECT_EQ(Pending(), Region(grid->BoxRect(1, totalRow, 1, totalRow)));
+  Settle();
+  grid->InvalidateBox(2, 3);
+  EXPECT_EQ(Pending(), Region(grid->BoxRect(2, 3, 2, 3)));
+  Settle();
+  // With lines between total cells they do not merge.
+  grid->SwitchOptionsEx({quil::dgTotalColLines}, true);
+  Settle();
+  grid->InvalidateBox(2, totalRow);
+  EXPECT_EQ(Pending(), Region(grid->BoxRect(2, totalRow, 2, totalRow)));
+}
+
+TEST_F(GridInvalidateTest, InvalidateColCoversTheColumnFromTitleToLastRow) {
+  OpenWithFooter();
+  grid->InvalidateRect(grid->BoxRect(1, 2, 1, 2));
+  grid->InvalidateCol(2);
+  const TRect column = grid->BoxRect(2, 0, 2, LastRow());
+  EXPECT_EQ(column.Top, 0);
+  EXPECT_EQ(Pending(), Region(column) + Region(grid->BoxRect(1, 2, 1, 2)));
+}
+
+TEST_F(GridInvalidateTest, InvalidateRowStartsAtTheIndicatorOrTheFirstShownColumn) {
+  Open(30);
+  grid->InvalidateRow(4);
+  EXPECT_EQ(Pending(), Region(grid->BoxRect(0, 4, LastCol(), 4)));
+  Settle();
+  grid->SwitchOptions({quil::dgIndicator}, false);
+  grid->Columns()->Items(0)->SetVisible(false);
+  Settle();
+  grid->InvalidateRow(4);
+  EXPECT_EQ(Pending(), Region(grid->BoxRect(1, 4, LastCol(), 4)));
+}
+
+TEST_F(GridInvalidateTest, InvalidateDataCoversTheDataRowsAndTheBlankRowOnly) {
+  OpenWithFooter();
+  const int blankRow = grid->RowCount() - grid->TotalRows();
+  grid->InvalidateData();
+  EXPECT_EQ(Pending(), Region(grid->BoxRect(0, grid->TitleOffset(), LastCol(), blankRow)));
+  Settle();
+  grid->SwitchOptionsEx({quil::dgTotalFooter, quil::dgBlankRow}, false);
+  Settle();
+  ASSERT_EQ(grid->TotalRows(), 0);
+  grid->InvalidateData();
+  EXPECT_EQ(Pending(), Region(grid->BoxRect(0, grid->TitleOffset(), LastCol(), LastRow())));
+}
+
+TEST_F(GridInvalidateTest, InvalidateTitleCoversOneTitleOrAllAndNothingWithoutTitles) {
+  Open(30);
+  grid->InvalidateTitle(nullptr);
+  EXPECT_EQ(Pending(), Region(grid->BoxRect(0, 0, LastCol(), grid->TitleOffset() - 1)));
+  Settle();
+  grid->InvalidateTitle(grid->Columns()->Items(1));
+  EXPECT_EQ(Pending(), Region(grid->BoxRect(2, 0, 2, grid->TitleOffset() - 1)));
+  Settle();
+  grid->SwitchOptions({quil::dgTitles}, false);
+  Settle();
+  grid->InvalidateTitle(nullptr);
+  grid->InvalidateTitles();
+  EXPECT_TRUE(grid->UpdateRects().empty());
+}
+
+TEST_F(GridInvalidateTest, InvalidateTitlesCoversTheWidthDownToTheFixedBoundary) {
+  Open(30);
+  quil::TGridDrawInfo info;
+  grid->CalcFixedInfo(info);
+  grid->InvalidateTitles();
+  EXPECT_EQ(Pending(), Region(Rect(0, 0, grid->ClientWidth(), info.Vert.FixedBoundary)));
+}
+
+TEST_F(GridInvalidateTest, InvalidateTotalsCoversTheRowsBelowTheDataAndTheLastColumnLine) {
+  Open(30);
+  grid->InvalidateTotals();
+  EXPECT_TRUE(grid->UpdateRects().empty());
+  grid->SwitchOptionsEx({quil::dgTotalFooter}, true);
+  Settle();
+  const int firstTotal = grid->RowCount() - grid->TotalRows();
+  TRect expected = grid->BoxRect(0, firstTotal, LastCol(), LastRow());
+  // The line after the last column, as far as the client area reaches.
+  expected.Right = std::min(expected.Right + grid->GridLineWidth(), grid->ClientWidth());
+  grid->InvalidateTotals();
+  EXPECT_EQ(Pending(), Region(expected));
+  Settle();
+  // Without double buffering the row above is painted again for the line it draws.
+  grid->SetDoubleBuffered(false);
+  expected.Top = grid->BoxRect(0, firstTotal - 1, 0, firstTotal - 1).Top;
+  grid->InvalidateTotals();
+  EXPECT_EQ(Pending(), Region(expected));
+}
+
+TEST_F(GridInvalidateTest, WithoutAWindowNothingIsInvalidated) {
+  quil::TQuilDBGrid loose(nullptr);
+  loose.InvalidateBox(1, 1);
+  loose.InvalidateCol(1);
+  loose.InvalidateRow(1);
+  loose.InvalidateData();
+  loose.InvalidateTitle(nullptr);
+  loose.InvalidateTitles();
+  loose.InvalidateTotals();
+  EXPECT_FALSE(loose.HandleAllocated());
+  EXPECT_TRUE(loose.UpdateRects().empty());
+}
+
+TEST_F(GridInvalidateTest, SwitchingStyleAtRunTimeRepaintsWithTheNewColors) {
+  Open(30);
+  const TRect cell = grid->CellRect(2, 3);
+  const quil::TPoint inside = ClientToWidget(quil::Point(cell.Right - 3, cell.Top + 2));
+  const QImage system = Grab();
+  Save(system, "grid_style_system");
+  EXPECT_EQ(At(system, inside.X, inside.Y), quil::ColorToRGB(quil::clWindow));
+
+  quil::TStyleManager::SetStyle(QStringLiteral("Quil Dark"));
+  Settle();
+  const QImage dark = Grab();
+  Save(dark, "grid_style_dark");
+  EXPECT_EQ(At(dark, inside.X, inside.Y), quil::ColorToRGB(quil::clWindow));
+  EXPECT_NE(At(dark, inside.X, inside.Y), At(system, inside.X, inside.Y));
+  // Under a custom style the fixed cells get their lines as well.
+  EXPECT_TRUE(grid->quil::TCustomGrid::Options().Contains(quil::goFixedVertLine));
+
+  quil::TStyleManager::SetStyle(QStringLiteral("Quil Light"));
+  Settle();
+  const QImage light = Grab();
+  Save(light, "grid_style_light");
+  EXPECT_EQ(At(light, inside.X, inside.Y), quil::ColorToRGB(quil::clWindow));
+}
+
+TEST_F(GridInvalidateTest, SofterFixedStylesFrameTheBorderThemselves) {
+  Open(30);
+  grid->SetFixedTheme(quil::ftNone);
+  ASSERT_FALSE(grid->GridCtl3D());
+  Settle();
+  const quil::TColor plainFrame = At(Grab(), 0, 0);
+  EXPECT_EQ(plainFrame, quil::ColorToRGB(quil::clWindowFrame));
+  grid->SetFixedStyle(quil::fsFine);
+  Settle();
+  QImage mild = Grab();
+  Save(mild, "grid_border_mild");
+  EXPECT_EQ(At(mild, 0, 0), quil::ColorToRGB(quil::clBtnShadow));
+  EXPECT_EQ(At(mild, mild.width() - 1, mild.height() - 1), quil::ColorToRGB(quil::clBtnShadow));
+  // Without row lines the base's frame stands.
+  grid->SwitchOptions({quil::dgRowLines}, false);
+  Settle();
+  EXPECT_EQ(At(Grab(), 0, 0), plainFrame);
+}
+
+}  // namespace
+}  // namespace gridtest

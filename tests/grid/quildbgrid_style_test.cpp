@@ -1,0 +1,372 @@
+#include <gtest/gtest.h>
+
+#include "GridTestKit.h"
+#include "framework/graphics/GraphUtil.h"
+#include "framework/graphics/StyleServices.h"
+#include "support/MarlGraph.h"
+
+namespace quil {
+namespace {
+
+// A grid on no form: the style questions need no window. Every test leaves the system
+// style active.
+class GridStyleTest : public ::testing::Test {
+protected:
+  void SetUp() override { grid = std::make_unique<TQuilDBGrid>(nullptr); }
+  void TearDown() override {
+    grid.reset();
+    TStyleManager::SetStyle(TStyleManager::SystemStyleName());
+  }
+  std::unique_ptr<TQuilDBGrid> grid;
+};
+
+// --- GetTrueColor, in its order: clDefault, clNone, any other color
+
+struct TrueColorCase {
+  TColor color, defaultColor, alternate, expected;
+};
+
+class GetTrueColorTest : public ::testing::TestWithParam<TrueColorCase> {};
+
+TEST_P(GetTrueColorTest, ResolvesInOrder) {
+  const TrueColorCase& row = GetParam();
+  EXPECT_EQ(GetTrueColor(row.color, row.defaultColor, row.alternate), row.expected);
+}
+
+INSTANTIATE_TEST_SUITE_P(
+    Table, GetTrueColorTest,
+    ::testing::Values(TrueColorCase{clDefault, clRed, clBlue, clRed}, TrueColorCase{clDefault, clRed, clNone, clRed},
+                      TrueColorCase{clNone, clRed, clDefault, clRed}, TrueColorCase{clNone, clRed, clBlue, clBlue},
+                      TrueColorCase{clNone, clRed, clNone, clNone}, TrueColorCase{clYellow, clRed, clBlue, clYellow},
+                      TrueColorCase{clHighlight, clRed, clBlue, clHighlight}));
+
+TEST_F(GridStyleTest, DefaultColorsFollowTheActiveStyle) {
+  EXPECT_EQ(grid->DefaultSelectionColor(), clHighlight);
+  const TColor systemCell = ColorToRGB(grid->DefaultSelectCellColor());
+  EXPECT_EQ(systemCell, GetShadowColor(clHighlight, -10));
+  EXPECT_EQ(grid->DefaultSelectRowColor(), GetShadowColor(clHighlight, 20));
+  TStyleManager::SetStyle(QStringLiteral("Quil Dark"));
+  EXPECT_NE(ColorToRGB(grid->DefaultSelectCellColor()), systemCell);
+  EXPECT_EQ(ColorToRGB(grid->DefaultSelectCellColor()), GetShadowColor(ColorToRGB(clHighlight), -10));
+  EXPECT_EQ(grid->DefaultHighlightText(), clHighlightText);
+  EXPECT_EQ(grid->DefaultStripeColor(), cl3DLight);
+  EXPECT_EQ(grid->DefaultEditorColor(), clInfoBk);
+}
+
+TEST_F(GridStyleTest, DataLinesStandOutFromASilverBackground) {
+  EXPECT_EQ(grid->DefaultDataLineColor(), 12632256);
+  grid->SetColor(clSilver);
+  EXPECT_EQ(grid->DefaultDataLineColor(), 8421504);
+}
+
+TEST_F(GridStyleTest, ColorPropertiesStartAtTheirDefaults) {
+  EXPECT_EQ(grid->HighlightText(), clDefault);
+  EXPECT_EQ(grid->SelectCellColor(), clDefault);
+  EXPECT_EQ(grid->SelectRowColor(), clDefault);
+  EXPECT_EQ(grid->SelectionColor(), clDefault);
+  EXPECT_EQ(grid->StripeColor(), clNone);
+  EXPECT_EQ(grid->EditorColor(), clNone);
+  EXPECT_EQ(grid->DataColLineColor(), clDefault);
+  EXPECT_EQ(grid->DataRowLineColor(), clDefault);
+  EXPECT_EQ(grid->DrawingOptions().ToInt(), 127u);
+  EXPECT_EQ(grid->FixedStyle(), fsDefault);
+  EXPECT_EQ(grid->FixedTheme(), ftDefault);
+  EXPECT_EQ(grid->FocusRect(), frAuto);
+  EXPECT_EQ(grid->HotButtons(), hbAuto);
+  EXPECT_EQ(grid->ListBorder(), lbAuto);
+}
+
+TEST_F(GridStyleTest, DrawingOptionsAndColorsStayInStep) {
+  grid->SetStripeColor(clYellow);
+  EXPECT_TRUE(grid->DrawingOptions().Contains(gdoStripedRows));
+  grid->SetSelectCellColor(clNone);
+  EXPECT_FALSE(grid->DrawingOptions().Contains(gdoSelectedCell));
+  grid->SwitchDrawingOptions({gdoSelectedCell, gdoEditorColor}, true);
+  EXPECT_EQ(grid->SelectCellColor(), clDefault);
+  EXPECT_EQ(grid->EditorColor(), clDefault);
+  grid->SwitchDrawingOptions({gdoStripedRows, gdoDataRowLines}, false);
+  EXPECT_EQ(grid->StripeColor(), clNone);
+  EXPECT_EQ(grid->DataRowLineColor(), clNone);
+  // A member that does not change leaves its color as it was set.
+  grid->SetHighlightText(clRed);
+  grid->SwitchDrawingOptions({gdoHighlightText}, true);
+  EXPECT_EQ(grid->HighlightText(), clRed);
+  grid->SetEditorColor(clNone);
+  EXPECT_FALSE(grid->DrawingOptions().Contains(gdoEditorColor));
+}
+
+TEST_F(GridStyleTest, FixedColorCarriesTheColorsThatStillFollowIt) {
+  grid->SetHeaderColor(clYellow);
+  grid->SetFixedColor(clAqua);
+  EXPECT_EQ(grid->FixedColor(), clAqua);
+  EXPECT_EQ(grid->HeaderColor(), clYellow);
+  EXPECT_EQ(grid->FillerColor(), clAqua);
+  EXPECT_EQ(grid->Totals()->Color(), clAqua);
+  EXPECT_FALSE(grid->IsFillerColorStored());
+  grid->SetFillerColor(clRed);
+  grid->SetFixedColor(clLime);
+  EXPECT_EQ(grid->FillerColor(), clRed);
+  EXPECT_TRUE(grid->IsFillerColorStored());
+  EXPECT_EQ(grid->Totals()->Color(), clLime);
+}
+
+// --- TQuilGridStyle
+
+TEST_F(GridStyleTest, GridStyleStartsWithTheXpTable) {
+  TQuilGridStyle* style = grid->GridStyle();
+  EXPECT_EQ(style->VisualStyle(), vsXPStyle);
+  EXPECT_EQ(style->DataRowSpace(), 4);
+  EXPECT_EQ(style->HeaderRowSpace(), 8);
+  EXPECT_EQ(style->TitleColMargin(), 1);
+  EXPECT_EQ(style->TitleRowSpace(), 8);
+  EXPECT_EQ(style->TotalColMargin(), 0);
+  EXPECT_EQ(style->TotalRowSpace(), 8);
+  EXPECT_FALSE(style->IsStyleStored());
+  style->SetVisualStyle(vsStandard);
+  EXPECT_EQ(style->DataRowSpace(), 3);
+  EXPECT_EQ(style->HeaderRowSpace(), 4);
+  EXPECT_EQ(style->TitleColMargin(), 0);
+  EXPECT_EQ(style->TitleRowSpace(), 4);
+  EXPECT_EQ(style->TotalRowSpace(), 4);
+}
+
+TEST_F(GridStyleTest, ANumberSetByHandMakesTheStyleCustomAndDefaultRestoresTheTable) {
+  TQuilGridStyle* style = grid->GridStyle();
+  style->SetTitleRowSpace(12);
+  EXPECT_EQ(style->VisualStyle(), vsCustom);
+  EXPECT_TRUE(style->IsStyleStored());
+  EXPECT_EQ(style->TitleRowSpace(), 12);
+  style->SetVisualStyle(vsDefault);
+  EXPECT_EQ(style->VisualStyle(), vsDefault);
+  EXPECT_EQ(style->TitleRowSpace(), 8);  // themed: the XP table
+  // vsDefault follows the theme: off, it resolves to the standard table.
+  grid->SetFixedTheme(ftNone);
+  EXPECT_EQ(style->VisualStyle(), vsDefault);
+  EXPECT_EQ(style->TitleRowSpace(), 4);
+  grid->SetFixedTheme(ftButtons);
+  EXPECT_EQ(style->TitleRowSpace(), 8);
+  // vsCustom itself changes no number.
+  style->SetVisualStyle(vsCustom);
+  EXPECT_EQ(style->TitleRowSpace(), 8);
+}
+
+TEST_F(GridStyleTest, GridStyleAssignCopiesNumbersAndKind) {
+  TQuilGridStyle other(nullptr);
+  other.SetDataRowSpace(9);
+  grid->GridStyle()->Assign(&other);
+  EXPECT_EQ(grid->GridStyle()->DataRowSpace(), 9);
+  EXPECT_EQ(grid->GridStyle()->VisualStyle(), vsCustom);
+}
+
+TEST_F(GridStyleTest, GridStyleNumbersReachTheRowHeights) {
+  grid->GridStyle()->SetDataRowSpace(2);
+  const int before = grid->DefaultRowHeight();
+  grid->GridStyle()->SetDataRowSpace(8);
+  EXPECT_EQ(grid->DefaultRowHeight(), before + 6);
+}
+
+// --- Drawing style and the style questions
+
+TEST_F(GridStyleTest, DrawingStyleFollowsThemeAndGradient) {
+  EXPECT_EQ(grid->DrawingStyle(), gdsThemed);
+  grid->SetDrawingStyle(gdsClassic);
+  EXPECT_EQ(grid->FixedTheme(), ftNone);
+  EXPECT_FALSE(grid->Gradient()->Active());
+  EXPECT_EQ(grid->DrawingStyle(), gdsClassic);
+  grid->SetDrawingStyle(gdsGradient);
+  EXPECT_EQ(grid->FixedTheme(), ftNone);
+  EXPECT_TRUE(grid->Gradient()->Active());
+  EXPECT_EQ(grid->DrawingStyle(), gdsGradient);
+  // Outside design time the fixed style and the gradient's options stay.
+  EXPECT_EQ(grid->FixedStyle(), fsDefault);
+  EXPECT_EQ(grid->Gradient()->Options(), (TMarlGradientOptions{goGradient, goHotButton}));
+  grid->SetFixedStyle(fsMild);
+  grid->SetDrawingStyle(gdsThemed);
+  EXPECT_EQ(grid->FixedTheme(), ftDefault);
+  EXPECT_EQ(grid->FixedStyle(), fsMild);
+}
+
+TEST_F(GridStyleTest, ThemedGridAndCustomStyleQuestions) {
+  EXPECT_TRUE(grid->IsGridThemed(false));
+  EXPECT_TRUE(grid->IsSystemStyle({sseData}));
+  EXPECT_TRUE(grid->IsSystemTheme());
+  EXPECT_FALSE(grid->IsThemeTransparent());
+  EXPECT_FALSE(grid->IsCustomStyle({seFont}));
+  grid->SetFixedTheme(ftNone);
+  EXPECT_FALSE(grid->IsGridThemed(false));
+  EXPECT_TRUE(grid->IsGridThemed(true));
+  EXPECT_FALSE(grid->IsSystemStyle({sseData}));
+  EXPECT_FALSE(grid->IsSystemTheme());
+  grid->SwitchOptionsExt({dgForceSystemTheme}, true);
+  EXPECT_TRUE(grid->IsSystemTheme());
+
+  TStyleManager::SetStyle(QStringLiteral("Quil Light"));
+  EXPECT_TRUE(grid->IsGridThemed(false));
+  EXPECT_FALSE(grid->IsSystemStyle({}));
+  EXPECT_TRUE(grid->IsCustomStyle({seFont, seClient}));
+  grid->SetStyleElements({seClient});
+  EXPECT_FALSE(grid->IsCustomStyle({seFont, seClient}));
+  EXPECT_TRUE(grid->IsCustomStyle({seClient}));
+}
+
+TEST_F(GridStyleTest, SystemStyleNeedsEveryElementAskedAndCanBeSwitchedOff) {
+  EXPECT_TRUE(grid->IsSystemStyle({sseFixed, sseText}));
+  EXPECT_FALSE(grid->IsSystemStyle({sseFixed, sseFont}));
+  grid->SwitchSystemStyleElements({sseFont}, true);
+  EXPECT_TRUE(grid->IsSystemStyle({sseFixed, sseFont}));
+  TQuilCustomDBGrid::SetSystemStyleEnabled(false);
+  EXPECT_FALSE(grid->IsSystemStyle({sseFixed}));
+  TQuilCustomDBGrid::SetSystemStyleEnabled(true);
+}
+
+struct FixedStyleCase {
+  TFixedStyle fixedStyle;
+  THotButtons hot;
+  TListBorder listBorder;
+  TColor lineColor;
+};
+
+class FixedStyleTableTest : public ::testing::TestWithParam<FixedStyleCase> {};
+
+TEST_P(FixedStyleTableTest, ResolvesHotButtonsListBorderAndLineColor) {
+  TQuilDBGrid grid(nullptr);
+  grid.SetFixedTheme(ftNone);
+  grid.SetFixedStyle(GetParam().fixedStyle);
+  EXPECT_EQ(grid.HotButtonsStyle(), GetParam().hot);
+  EXPECT_EQ(grid.ListBorderStyle(), GetParam().listBorder);
+  EXPECT_EQ(grid.GetFixedLineColor(), GetParam().lineColor);
+}
+
+INSTANTIATE_TEST_SUITE_P(Table, FixedStyleTableTest,
+                         ::testing::Values(FixedStyleCase{fsDefault, hbBump, lbDefault, clBlack},
+                                           FixedStyleCase{fsSoft, hbBump, lbGray, cl3DDkShadow},
+                                           FixedStyleCase{fsNice, hbRaised, lbDefault, clBlack},
+                                           FixedStyleCase{fsFlat, hbRaised, lbDefault, clBlack},
+                                           FixedStyleCase{fsGreat, hbLowered, lbGray, cl3DDkShadow},
+                                           FixedStyleCase{fsGray, hbLowered, lbGray, cl3DDkShadow},
+                                           FixedStyleCase{fsFine, hbTile, lbMild, clBtnShadow},
+                                           FixedStyleCase{fsMild, hbTile, lbMild, clBtnShadow}));
+
+TEST_F(GridStyleTest, ResolvedStylesGiveWayToWhatIsSet) {
+  grid->SetHotButtons(hbNone);
+  EXPECT_EQ(grid->HotButtonsStyle(), hbNone);
+  EXPECT_EQ(grid->FocusRectStyle(), frDefault);
+  grid->SetFocusRect(frMild);
+  EXPECT_EQ(grid->FocusRectStyle(), frMild);
+  // Themed, the list border is mild; without lines it is the default; a custom style
+  // wins over all.
+  EXPECT_EQ(grid->ListBorderStyle(), lbMild);
+  grid->SwitchOptions({dgRowLines}, false);
+  EXPECT_EQ(grid->ListBorderStyle(), lbDefault);
+  grid->SetListBorder(lbGray);
+  EXPECT_EQ(grid->ListBorderStyle(), lbGray);
+  TStyleManager::SetStyle(QStringLiteral("Quil Dark"));
+  EXPECT_EQ(grid->ListBorderStyle(), lbDefault);
+}
+
+TEST_F(GridStyleTest, FixedLinesUnderAThemeFollowTheSystemTheme) {
+  EXPECT_EQ(grid->GetFixedLineColor(), clBtnFace);
+  grid->SetFixedTheme(ftTabs);
+  EXPECT_EQ(grid->GetFixedLineColor(), grid->DefaultDataLineColor());
+}
+
+// --- The named style tables
+
+TEST_F(GridStyleTest, StyleTablesAnswerForTheNamesTheyHold) {
+  EXPECT_EQ(TQuilCustomDBGrid::GetFixedTextStyle(QStringLiteral("Sterling")), -120);
+  EXPECT_EQ(TQuilCustomDBGrid::GetFixedTextStyle(QStringLiteral("Madison Dark")), 60);
+  EXPECT_EQ(TQuilCustomDBGrid::GetSelectRowStyle(QStringLiteral("Amakrits")), -110);
+  EXPECT_EQ(TQuilCustomDBGrid::GetSelectRowStyle(QStringLiteral("Puerto Rico")), 25);
+  EXPECT_EQ(TQuilCustomDBGrid::GetCellFrameStyle(QStringLiteral("Amakrits")), 2);
+  EXPECT_EQ(TQuilCustomDBGrid::GetCellFrameStyle(QStringLiteral("Glossy 2")), 1);
+  EXPECT_TRUE(TQuilCustomDBGrid::GetFlatStyle(QStringLiteral("Zodiac LE")));
+  EXPECT_FALSE(TQuilCustomDBGrid::GetFlatStyle(QStringLiteral("Sterling")));
+  // The desktop's own style takes the entries of the newest system.
+  EXPECT_EQ(TQuilCustomDBGrid::GetCellFrameStyle(QStringLiteral("Windows")), 4);
+  EXPECT_EQ(TQuilCustomDBGrid::GetSelectRowStyle(QStringLiteral("Windows")), 20);
+  EXPECT_TRUE(TQuilCustomDBGrid::GetFlatStyle(QStringLiteral("Windows")));
+}
+
+TEST_F(GridStyleTest, AStyleNameNoTableHasGivesNoShadeNoFrameAndIsNotFlat) {
+  TStyleManager::SetStyle(QStringLiteral("Quil Light"));
+  EXPECT_EQ(TQuilCustomDBGrid::GetFixedTextActiveStyle(), 0);
+  EXPECT_EQ(TQuilCustomDBGrid::GetSelectRowActiveStyle(), 0);
+  EXPECT_EQ(TQuilCustomDBGrid::GetCellFrameActiveStyle(), 0);
+  EXPECT_FALSE(TQuilCustomDBGrid::IsFlatStyle());
+  TRect rect = Rect(10, 10, 20, 20);
+  TQuilCustomDBGrid::GetCellFrameRect(rect);
+  EXPECT_EQ(rect, Rect(10, 10, 20, 20));
+  const TColor highlight = StyleServices()->GetSystemColor(clHighlight);
+  EXPECT_EQ(TQuilCustomDBGrid::GetSelectRowSelected(), highlight);
+  EXPECT_EQ(TQuilCustomDBGrid::GetFixedTextSelected(), highlight);
+}
+
+TEST_F(GridStyleTest, EntriesAddedForTheActiveStyleReachTheNextQuestion) {
+  TStyleManager::SetStyle(QStringLiteral("Quil Dark"));
+  TQuilCustomDBGrid::SetSelectRowActiveStyle(15);
+  TQuilCustomDBGrid::SetFixedTextActiveStyle(-20);
+  TQuilCustomDBGrid::SetCellFrameActiveStyle(3);
+  TQuilCustomDBGrid::SetFlatActiveStyle(true);
+  const TColor highlight = StyleServices()->GetSystemColor(clHighlight);
+  EXPECT_EQ(TQuilCustomDBGrid::GetSelectRowSelected(), TMarlGradient::ShadowColor(highlight, 15));
+  EXPECT_EQ(TQuilCustomDBGrid::GetFixedTextSelected(), TMarlGradient::ShadowColor(highlight, -20));
+  EXPECT_TRUE(TQuilCustomDBGrid::IsFlatStyle());
+  TRect rect = Rect(10, 10, 20, 20);
+  TQuilCustomDBGrid::GetCellFrameRect(rect);
+  EXPECT_EQ(rect, Rect(7, 7, 23, 23));
+  EXPECT_EQ(TQuilCustomDBGrid::GetSelectRowStyle(QStringLiteral("quil dark")), 15);
+  TQuilCustomDBGrid::SetSelectRowActiveStyle(0);
+  TQuilCustomDBGrid::SetFixedTextActiveStyle(0);
+  TQuilCustomDBGrid::SetCellFrameActiveStyle(0);
+  TQuilCustomDBGrid::SetFlatActiveStyle(false);
+}
+
+TEST_F(GridStyleTest, NamedStylesWithoutAShadeHaveAFixedTextColor) {
+  if (!TStyleManager::StyleNames().contains(QStringLiteral("Ruby Graphite"))) {
+    TStyleScheme scheme = LightStyleScheme();
+    scheme.Name = QStringLiteral("Ruby Graphite");
+    TStyleManager::RegisterStyle(scheme);
+  }
+  TStyleManager::SetStyle(QStringLiteral("Ruby Graphite"));
+  EXPECT_EQ(TQuilCustomDBGrid::GetFixedTextSelected(), 255);
+  EXPECT_EQ(TQuilCustomDBGrid::GetCellFrameActiveStyle(), 1);
+}
+
+// --- The border
+
+TEST_F(GridStyleTest, Ctl3DFollowsTheLookWhileCtl3DAutoHolds) {
+  EXPECT_TRUE(grid->Ctl3DAuto());
+  EXPECT_TRUE(grid->GridCtl3D());
+  // Themes are on: an unthemed grid goes flat, whatever its fixed style.
+  grid->SetFixedTheme(ftNone);
+  EXPECT_FALSE(grid->GridCtl3D());
+  grid->SetFixedStyle(fsSoft);
+  EXPECT_FALSE(grid->GridCtl3D());
+  grid->SetFixedTheme(ftDefault);
+  EXPECT_TRUE(grid->GridCtl3D());
+  // Set by hand, Ctl3D stays.
+  grid->SetCtl3D(false);
+  EXPECT_FALSE(grid->Ctl3DAuto());
+  grid->SetFixedTheme(ftButtons);
+  EXPECT_FALSE(grid->GridCtl3D());
+  grid->SetCtl3DAuto(true);
+  EXPECT_TRUE(grid->GridCtl3D());
+}
+
+TEST_F(GridStyleTest, FixedLinesShowUnderACustomStyleOrWithWideLines) {
+  EXPECT_FALSE(grid->TCustomGrid::Options().Contains(goFixedVertLine));
+  grid->SetGridLineWidth(2);
+  EXPECT_TRUE(grid->TCustomGrid::Options().Contains(goFixedVertLine));
+  EXPECT_TRUE(grid->TCustomGrid::Options().Contains(goFixedHorzLine));
+  grid->SetGridLineWidth(1);
+  EXPECT_FALSE(grid->TCustomGrid::Options().Contains(goFixedHorzLine));
+  grid->SetOptions(grid->Options() - dgColLines);
+  grid->SetOptions(grid->Options() + dgColLines);
+  TStyleManager::SetStyle(QStringLiteral("Quil Light"));
+  grid->Perform(CM_STYLECHANGED, 0, 0);
+  EXPECT_TRUE(grid->TCustomGrid::Options().Contains(goFixedVertLine));
+  EXPECT_TRUE(grid->TCustomGrid::Options().Contains(goFixedHorzLine));
+}
+
+}  // namespace
+}  // namespace quil
