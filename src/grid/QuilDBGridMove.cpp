@@ -8,7 +8,7 @@ namespace quil {
 
 int TQuilCustomDBGrid::MoveBy(int distance, bool force) {
   // FIXME: scrolling gives the grid mode its own scroll bar; here the option alone says.
-  if (optionsExt_.Contains(dgScrollGridMode)) {
+  if (optionsExt_.Contains(dgScrollGridMode) && DataSet()->IsSequenced()) {
     if (GetRecNumber() < 0) DataSet()->CheckBrowseMode();
     const int recNumber = GetRecNumber();
     if ((recNumber == 1 && distance < 0) || (recNumber == GetRecCount() && distance > 0))
@@ -75,13 +75,18 @@ void TQuilCustomDBGrid::SetPosition(int index) {
 }
 
 // FIXME: row numbers keep their own counters under dgForceSequence.
-int TQuilCustomDBGrid::GetRecNumber() const { return dataLink_->Active() ? DataSet()->RecNo() : -1; }
+// A data set that would have to count first gives no number rather than make a scroll wait.
+int TQuilCustomDBGrid::GetRecNumber() const {
+  return dataLink_->Active() && DataSet()->IsSequenced() ? DataSet()->RecNo() : -1;
+}
 
 void TQuilCustomDBGrid::SetRecNumber(int value) {
   if (dataLink_->Active()) DataSet()->SetRecNo(value);
 }
 
-int TQuilCustomDBGrid::GetRecCount() const { return dataLink_->Active() ? DataSet()->RecordCount() : 0; }
+int TQuilCustomDBGrid::GetRecCount() const {
+  return dataLink_->Active() && DataSet()->IsSequenced() ? DataSet()->RecordCount() : 0;
+}
 
 // FIXME: row numbers store these under dgForceSequence; without it the data set counts.
 void TQuilCustomDBGrid::SetupRecNumber(int) {}

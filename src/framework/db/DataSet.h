@@ -98,6 +98,10 @@ public:
   virtual void SetRecNo(int value) {}
   // The records of the data set (-1 when the descendant cannot tell).
   int RecordCount() const { return GetRecordCount(); }
+  // Whether RecNo and RecordCount answer at once. Controls that read them while they
+  // paint or scroll ask this first: a data set that must count on the server answers
+  // false until it has counted, rather than make them wait.
+  virtual bool IsSequenced() const { return true; }
   void Refresh();
   void Resync(TResyncMode mode);
   // Posts a modified record, cancels an unmodified one.

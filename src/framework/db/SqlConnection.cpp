@@ -61,15 +61,19 @@ bool TSQLConnection::Connected() const {
   return QSqlDatabase::contains(connectionName_) && QSqlDatabase::database(connectionName_, false).isOpen();
 }
 
+// Also after a lost connection, which no longer counts as connected but still holds
+// its prepared statements.
+void TSQLConnection::Disconnect() {
+  reads_.clear();
+  schemaVersion_.reset();
+  if (QSqlDatabase::contains(connectionName_)) QSqlDatabase::database(connectionName_, false).close();
+  inTransaction_ = false;
+}
+
 void TSQLConnection::SetConnected(bool value) {
-  if (value == Connected()) return;
-  if (!value) {
-    reads_.clear();
-    schemaVersion_.reset();
-    QSqlDatabase::database(connectionName_, false).close();
-    inTransaction_ = false;
-    return;
-  }
+  if (!value) return Disconnect();
+  if (Connected()) return;
+  Disconnect();
   if (!QSqlDatabase::isDriverAvailable(driverName_))
     DatabaseError(QStringLiteral("The database driver '%1' is not available").arg(driverName_), this);
   if (!QSqlDatabase::contains(connectionName_)) QSqlDatabase::addDatabase(driverName_, connectionName_);
@@ -96,8 +100,10 @@ TSQLDialect TSQLConnection::Dialect() const {
 void TSQLConnection::StartTransaction() {
   if (inTransaction_) DatabaseError(QStringLiteral("A transaction is already active"), this);
   QSqlDatabase db = Database();
-  if (!db.transaction())
+  if (!db.transaction()) {
+    if (Lost(db.lastError())) StatementFailed(db.lastError(), QStringLiteral("BEGIN"));
     DatabaseError(QStringLiteral("Cannot start a transaction: %1").arg(db.lastError().text()), this);
+  }
   inTransaction_ = true;
 }
 
@@ -105,6 +111,7 @@ void TSQLConnection::Commit() {
   if (!inTransaction_) DatabaseError(QStringLiteral("No transaction is active"), this);
   QSqlDatabase db = Database();
   if (!db.commit()) {
+    if (Lost(db.lastError())) StatementFailed(db.lastError(), QStringLiteral("COMMIT"));
     const QString message = db.lastError().text();
     db.rollback();
     inTransaction_ = false;
@@ -120,19 +127,14 @@ void TSQLConnection::Rollback() {
   if (!db.rollback()) DatabaseError(QStringLiteral("Cannot roll back: %1").arg(db.lastError().text()), this);
 }
 
-// SQLite re-prepares a statement whose schema changed, but the Qt driver sizes its row
-// by the column count from before, and overruns it when columns were added: no
-// statement prepared before a change may run after it. The schema's version is one
-// read of the database header.
-void TSQLConnection::DropReadsAfterSchemaChange() {
+qlonglong TSQLConnection::SchemaVersion() {
   if (!schemaVersion_) schemaVersion_ = std::make_unique<QSqlQuery>(Database());
   QSqlQuery& version = *schemaVersion_;
   if (!version.exec(QStringLiteral("PRAGMA schema_version")) || !version.next())
-    DatabaseError(QStringLiteral("%1\nin: PRAGMA schema_version").arg(version.lastError().text()), this);
+    StatementFailed(version.lastError(), QStringLiteral("PRAGMA schema_version"));
   const qlonglong current = version.value(0).toLongLong();
   version.finish();
-  if (current != readsSchema_) reads_.clear();
-  readsSchema_ = current;
+  return current;
 }
 
 // A statement prepared before a change of the schema may refuse to run (PostgreSQL:
@@ -140,7 +142,6 @@ void TSQLConnection::DropReadsAfterSchemaChange() {
 QSqlQuery& TSQLConnection::RunRead(const QString& sql, const std::vector<QVariant>& values) {
   // A bound on texts that carry their own numbers, such as the offsets of far jumps.
   if (reads_.size() >= 64) reads_.clear();
-  if (Dialect() == TSQLDialect::SQLite) DropReadsAfterSchemaChange();
   for (bool retry : {true, false}) {
     auto [entry, added] = reads_.try_emplace(sql, Database());
     QSqlQuery& query = entry->second;
@@ -151,9 +152,9 @@ QSqlQuery& TSQLConnection::RunRead(const QString& sql, const std::vector<QVarian
       ok = query.exec();
     }
     if (ok) return query;
-    const QString message = query.lastError().text();
+    const QSqlError error = query.lastError();
     reads_.erase(entry);
-    if (!retry || added) DatabaseError(QStringLiteral("%1\nin: %2").arg(message, sql), this);
+    if (!retry || added || Lost(error)) StatementFailed(error, sql);
   }
   Q_UNREACHABLE();
 }
@@ -161,8 +162,31 @@ QSqlQuery& TSQLConnection::RunRead(const QString& sql, const std::vector<QVarian
 int TSQLConnection::ExecuteDirect(const QString& sql) {
   QSqlQuery query(Database());
   SchemaMayHaveChanged();
-  if (!query.exec(sql)) DatabaseError(QStringLiteral("%1\nin: %2").arg(query.lastError().text(), sql), this);
+  if (!query.exec(sql)) StatementFailed(query.lastError(), sql);
   return query.numRowsAffected();
+}
+
+// A PostgreSQL session that the server ended leaves the driver closed; a failure that
+// leaves it open is asked once more with the smallest statement, which only a dead
+// session refuses without an SQLSTATE of its own. An SQLite file cannot go away.
+bool TSQLConnection::Lost(const QSqlError& error) {
+  if (Dialect() != TSQLDialect::PostgreSQL || !QSqlDatabase::contains(connectionName_)) return false;
+  QSqlDatabase db = QSqlDatabase::database(connectionName_, false);
+  if (!db.isOpen()) return true;
+  const QString state = error.nativeErrorCode();
+  if (state.startsWith(QLatin1String("08")) || state.startsWith(QLatin1String("57P"))) return true;
+  if (!state.isEmpty()) return false;
+  QSqlQuery probe(db);
+  if (probe.exec(QStringLiteral("SELECT 1"))) return false;
+  return !db.isOpen() || probe.lastError().nativeErrorCode().isEmpty();
+}
+
+void TSQLConnection::StatementFailed(const QSqlError& error, const QString& sql) {
+  if (Lost(error)) {
+    Disconnect();
+    DatabaseError(QStringLiteral("The connection to the database was lost: %1\nin: %2").arg(error.text(), sql), this);
+  }
+  DatabaseError(QStringLiteral("%1\nin: %2").arg(error.text(), sql), this);
 }
 
 TSQLWriteTransaction::TSQLWriteTransaction(TSQLConnection& connection)

@@ -3,7 +3,10 @@
 // that name it. SQLite ("QSQLITE", the default) needs only DatabaseName, a file path or
 // ":memory:"; PostgreSQL ("QPSQL") takes HostName, Port, UserName and Password too.
 //
-// Every failure raises EDatabaseError with the database's own message.
+// Every failure raises EDatabaseError with the database's own message. A server that
+// went away (restarted, or ended the session) is found on the statement that fails:
+// the connection closes, the error says the connection was lost, and the next
+// statement, Open or Connected = true connects again.
 
 #include <QSqlDatabase>
 #include <QSqlQuery>
@@ -12,6 +15,8 @@
 #include <unordered_map>
 
 #include "framework/rtl/Component.h"
+
+class QSqlError;
 
 namespace quil {
 
@@ -62,10 +67,21 @@ public:
   // A reading statement prepared once per connection and run again with new values,
   // so that reopening a data set or paging through it parses nothing twice. The caller
   // finishes it when done, so that it holds no read lock; raises as ExecuteDirect does.
+  //
+  // SQLite re-prepares a statement whose schema changed, but the Qt driver sizes its
+  // row by the column count from before and overruns it when columns were added: a
+  // statement that returns rows names its columns rather than "*" (LIMIT 0 returns none).
   QSqlQuery& RunRead(const QString& sql, const std::vector<QVariant>& values);
+  // SQLite's schema version, which every change of the schema by any connection moves.
+  qlonglong SchemaVersion();
+  // Raises EDatabaseError for a statement that failed with error; when the connection
+  // turns out to be lost, closes it first and says so.
+  [[noreturn]] void StatementFailed(const QSqlError& error, const QString& sql);
 
 private:
   void SetSetting(QString& setting, const QString& value);
+  void Disconnect();
+  bool Lost(const QSqlError& error);
   void DropReadsAfterSchemaChange();
 
   QString driverName_ = QStringLiteral("QSQLITE");
@@ -77,7 +93,6 @@ private:
   QString connectionName_;  // unique per component, for QSqlDatabase's registry
   std::unordered_map<QString, QSqlQuery> reads_;  // dropped with the connection
   std::unique_ptr<QSqlQuery> schemaVersion_;
-  qlonglong readsSchema_ = -1;  // SQLite's schema version when reads_ was filled
   bool inTransaction_ = false;
   int schemaSerial_ = 0;
 };

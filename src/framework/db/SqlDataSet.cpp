@@ -11,6 +11,7 @@
 #include "framework/db/FieldDefs.h"
 #include "framework/db/SqlCounter_p.h"
 #include "framework/db/SqlFilter.h"
+#include "framework/rtl/Exceptions.h"
 #include "framework/rtl/RtlConsts.h"
 
 namespace quil {
@@ -91,6 +92,11 @@ void TCustomSQLDataSet::InternalOpen() {
   statement_ = QStringLiteral("SELECT * FROM (%1) q").arg(source.select.body);
   statementValues_ = source.values;
   ResolveColumns(source);
+  if (Dialect() == TSQLDialect::SQLite) {
+    QStringList names;
+    for (const TSQLColumn& column : columns_) names.append(QuoteIdentifier(column.name));
+    statement_ = QStringLiteral("SELECT %1 FROM (%2) q").arg(names.join(QLatin1String(", ")), source.select.body);
+  }
   filter_ = CurrentFilterClause(Filter(), FilterOptions(), Filtered());
   FieldDefs()->SetUpdated(false);
   FieldDefs()->Update();
@@ -127,6 +133,7 @@ void TCustomSQLDataSet::ResolveColumns(const TSQLSource& source) {
     return;
   }
   catalogKey_.clear();
+  if (Dialect() == TSQLDialect::SQLite) catalogSchema_ = CheckConnection().SchemaVersion();
   ResolveKeys(source, ReadColumns(source));
   catalogColumns_ = columns_;
   catalogKeyNames_.clear();
@@ -140,6 +147,13 @@ void TCustomSQLDataSet::CheckColumnsUnchanged(const QSqlQuery& query) const {
   bool same = record.count() == int(columns_.size());
   for (int index = 0; same && index < record.count(); ++index) same = record.fieldName(index) == columns_[size_t(index)].name;
   if (same) return;
+  const_cast<QString&>(catalogKey_).clear();
+  DatabaseError(QStringLiteral("The columns of the statement changed since it was opened: close and open it again"), this);
+}
+
+void TCustomSQLDataSet::CheckSchemaUnchanged(qlonglong version) const {
+  checkColumns_ = false;
+  if (version == catalogSchema_) return;
   const_cast<QString&>(catalogKey_).clear();
   DatabaseError(QStringLiteral("The columns of the statement changed since it was opened: close and open it again"), this);
 }
@@ -217,24 +231,37 @@ void TCustomSQLDataSet::ResolveKeys(const TSQLSource& source, QStringList keyNam
 QSqlQuery TCustomSQLDataSet::Run(const QString& sql, const std::vector<QVariant>& values) const {
   QSqlQuery query(CheckConnection().Database());
   query.setForwardOnly(true);
-  if (!query.prepare(sql))
-    DatabaseError(QStringLiteral("%1\nin: %2").arg(query.lastError().text(), sql), this);
+  if (!query.prepare(sql)) CheckConnection().StatementFailed(query.lastError(), sql);
   for (size_t index = 0; index < values.size(); ++index) query.bindValue(int(index), values[index]);
-  if (!query.exec()) DatabaseError(QStringLiteral("%1\nin: %2").arg(query.lastError().text(), sql), this);
+  if (!query.exec()) CheckConnection().StatementFailed(query.lastError(), sql);
   return query;
 }
 
 std::vector<TCustomSQLDataSet::TRowPtr> TCustomSQLDataSet::FetchRows(const QString& sql,
                                                                      const std::vector<QVariant>& values) const {
-  QSqlQuery& query = CheckConnection().RunRead(sql, values);
-  if (checkColumns_) CheckColumnsUnchanged(query);
+  // The first fetch after reopening with the catalog's columns checks them: on SQLite
+  // by the schema version, read with the rows in the same read transaction.
+  const bool sqlite = Dialect() == TSQLDialect::SQLite;
+  const int first = checkColumns_ && sqlite ? 1 : 0;
+  const QString text = first ? QStringLiteral("SELECT (SELECT schema_version FROM pragma_schema_version), ") + sql.mid(7) : sql;
+  QSqlQuery* run = nullptr;
+  try {
+    run = &CheckConnection().RunRead(text, values);
+  } catch (const EDatabaseError&) {
+    // A column the catalog named may be gone: the next opening reads the catalog anew.
+    if (checkColumns_) const_cast<QString&>(catalogKey_).clear();
+    throw;
+  }
+  QSqlQuery& query = *run;
+  if (checkColumns_ && !sqlite) CheckColumnsUnchanged(query);
   std::vector<TRowPtr> rows;
   try {
     while (query.next()) {
+      if (first && rows.empty()) CheckSchemaUnchanged(query.value(0).toLongLong());
       auto row = std::make_shared<TRow>();
       row->reserve(columns_.size());
       for (size_t column = 0; column < columns_.size(); ++column)
-        row->push_back(FromSqlValue(query.value(int(column)), columns_[column].type));
+        row->push_back(FromSqlValue(query.value(int(column) + first), columns_[column].type));
       rows.push_back(std::move(row));
     }
   } catch (...) {
@@ -242,6 +269,7 @@ std::vector<TCustomSQLDataSet::TRowPtr> TCustomSQLDataSet::FetchRows(const QStri
     throw;
   }
   query.finish();
+  if (first && checkColumns_) CheckSchemaUnchanged(CheckConnection().SchemaVersion());
   return rows;
 }
 
@@ -366,6 +394,9 @@ bool TCustomSQLDataSet::Extend(TEnd end) {
 // Drops rows at the end opposite `keep` beyond the cache's bound.
 void TCustomSQLDataSet::Trim(TEnd keep) {
   const size_t limit = size_t(fetchSize_) * size_t(cacheFetches_);
+  // Leaving the end behind would forget where the cache stands.
+  if (rows_.size() > limit && !firstPosition_ && atEnd_ && count_ && *count_ >= 0)
+    firstPosition_ = *count_ - int64_t(rows_.size());
   while (rows_.size() > limit) {
     if (keep == TEnd::Back) {
       rows_.pop_front();
@@ -430,6 +461,16 @@ int64_t TCustomSQLDataSet::Count() const {
 }
 
 bool TCustomSQLDataSet::RecordCountKnown() const { return Active() && (count_ || HandlerFilters()); }
+
+// The position is known for a cached row once the front's is, which the cache learns
+// from the start, or from the end with the count.
+bool TCustomSQLDataSet::IsSequenced() const {
+  if (!Active() || HandlerFilters() || !count_) return false;
+  if (IsEmpty()) return true;
+  const TRecord* record = Record(ActiveBuffer());
+  if (record->flag != bfCurrent || !record->row) return true;
+  return IndexOfRow(record->row) >= 0 && (firstPosition_ || atEnd_);
+}
 
 void TCustomSQLDataSet::RequestRecordCount() {
   CheckActive();

@@ -3,7 +3,7 @@
 // the table. TSQLQuery (SqlQuery.h) and TSQLTable (SqlTable.h) give it the statement.
 //
 // Fetch design: keyset paging. The statement runs wrapped as
-//   SELECT * FROM (<statement without ORDER BY>) q [WHERE <filter>] ORDER BY <order>, <key>
+//   SELECT <columns> FROM (<statement without ORDER BY>) q [WHERE <filter>] ORDER BY <order>, <key>
 // where <order> is the statement's ORDER BY (or the table's IndexFieldNames) and <key>
 // the primary key (or KeyFields), so that the order is total and every row has one
 // place. A statement without a key (a join, a grouping, a table without a declared
@@ -31,8 +31,9 @@
 // worker thread over a connection of its own (SqlCounter_p.h says when it cannot).
 // RecordCount and RecNo wait for it with the event loop running: the GUI paints and
 // answers input, and the answer is exact, never an estimate. A caller that must not
-// wait (a scroll bar) asks RecordCountKnown, calls RequestRecordCount, and hears
-// OnRecordCount when the count has arrived. Opening, scrolling, First and Last count
+// wait (a scroll bar, a grid that numbers its rows) asks IsSequenced or
+// RecordCountKnown, calls RequestRecordCount, and hears OnRecordCount when the count
+// has arrived. Opening, scrolling, First and Last count
 // nothing.
 //
 // Editing writes back by primary key with generated INSERT, UPDATE and DELETE inside a
@@ -40,6 +41,9 @@
 // through RETURNING, so that the buffer holds what the database stored. A failed write
 // raises EDatabaseError with the database's message, rolls back, and leaves the record
 // in its edit state with the user's values.
+//
+// Locate and Lookup run the key test in the database (SqlDataSetLocate.cpp) and seek
+// to the first match as a bookmark does.
 //
 // OnFilterRecord runs on every fetched row on top of the database's filter. While it
 // does, RecNo and RecordCount are known only for rows the cache walked from the start
@@ -96,6 +100,8 @@ public:
 
   // Whether RecordCount answers without counting.
   bool RecordCountKnown() const;
+  // Whether RecordCount and the active record's RecNo both answer without counting.
+  bool IsSequenced() const override;
   // Starts counting in the background; OnRecordCount fires when the count is known.
   void RequestRecordCount();
   const TDataSetNotifyEvent& OnRecordCount() const { return onRecordCount_; }
@@ -144,6 +150,8 @@ protected:
   int GetRecNo() const override;
   bool GetCanModify() const override { return !readOnly_ && !table_.isEmpty(); }
   void SetFilterText(const QString& text) override;
+  bool LocateRecord(const QString& keyFields, const Variant& keyValues, TLocateOptions options,
+                    bool syncCursor) override;
   void Notification(TComponent* component, TOperation operation) override;
 
 private:
@@ -167,6 +175,7 @@ private:
   // The columns and key: read from the catalog, or as the last opening read them.
   void ResolveColumns(const TSQLSource& source);
   void CheckColumnsUnchanged(const QSqlQuery& query) const;
+  void CheckSchemaUnchanged(qlonglong version) const;
   // The key is KeyFields, else the table's primary key (keyNames when already known).
   void ResolveKeys(const TSQLSource& source, QStringList keyNames);
   void BuildStatement(const TSQLClause& filter);
@@ -202,6 +211,11 @@ private:
   bool HandlerFilters() const;
   bool Accepts(const TRowPtr& row);
 
+  // Locating
+  std::optional<TSQLClause> LocateCondition(const QString& keyFields, const Variant& keyValues,
+                                            TLocateOptions options) const;
+  TRowPtr FirstMatch(const TSQLClause& condition);
+
   // Writing
   TRowPtr Write(const QString& sql, const std::vector<QVariant>& values);
   TRowPtr Insert(const TRow& values);
@@ -220,7 +234,7 @@ private:
   std::vector<int> keyColumns_;
   TSQLKeyset keyset_;
   QString table_;
-  QString statement_;  // the wrapped SELECT without ORDER BY
+  QString statement_;  // the wrapped SELECT without ORDER BY, naming its columns on SQLite
   std::vector<QVariant> statementValues_;
   TSQLClause filter_;
   bool cursorOpen_ = false;
@@ -233,6 +247,7 @@ private:
   QString catalogKey_;
   std::vector<TSQLColumn> catalogColumns_;
   QStringList catalogKeyNames_;
+  qlonglong catalogSchema_ = -1;  // SQLite's schema version when the catalog was read
   mutable bool checkColumns_ = false;
   TDataSetNotifyEvent onRecordCount_;
 

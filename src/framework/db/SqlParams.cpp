@@ -2,6 +2,8 @@
 
 #include "framework/db/SqlTypes.h"
 #include "framework/rtl/Exceptions.h"
+#include "framework/rtl/TypInfo.h"
+#include "framework/rtl/UpdateGuard.h"
 
 namespace quil {
 
@@ -18,7 +20,46 @@ TFieldType TypeOfValue(const Variant& value) {
   }
 }
 
+bool SameName(const QString& a, const QString& b) { return a.compare(b, Qt::CaseInsensitive) == 0; }
+
 }  // namespace
+
+const TMetaClass& TSQLParam::StaticClass() {
+  static const TMetaClass meta = TMetaClass("TSQLParam", &TCollectionItem::StaticClass())
+      .Creates<TSQLParam>()
+      .Published(StrProp("Name", &TSQLParam::Name, &TSQLParam::SetName))
+      .Published(EnumProp("DataType", &TSQLParam::DataType, &TSQLParam::SetDataType).Default(ftUnknown))
+      .Published(VariantProp("Value", &TSQLParam::Value, &TSQLParam::SetValue));
+  return meta;
+}
+
+const TMetaClass& TSQLParam::ClassType() const { return StaticClass(); }
+
+void TSQLParam::SetName(const QString& name) {
+  if (name == name_) return;
+  name_ = name;
+  Changed(false);
+}
+
+void TSQLParam::SetDataType(TFieldType type) {
+  if (type == dataType_) return;
+  dataType_ = type;
+  Changed(false);
+}
+
+void TSQLParam::SetValue(const Variant& value) {
+  value_ = value;
+  Changed(false);
+}
+
+void TSQLParam::Assign(const TPersistent* source) {
+  const auto* param = dynamic_cast<const TSQLParam*>(source);
+  if (!param) return TCollectionItem::Assign(source);
+  name_ = param->name_;
+  dataType_ = param->dataType_;
+  value_ = param->value_;
+  Changed(false);
+}
 
 QVariant TSQLParam::Bound(TSQLDialect dialect) const {
   if (dataType_ == ftUnknown || IsNull()) return ToSqlValue(value_, TypeOfValue(value_), dialect);
@@ -33,9 +74,18 @@ QVariant TSQLParam::Bound(TSQLDialect dialect) const {
   }
 }
 
+const TMetaClass& TSQLParams::StaticClass() {
+  static const TMetaClass meta("TSQLParams", &TOwnedCollection::StaticClass());
+  return meta;
+}
+
+const TMetaClass& TSQLParams::ClassType() const { return StaticClass(); }
+
+TSQLParams::TSQLParams(TPersistent* owner) : TOwnedCollection(owner, TSQLParam::StaticClass()) {}
+
 TSQLParam* TSQLParams::FindParam(const QString& name) const {
-  for (const auto& param : items_)
-    if (param->Name().compare(name, Qt::CaseInsensitive) == 0) return param.get();
+  for (int index = 0; index < Count(); ++index)
+    if (SameName(Items(index)->Name(), name)) return Items(index);
   return nullptr;
 }
 
@@ -46,18 +96,18 @@ TSQLParam* TSQLParams::ParamByName(const QString& name) const {
 }
 
 void TSQLParams::Update(const QStringList& names) {
-  std::vector<std::unique_ptr<TSQLParam>> kept;
+  TUpdateGuard<TCollection> update(*this);
+  int placed = 0;  // the parameters before this index are in their final order
   for (const QString& name : names) {
-    const bool seen = std::any_of(kept.begin(), kept.end(), [&](const auto& param) {
-      return param->Name().compare(name, Qt::CaseInsensitive) == 0;
-    });
-    if (seen) continue;
-    auto existing = std::find_if(items_.begin(), items_.end(), [&](const auto& param) {
-      return param && param->Name().compare(name, Qt::CaseInsensitive) == 0;
-    });
-    kept.push_back(existing != items_.end() ? std::move(*existing) : std::make_unique<TSQLParam>(name));
+    TSQLParam* param = FindParam(name);
+    if (param && param->Index() < placed) continue;  // a name used twice
+    if (!param) {
+      param = AddParam();
+      param->SetName(name);
+    }
+    param->SetIndex(placed++);
   }
-  items_ = std::move(kept);
+  while (Count() > placed) Delete(Count() - 1);
 }
 
 std::vector<QVariant> TSQLParams::Values(const QStringList& names, TSQLDialect dialect) const {

@@ -13,6 +13,7 @@ const TMetaClass& TSQLQuery::StaticClass() {
           .Creates<TSQLQuery>()
           .Published(ObjectProp("Connection", &TSQLQuery::Connection, &TSQLQuery::SetConnection))
           .Published(ObjectProp("SQL", &TSQLQuery::SQL, &TSQLQuery::SetSQL))
+          .Published(ObjectProp("Params", &TSQLQuery::Params, &TSQLQuery::SetParams))
           .Published(StrProp("KeyFields", &TSQLQuery::KeyFields, &TSQLQuery::SetKeyFields))
           .Published(BoolProp("ReadOnly", &TSQLQuery::ReadOnly, &TSQLQuery::SetReadOnly).Default(false));
   return meta;
@@ -21,7 +22,7 @@ const TMetaClass& TSQLQuery::StaticClass() {
 const TMetaClass& TSQLQuery::ClassType() const { return StaticClass(); }
 
 TSQLQuery::TSQLQuery(TComponent* owner)
-    : TCustomSQLDataSet(owner), sql_(std::make_unique<TStringList>()), params_(std::make_unique<TSQLParams>()) {
+    : TCustomSQLDataSet(owner), sql_(std::make_unique<TStringList>()), params_(std::make_unique<TSQLParams>(this)) {
   sql_->SetOnChange(TNotifyEvent(this, &TSQLQuery::SQLChanged));
 }
 
@@ -47,11 +48,10 @@ int TSQLQuery::ExecSQL() {
   const TSQLParamText parsed = ParsedSQL();
   QSqlQuery query(Connection()->Database());
   Connection()->SchemaMayHaveChanged();
-  if (!query.prepare(parsed.sql))
-    DatabaseError(QStringLiteral("%1\nin: %2").arg(query.lastError().text(), parsed.sql), this);
+  if (!query.prepare(parsed.sql)) Connection()->StatementFailed(query.lastError(), parsed.sql);
   const std::vector<QVariant> values = params_->Values(parsed.names, Connection()->Dialect());
   for (size_t index = 0; index < values.size(); ++index) query.bindValue(int(index), values[index]);
-  if (!query.exec()) DatabaseError(QStringLiteral("%1\nin: %2").arg(query.lastError().text(), parsed.sql), this);
+  if (!query.exec()) Connection()->StatementFailed(query.lastError(), parsed.sql);
   return query.numRowsAffected();
 }
 

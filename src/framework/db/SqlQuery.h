@@ -2,7 +2,8 @@
 // TSQLQuery: a data set over the SELECT in its SQL, with named parameters (":name"),
 // and ExecSQL for statements that return no rows. Changing the SQL of an open query
 // re-opens it, so that an order strategy that rewrites the ORDER BY makes the database
-// sort. Edits write to the table of a single-table SELECT (see SqlDataSet.h).
+// sort. Edits write to the table of a single-table SELECT (see SqlDataSet.h). The
+// parameters follow the SQL's names; both are published and streamed.
 
 #include <memory>
 
@@ -22,6 +23,7 @@ public:
   TStrings* SQL() const { return sql_.get(); }
   void SetSQL(TStrings* sql) { sql_->Assign(sql); }
   TSQLParams* Params() const { return params_.get(); }
+  void SetParams(TSQLParams* params) { params_->Assign(params); }
   TSQLParam* ParamByName(const QString& name) const { return params_->ParamByName(name); }
   // Runs the SQL, which returns no rows; answers the rows affected.
   int ExecSQL();

@@ -181,6 +181,66 @@ TEST_F(SqlDataSetTest, LocateFindsARowBeyondTheCache) {
   EXPECT_FALSE(table->Locate(QStringLiteral("code"), Variant(QStringLiteral("none")), {}));
 }
 
+// The handler sees every row the data set fetches: a walk on the client would show it
+// all the rows before the match.
+TEST_F(SqlDataSetTest, LocateAsksTheDatabaseWithTheKeyOptions) {
+  auto table = Table(3);
+  int seen = 0;
+  table->SetOnFilterRecord([&](TDataSet*, bool& accept) {
+    ++seen;
+    accept = true;
+  });
+  table->SetFiltered(true);
+  table->Open();
+  seen = 0;
+  struct TCase {
+    const char* fields;
+    Variant values;
+    TLocateOptions options;
+    int id;  // 0: no match
+  };
+  const TCase cases[] = {
+      {"first name", Variant(QStringLiteral("Alice")), {}, 11},
+      {"first name", Variant(QStringLiteral("ALICE")), {loCaseInsensitive}, 10},
+      {"first name", Variant(QStringLiteral("ALICE")), {}, 0},
+      {"first name", Variant(QStringLiteral("Name4")), {loPartialKey}, 40},
+      {"first name", Variant(QStringLiteral("name5")), {loPartialKey}, 0},
+      {"first name", Variant(QStringLiteral("name5")), {loPartialKey, loCaseInsensitive}, 50},
+      {"first name", Variant(QStringLiteral("[bracket] 5")), {loPartialKey}, 9},
+      {"first name", Null(), {}, 8},
+      {"grp;code", VarArrayOf({Variant(2), Variant(QStringLiteral("C46"))}), {}, 46},
+      {"grp;code", VarArrayOf({Variant(3), Variant(QStringLiteral("C46"))}), {}, 0},
+      {"grp;first name", VarArrayOf({Variant(1), Variant(QStringLiteral("Name2"))}), {loPartialKey}, 21},
+      {"grp", Variant(2), {}, 2},
+      {"amount", Variant(50.0), {}, 40},
+      {"big", Variant(int64_t(570000000000LL)), {}, 57},
+  };
+  for (const TCase& each : cases) {
+    SCOPED_TRACE(each.fields);
+    table->First();
+    seen = 0;
+    EXPECT_EQ(table->Locate(QString::fromLatin1(each.fields), each.values, each.options), each.id != 0);
+    EXPECT_LE(seen, 3 + 2 * 3) << "the match and the window around it, no more";
+    if (each.id != 0) EXPECT_EQ(Id(*table), each.id);
+    table->CheckCacheConsistency();
+  }
+}
+
+TEST_F(SqlDataSetTest, LocateSkipsMatchesTheHandlerRefusesAndLookupLeavesTheCursor) {
+  auto table = Table(2);
+  table->SetOnFilterRecord([](TDataSet* dataSet, bool& accept) { accept = Id(*dataSet) != 2; });
+  table->SetFiltered(true);
+  table->Open();
+  table->Next();
+  ASSERT_EQ(Id(*table), 3);
+  EXPECT_TRUE(table->Locate(QStringLiteral("grp"), Variant(2), {}));
+  EXPECT_EQ(Id(*table), 6);
+  EXPECT_EQ(VarToStr(table->Lookup(QStringLiteral("code"), Variant(QStringLiteral("C33")), QStringLiteral("first name"))),
+            QStringLiteral("Name33"));
+  EXPECT_EQ(Id(*table), 6);
+  EXPECT_TRUE(VarIsNull(table->Lookup(QStringLiteral("code"), Variant(QStringLiteral("C2")), QStringLiteral("id"))));
+}
+
 TEST_F(SqlDataSetTest, LastRightAfterOpeningKnowsItsPositionAndTheCount) {
   auto table = Table();
   table->Open();

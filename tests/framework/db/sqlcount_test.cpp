@@ -92,3 +92,29 @@ TEST_F(SqlCountTest, AFailedBackgroundCountRaisesWithTheDatabasesMessage) {
 }
 
 }  // namespace
+
+namespace {
+
+// A control that must not wait asks IsSequenced before it reads the numbers.
+TEST_F(SqlCountTest, IsSequencedOnlyWhileBothNumbersAnswerAtOnce) {
+  EXPECT_FALSE(table_.IsSequenced()) << "nothing counted yet";
+  table_.Last();
+  table_.RequestRecordCount();
+  EXPECT_FALSE(table_.IsSequenced());
+  while (!table_.RecordCountKnown()) QCoreApplication::processEvents(QEventLoop::WaitForMoreEvents);
+  EXPECT_TRUE(table_.IsSequenced());
+  PostMarker();
+  EXPECT_EQ(table_.RecNo(), kRows);
+  EXPECT_EQ(table_.MoveBy(-45), -45);
+  EXPECT_TRUE(table_.IsSequenced()) << "the cache left the end but kept its place";
+  EXPECT_EQ(table_.RecNo(), kRows - 45);
+  EXPECT_FALSE(marker_) << "no number waited";
+  table_.CheckCacheConsistency();
+
+  ASSERT_TRUE(table_.Locate(QStringLiteral("id"), 150, {}));
+  EXPECT_FALSE(table_.IsSequenced()) << "a row found by its key has no known position";
+  EXPECT_EQ(table_.RecNo(), 150);
+  EXPECT_TRUE(table_.IsSequenced());
+}
+
+}  // namespace
