@@ -53,7 +53,7 @@ public:
   }
 };
 
-void ScrollQuil(benchmark::State& state, bool doubleBuffered) {
+void BM_ScrollQuil(benchmark::State& state) {
   quil::TForm form(nullptr);
   form.SetBounds(0, 0, kWidth, kHeight);
   quil::TClientDataSet dataSet(&form);
@@ -64,9 +64,6 @@ void ScrollQuil(benchmark::State& state, bool doubleBuffered) {
   grid->SetParent(&form);
   grid->SetAlign(quil::alClient);
   grid->SetDataSource(&source);
-  // Unbuffered, a record that comes in at the bottom repaints only the exposed row; a
-  // double-buffered grid repaints its window then.
-  grid->SetDoubleBuffered(doubleBuffered);
   form.Show();
   QApplication::processEvents();
   grid->MoveBy(grid->DataLink()->BufferCount() - 1);
@@ -82,9 +79,6 @@ void ScrollQuil(benchmark::State& state, bool doubleBuffered) {
     grid->Update();
   }
 }
-
-void BM_ScrollQuil(benchmark::State& state) { ScrollQuil(state, true); }
-void BM_ScrollQuilUnbuffered(benchmark::State& state) { ScrollQuil(state, false); }
 
 void BM_ScrollPeer(benchmark::State& state) {
   PeopleModel model;
@@ -115,5 +109,3 @@ void BM_ScrollPeer(benchmark::State& state) {
 
 BENCHMARK(BM_ScrollQuil)->Name("dbgrid_scroll_by_one_100k/quil")->Unit(benchmark::kMicrosecond);
 BENCHMARK(BM_ScrollPeer)->Name("dbgrid_scroll_by_one_100k/peer")->Unit(benchmark::kMicrosecond);
-BENCHMARK(BM_ScrollQuilUnbuffered)->Name("dbgrid_scroll_by_one_100k_unbuffered/quil")->Unit(benchmark::kMicrosecond);
-BENCHMARK(BM_ScrollPeer)->Name("dbgrid_scroll_by_one_100k_unbuffered/peer")->Unit(benchmark::kMicrosecond);

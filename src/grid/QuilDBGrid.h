@@ -9,6 +9,7 @@
 #include "framework/controls/Grids.h"
 #include "framework/controls/Timer.h"
 #include "framework/graphics/StyleServices.h"
+#include "framework/rtl/FactoryPart.h"
 #include "grid/QuilDBGridColumns.h"
 #include "grid/QuilDBGridFilter.h"
 #include "grid/QuilDBGridGlyphs.h"
@@ -40,9 +41,6 @@ constexpr UINT CM_DEFERLAYOUT = WM_USER + 100;
 extern int DelayInterval;
 
 enum TQuilDelayTimer { dtEndSelect, dtListItems, dtSequence, dtTotals };
-
-// dkDock marks a grid made to drop down as a list; it is not placed by the user.
-enum TDragKind { dkDrag, dkDock };
 
 class TQuilCustomDBGrid : public TCustomGrid {
 public:
@@ -151,24 +149,13 @@ public:
   bool ParentCtl3D() const { return parentCtl3D_; }
   void SetParentCtl3D(bool value) { parentCtl3D_ = value; }
   bool IsCtl3DStored() const { return !parentCtl3D_ && !ctl3DAuto_; }
-  // Without double buffering the grid repaints what a row count change leaves behind.
-  bool DoubleBuffered() const { return doubleBuffered_; }
-  void SetDoubleBuffered(bool value) { doubleBuffered_ = value; }
   bool DragRows() const { return dragRows_; }
   void SetDragRows(bool value) { dragRows_ = value; }
-  TDragKind DragKind() const { return dragKind_; }
-  void SetDragKind(TDragKind value) { dragKind_ = value; }
   bool GridEnabled() const { return Enabled(); }
   void SetEnabled(bool value) override;
   // The control's own hint, kept apart from the base one that cell hints overwrite.
   const QString& Hint() const { return hint_; }
   void SetHint(const QString& value);
-  TComponent* CustomHint() const { return customHint_; }
-  void SetCustomHint(TComponent* value);
-  bool ParentCustomHint() const { return parentCustomHint_; }
-  void SetParentCustomHint(bool value) { parentCustomHint_ = value; }
-  // Base options added while the grid is designed.
-  TGridOptions DesignOptionsBoost() const { return designOptionsBoost_; }
   TColor HeaderColor() const { return headerColor_; }
   void SetHeaderColor(TColor value);
   // -1 leaves a limit open.
@@ -456,6 +443,9 @@ protected:
 private:
   class TBusyScope;
 
+  // CreateGradient, with the grid listening to the new gradient.
+  TQuilDBGridGradient* MakeGradient();
+
   // Layout steps
   void FreeMixedColumns();
   void BindColumns();
@@ -499,19 +489,23 @@ private:
   bool FixedLinesShown() const;
   TCanvas* frameCanvas_ = nullptr;  // the window frame's canvas while WMNCPaint runs
 
-  std::unique_ptr<TQuilDBGridColumns> columns_;
+  // Parts made by their Create... factories on first use, so that a descendant's
+  // factories are the ones that run.
+  template <typename Part>
+  using TPart = TFactoryPart<TQuilCustomDBGrid, Part>;
+  TPart<TQuilDBGridColumns> columns_{this, &TQuilCustomDBGrid::CreateColumns};
   std::vector<TQuilColumn*> visibleColumns_;
-  std::unique_ptr<TQuilGridDataLink> dataLink_;
-  std::unique_ptr<TQuilGridStyle> gridStyle_;
-  std::unique_ptr<TQuilDBGridTotals> totals_;
+  TPart<TQuilGridDataLink> dataLink_{this, &TQuilCustomDBGrid::CreateDataLink};
+  TPart<TQuilGridStyle> gridStyle_{this, &TQuilCustomDBGrid::CreateGridStyle};
+  TPart<TQuilDBGridTotals> totals_{this, &TQuilCustomDBGrid::CreateTotals};
   std::unique_ptr<TFont> titleFont_;
   std::unique_ptr<TFont> headerFont_;
-  std::unique_ptr<TQuilDBGridFilter> filterGrid_;
-  std::unique_ptr<TQuilDBGridSearch> search_;
-  std::unique_ptr<TQuilDBGridTreeView> treeView_;
-  std::unique_ptr<TQuilDBGridSettings> settings_;
-  std::unique_ptr<TQuilScrollProp> scrollProp_;
-  std::unique_ptr<TQuilDBGridGradient> gradient_;
+  TPart<TQuilDBGridFilter> filterGrid_{this, &TQuilCustomDBGrid::CreateFilter};
+  TPart<TQuilDBGridSearch> search_{this, &TQuilCustomDBGrid::CreateSearch};
+  TPart<TQuilDBGridTreeView> treeView_{this, &TQuilCustomDBGrid::CreateTreeView};
+  TPart<TQuilDBGridSettings> settings_{this, &TQuilCustomDBGrid::CreateSettings};
+  TPart<TQuilScrollProp> scrollProp_{this, &TQuilCustomDBGrid::CreateScrollProp};
+  TPart<TQuilDBGridGradient> gradient_{this, &TQuilCustomDBGrid::MakeGradient};
   std::unique_ptr<TTimer> timers_[4];
 
   TQuilDBGridOptions options_;
@@ -563,13 +557,8 @@ private:
   bool readOnly_ = false;
   bool ctl3DAuto_ = true;
   bool parentCtl3D_ = true;
-  bool doubleBuffered_ = true;
   bool dragRows_ = false;
-  TDragKind dragKind_ = dkDrag;
   QString hint_;
-  TComponent* customHint_ = nullptr;
-  bool parentCustomHint_ = true;
-  TGridOptions designOptionsBoost_;
   TColor headerColor_ = clBtnFace;
   int linesCountMax_ = -1;
   int linesCountMin_ = 1;

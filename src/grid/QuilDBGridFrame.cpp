@@ -1,10 +1,10 @@
 // The grid's frame: construction and destruction, owned parts, option sets and the
 // properties that shape the layout.
-#include <QLocale>
-
+#include "framework/controls/Hints.h"
 #include "framework/db/DataSet.h"
 #include "framework/db/DataSource.h"
 #include "framework/db/Field.h"
+#include "framework/rtl/SystemInfo.h"
 #include "framework/rtl/TypInfo.h"
 #include "grid/QuilDBGrid.h"
 
@@ -17,7 +17,7 @@ TSet<E> ChangedMembers(TSet<E> before, TSet<E> after) {
   return (before - after) + (after - before);
 }
 
-bool KoreanSystem() { return QLocale::system().language() == QLocale::Korean; }
+bool KoreanSystem() { return SysLocale.PriLangID == LANG_KOREAN; }
 
 }  // namespace
 
@@ -44,7 +44,20 @@ const TMetaClass& TQuilDBGrid::StaticClass() {
           .Published(StrProp("Hint", &TQuilDBGrid::Hint, &TQuilDBGrid::SetHint))
           .Published(EnumProp("MarkerStyle", &TQuilDBGrid::MarkerStyle, &TQuilDBGrid::SetMarkerStyle).Default(msAuto))
           .Published(EnumProp("MarkerTransparent", &TQuilDBGrid::MarkerTransparent, &TQuilDBGrid::SetMarkerTransparent)
-                         .Default(mtAuto));
+                         .Default(mtAuto))
+          .Published(SetProp("Anchors", &TQuilDBGrid::Anchors, &TQuilDBGrid::SetAnchors).Default(TAnchors{akLeft, akTop}))
+          .Published(ObjectProp("Constraints", &TQuilDBGrid::Constraints, &TQuilDBGrid::SetConstraints))
+          .Published(ObjectProp("CustomHint", &TQuilDBGrid::CustomHint, &TQuilDBGrid::SetCustomHint))
+          .Published(BoolProp("ParentCustomHint", &TQuilDBGrid::ParentCustomHint, &TQuilDBGrid::SetParentCustomHint)
+                         .Default(false))
+          .Published(IntProp("DragCursor", &TQuilDBGrid::DragCursor, &TQuilDBGrid::SetDragCursor).Default(crDrag))
+          .Published(EnumProp("DragKind", &TQuilDBGrid::DragKind, &TQuilDBGrid::SetDragKind).Default(dkDrag))
+          .Published(EnumProp("DragMode", &TQuilDBGrid::DragMode, &TQuilDBGrid::SetDragMode).Default(dmManual))
+          .Published(EnumProp("ImeMode", &TQuilDBGrid::ImeMode, &TQuilDBGrid::SetImeMode).Default(imDontCare))
+          .Published(StrProp("ImeName", &TQuilDBGrid::ImeName, &TQuilDBGrid::SetImeName))
+          .Published(SetProp("StyleElements", &TQuilDBGrid::StyleElements, &TQuilDBGrid::SetStyleElements)
+                         .Default(TStyleElements{seFont, seClient, seBorder}))
+          .Published(IntProp("TabOrder", &TQuilDBGrid::TabOrder, &TQuilDBGrid::SetTabOrder));
   return meta;
 }
 
@@ -61,20 +74,18 @@ TQuilCustomDBGrid::TQuilCustomDBGrid(TComponent* owner)
   if (KoreanSystem()) options_ += dgAlwaysShowEditor;
   optionsEx_ = DefaultGridOptionsEx;
   optionsExt_ = DefaultGridOptionsExt;
-  parentCustomHint_ = false;
+  SetDoubleBuffered(true);
+  SetParentCustomHint(false);
   LoadIndicatorList(GetCurrentPPI(), GlyphStyleName());
   LoadBoxLists(GetCurrentPPI());
-  designOptionsBoost_ = {goRowSizing, goColSizing};
+  SetDesignOptionsBoost({goRowSizing, goColSizing});
   // The vertical scroll bar belongs to the record window, not to the base grid's rows.
   TCustomGrid::SetScrollBars(ssHorizontal);
   TCustomGrid::SetOptions({goVertLine, goHorzLine, goRowSizing, goColSizing, goColMoving, goEditing, goTabs});
-  columns_.reset(CreateColumns());
-  filterGrid_.reset(CreateFilter());
-  search_.reset(CreateSearch());
-  treeView_.reset(CreateTreeView());
+  // The parts made by the Create... factories are made on first use, after construction
+  // (TFactoryPart): nothing here may touch them.
   SetRowCount(2);
   SetColCount(2);
-  dataLink_.reset(CreateDataLink());
   SetColor(clWindow);
   SetParentColor(false);
   titleFont_ = std::make_unique<TFont>();
@@ -82,21 +93,17 @@ TQuilCustomDBGrid::TQuilCustomDBGrid(TComponent* owner)
   SetDefaultDrawing(true);
   headerFont_ = std::make_unique<TFont>();
   headerFont_->SetOnChange(TNotifyEvent(this, &TQuilCustomDBGrid::TitleFontChanged));
-  gridStyle_.reset(CreateGridStyle());
-  scrollProp_.reset(CreateScrollProp());
-  settings_.reset(CreateSettings());
-  gradient_.reset(CreateGradient());
-  gradient_->SetOnChange(TNotifyEvent(this, &TQuilCustomDBGrid::GradientChanged));
-  totals_.reset(CreateTotals());
   SetTabStop(true);
   HideEditor();
 }
 
 TQuilCustomDBGrid::~TQuilCustomDBGrid() {
+  // Notifications that come while the parts go find the grid destroying, and leave it.
+  Destroying();
   for (auto& timer : timers_) timer.reset();
-  if (settings_->Active() && !ComponentState().Contains(csDesigning)) settings_->AutoSaveLayout();
+  if (settings_ && settings_->Active() && !ComponentState().Contains(csDesigning)) settings_->AutoSaveLayout();
   // The link goes first, so that no data event reaches a grid without its parts.
-  dataLink_->SetDataSource(nullptr);
+  if (dataLink_) dataLink_->SetDataSource(nullptr);
   totals_.reset();
   gradient_.reset();
   settings_.reset();
@@ -122,6 +129,12 @@ TQuilDBGridTreeView* TQuilCustomDBGrid::CreateTreeView() { return new TQuilDBGri
 TQuilDBGridSettings* TQuilCustomDBGrid::CreateSettings() { return new TQuilDBGridSettings(this); }
 TQuilScrollProp* TQuilCustomDBGrid::CreateScrollProp() { return new TQuilScrollProp(this); }
 TQuilDBGridGradient* TQuilCustomDBGrid::CreateGradient() { return new TQuilDBGridGradient(this); }
+
+TQuilDBGridGradient* TQuilCustomDBGrid::MakeGradient() {
+  TQuilDBGridGradient* gradient = CreateGradient();
+  gradient->SetOnChange(TNotifyEvent(this, &TQuilCustomDBGrid::GradientChanged));
+  return gradient;
+}
 // FIXME: the grid editor replaces the base editor with its buttons and lists.
 TInplaceEdit* TQuilCustomDBGrid::CreateEditor() { return TCustomGrid::CreateEditor(); }
 
@@ -375,12 +388,6 @@ void TQuilCustomDBGrid::CMBiDiModeChanged(TMessage& message) {
 void TQuilCustomDBGrid::SetHint(const QString& value) {
   hint_ = value;
   TCustomGrid::SetHint(value);
-}
-
-void TQuilCustomDBGrid::SetCustomHint(TComponent* value) {
-  if (value == customHint_) return;
-  customHint_ = value;
-  if (value) value->FreeNotification(this);
 }
 
 void TQuilCustomDBGrid::SetHeaderColor(TColor value) {

@@ -54,9 +54,11 @@ void TQuilCustomDBGrid::WMNCPaint(TMessage& message) {
 
 // --- Invalidation
 
-// A double-buffered grid paints the whole change at once anyway.
+// The row counts that UpdateRowCount passes through change nothing on screen; what
+// changes is invalidated at its end, so a record coming in at the bottom paints only
+// the row that scrolling exposed.
 void TQuilCustomDBGrid::Invalidate() {
-  if (rowCountLock_ == 0 || doubleBuffered_) TCustomGrid::Invalidate();
+  if (rowCountLock_ == 0) TCustomGrid::Invalidate();
 }
 
 void TQuilCustomDBGrid::InvalidateBox(int rawCol, int rawRow) {
@@ -122,7 +124,7 @@ void TQuilCustomDBGrid::InvalidateTotals() {
   if (!HandleAllocated() || totalRows_ <= 0) return;
   int firstRow = RowCount() - totalRows_;
   // Without double buffering the line above the totals is drawn by the row before.
-  if (!doubleBuffered_ && options_.Contains(dgRowLines)) --firstRow;
+  if (!DoubleBuffered() && options_.Contains(dgRowLines)) --firstRow;
   TRect box = BoxRect(0, std::max(firstRow, 0), ColCount() - 1, RowCount() - 1);
   box.Right += GetColLineWidth();
   InvalidateRect(box);

@@ -230,7 +230,7 @@ void TQuilCustomDBGrid::Loaded() {
 
 void TQuilCustomDBGrid::Notification(TComponent* component, TOperation operation) {
   TCustomGrid::Notification(component, operation);
-  if (operation != opRemove || !columns_) return;
+  if (operation != opRemove || ComponentState().Contains(csDestroying)) return;
   if (dataLink_ && component == dataLink_->DataSource()) {
     SetDataSource(nullptr);
     return;
@@ -238,7 +238,6 @@ void TQuilCustomDBGrid::Notification(TComponent* component, TOperation operation
   // FIXME: master grids, title images, the totals' and columns' images, the filler's
   // and indicator's popup menus, the columns' and titles' menus and the totals' data
   // source let go of the component here once their holders exist.
-  if (component == customHint_) customHint_ = nullptr;
   if (component == indicatorImages_) indicatorImages_ = nullptr;
   if (component == titleMarkers_) titleMarkers_ = nullptr;
   for (int index = 0; index < columns_->Count(); ++index)

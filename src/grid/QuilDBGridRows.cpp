@@ -128,7 +128,7 @@ void TQuilCustomDBGrid::UpdateRowCount() {
   }
   if (RowCount() != oldRowCount) {
     Invalidate();
-  } else if (!doubleBuffered_ && HandleAllocated() && options_.Contains(dgRowLines) && totalRows_ == 0 &&
+  } else if (!DoubleBuffered() && HandleAllocated() && options_.Contains(dgRowLines) && totalRows_ == 0 &&
              (RowCount() - TCustomGrid::FixedRows()) * GetRowHeight() == ClientHeight() - GetTitleHeight()) {
     // The last row's bottom line falls outside the client area otherwise.
     InvalidateRect(RowBox(RowCount() - 1));

@@ -1,12 +1,15 @@
 // The frame's owned parts and their factories, its own properties, the delay timers,
 // Loaded, Notification and the streaming of columns against an ancestor.
+#include <QLocale>
 #include <QThread>
 #include <functional>
 
 #include "GridTestKit.h"
+#include "framework/controls/Hints.h"
 #include "framework/controls/Menus.h"
 #include "framework/rtl/Filer.h"
 #include "framework/rtl/ObjectText.h"
+#include "framework/rtl/SystemInfo.h"
 #include "framework/rtl/Streams.h"
 
 using namespace quil;
@@ -46,6 +49,125 @@ TEST(GridFrame, OwnsItsParts) {
     ASSERT_NE(part, nullptr);
     EXPECT_EQ(part->GetOwner(), &grid);
   }
+}
+
+// A descendant that substitutes every part its factories make, and counts the data
+// events that reach its own link.
+class TOwnPartsGrid : public gridtest::TProbeGrid {
+public:
+  struct TColumns : TQuilDBGridColumns { using TQuilDBGridColumns::TQuilDBGridColumns; };
+  struct TStyle : TQuilGridStyle { using TQuilGridStyle::TQuilGridStyle; };
+  struct TTotals : TQuilDBGridTotals { using TQuilDBGridTotals::TQuilDBGridTotals; };
+  struct TFilter : TQuilDBGridFilter { using TQuilDBGridFilter::TQuilDBGridFilter; };
+  struct TSearch : TQuilDBGridSearch { using TQuilDBGridSearch::TQuilDBGridSearch; };
+  struct TTree : TQuilDBGridTreeView { using TQuilDBGridTreeView::TQuilDBGridTreeView; };
+  struct TSettings : TQuilDBGridSettings { using TQuilDBGridSettings::TQuilDBGridSettings; };
+  struct TScroll : TQuilScrollProp { using TQuilScrollProp::TQuilScrollProp; };
+  struct TGradient : TQuilDBGridGradient { using TQuilDBGridGradient::TQuilDBGridGradient; };
+  class TLink : public TQuilGridDataLink {
+  public:
+    using TQuilGridDataLink::TQuilGridDataLink;
+    int scrolls = 0;
+
+  protected:
+    void DataSetScrolled(int distance) override {
+      ++scrolls;
+      TQuilGridDataLink::DataSetScrolled(distance);
+    }
+  };
+
+  // touchColumns: the descendant's constructor works on its columns already.
+  explicit TOwnPartsGrid(TComponent* owner, bool touchColumns = false) : TProbeGrid(owner) {
+    if (touchColumns) Columns()->Add()->SetFieldName("Name");
+  }
+  int factoryCalls = 0;
+
+protected:
+  TQuilDBGridColumns* CreateColumns() override { return Made(new TColumns(this)); }
+  TQuilGridDataLink* CreateDataLink() override { return Made(new TLink(this)); }
+  TQuilGridStyle* CreateGridStyle() override { return Made(new TStyle(this)); }
+  TQuilDBGridTotals* CreateTotals() override { return Made(new TTotals(this)); }
+  TQuilDBGridFilter* CreateFilter() override { return Made(new TFilter(this)); }
+  TQuilDBGridSearch* CreateSearch() override { return Made(new TSearch(this)); }
+  TQuilDBGridTreeView* CreateTreeView() override { return Made(new TTree(this)); }
+  TQuilDBGridSettings* CreateSettings() override { return Made(new TSettings(this)); }
+  TQuilScrollProp* CreateScrollProp() override { return Made(new TScroll(this)); }
+  TQuilDBGridGradient* CreateGradient() override { return Made(new TGradient(this)); }
+
+private:
+  template <typename Part>
+  Part* Made(Part* part) {
+    ++factoryCalls;
+    return part;
+  }
+};
+
+template <typename Expected, typename Part>
+bool Is(Part* part) {
+  return dynamic_cast<Expected*>(part) != nullptr;
+}
+
+TEST(GridFrame, DescendantFactoriesMakeEveryPart) {
+  TOwnPartsGrid grid(nullptr);
+  EXPECT_TRUE(Is<TOwnPartsGrid::TColumns>(grid.Columns()));
+  EXPECT_TRUE(Is<TOwnPartsGrid::TLink>(grid.DataLink()));
+  EXPECT_TRUE(Is<TOwnPartsGrid::TStyle>(grid.GridStyle()));
+  EXPECT_TRUE(Is<TOwnPartsGrid::TTotals>(grid.Totals()));
+  EXPECT_TRUE(Is<TOwnPartsGrid::TFilter>(grid.FilterGrid()));
+  EXPECT_TRUE(Is<TOwnPartsGrid::TSearch>(grid.Search()));
+  EXPECT_TRUE(Is<TOwnPartsGrid::TTree>(grid.TreeView()));
+  EXPECT_TRUE(Is<TOwnPartsGrid::TSettings>(grid.Settings()));
+  EXPECT_TRUE(Is<TOwnPartsGrid::TScroll>(grid.ScrollProp()));
+  EXPECT_TRUE(Is<TOwnPartsGrid::TGradient>(grid.Gradient()));
+  // Each part is made once, and asking again hands back the same one.
+  EXPECT_EQ(grid.factoryCalls, 10);
+  EXPECT_EQ(grid.Columns(), grid.Columns());
+  EXPECT_EQ(grid.factoryCalls, 10);
+}
+
+TEST(GridFrame, ColumnsTouchedInTheDescendantsConstructorAreItsOwn) {
+  TOwnPartsGrid grid(nullptr, true);
+  EXPECT_TRUE(Is<TOwnPartsGrid::TColumns>(grid.Columns()));
+  EXPECT_EQ(grid.Columns()->Count(), 1);
+}
+
+class GridFrameParts : public GridFixture {};
+
+// The grid works through the parts its descendant made: the data events of a bound
+// data set reach the descendant's link, and the layout makes its columns.
+TEST_F(GridFrameParts, BoundDescendantWorksThroughItsOwnLink) {
+  form = new TForm(nullptr);
+  form->SetBounds(0, 0, 520, 280);
+  dataSet = new dbtest::TWindowCheckedDataSet(form);
+  dbtest::FillPeople(*dataSet, 50);
+  source = new TDataSource(form);
+  source->SetDataSet(dataSet);
+  auto* own = new TOwnPartsGrid(form);
+  grid = own;
+  grid->SetParent(form);
+  grid->SetBounds(10, 10, 480, 240);
+  grid->SetDataSource(source);
+  form->Show();
+  Settle();
+  auto* link = dynamic_cast<TOwnPartsGrid::TLink*>(grid->DataLink());
+  ASSERT_NE(link, nullptr);
+  EXPECT_TRUE(link->Active());
+  dataSet->Next();
+  EXPECT_EQ(link->scrolls, 1);
+  EXPECT_EQ(grid->Row(), grid->TitleOffset() + 1);
+  EXPECT_EQ(grid->Columns()->Count(), dataSet->FieldCount());
+  EXPECT_TRUE(Is<TOwnPartsGrid::TColumns>(grid->Columns()));
+}
+
+TEST(GridFrame, KoreanSystemKeepsTheEditorShown) {
+  const TSysLocale saved = SysLocale;
+  SysLocale = SysLocaleOf(QLocale::Korean);
+  TQuilDBGrid korean(nullptr);
+  SysLocale = saved;
+  TQuilDBGrid plain(nullptr);
+  EXPECT_TRUE(korean.Options().Contains(dgAlwaysShowEditor));
+  EXPECT_EQ(korean.Options() - dgAlwaysShowEditor, plain.Options() - dgAlwaysShowEditor);
+  EXPECT_EQ(plain.Options().Contains(dgAlwaysShowEditor), SysLocale.PriLangID == LANG_KOREAN);
 }
 
 TEST(GridFrame, ConstructionDefaults) {
@@ -200,7 +322,7 @@ TEST_F(GridFrameShown, ActivationFreesTheDockedGridsItOwns) {
 
 TEST_F(GridFrameShown, RemovedComponentsAreLetGo) {
   OpenFrame(10);
-  auto* hint = new TComponent(form);
+  auto* hint = new TCustomHint(form);
   auto* menu = new TPopupMenu(form);
   auto* lookup = new dbtest::TWindowCheckedDataSet(form);
   grid->SetCustomHint(hint);
@@ -295,6 +417,41 @@ QString Written(TQuilDBGrid& grid, TQuilDBGrid* ancestor) {
   text.Seek(0, soBeginning);
   text.Read(bytes.data(), bytes.size());
   return QString::fromUtf8(bytes);
+}
+
+TEST(GridFrameStreaming, ControlPropertiesAreStoredAndReadBack) {
+  TQuilDBGrid grid(nullptr);
+  const QString plain = Written(grid, nullptr);
+  for (const char* name : {"Anchors", "Constraints", "DragCursor", "DragKind", "DragMode", "ImeMode", "ImeName",
+                           "StyleElements", "ParentCustomHint", "CustomHint"})
+    EXPECT_FALSE(plain.contains(name)) << name;
+  grid.SetAnchors({akLeft, akRight});
+  grid.Constraints()->SetMinWidth(100);
+  grid.Constraints()->SetMaxHeight(400);
+  grid.SetDragCursor(crHandPoint);
+  grid.SetDragKind(dkDock);
+  grid.SetDragMode(dmAutomatic);
+  grid.SetImeMode(imDisable);
+  grid.SetImeName("Hangul");
+  grid.SetStyleElements({seFont});
+  grid.SetParentCustomHint(true);
+  const QString text = Written(grid, nullptr);
+  EXPECT_TRUE(text.contains("Constraints.MinWidth = 100")) << text.toStdString();
+  TMemoryStream stream;
+  stream.WriteComponent(&grid);
+  TQuilDBGrid copy(nullptr);
+  stream.Seek(0, soBeginning);
+  stream.ReadComponent(&copy);
+  EXPECT_EQ(copy.Anchors(), (TAnchors{akLeft, akRight}));
+  EXPECT_EQ(copy.Constraints()->MinWidth(), 100);
+  EXPECT_EQ(copy.Constraints()->MaxHeight(), 400);
+  EXPECT_EQ(copy.DragCursor(), crHandPoint);
+  EXPECT_EQ(copy.DragKind(), dkDock);
+  EXPECT_EQ(copy.DragMode(), dmAutomatic);
+  EXPECT_EQ(copy.ImeMode(), imDisable);
+  EXPECT_EQ(copy.ImeName(), QStringLiteral("Hangul"));
+  EXPECT_EQ(copy.StyleElements(), TStyleElements{seFont});
+  EXPECT_TRUE(copy.ParentCustomHint());
 }
 
 TEST(GridFrameStreaming, ColumnsAreWrittenWhereTheyDifferFromTheAncestor) {

@@ -130,7 +130,17 @@ void WatchFocusChanges() {
   // The focus leaving the application entirely is no exit: it comes back to the same
   // control, as it does to the framework's form's active control.
   static QPointer<QWidget> lastFocus;
-  QObject::connect(app, &QApplication::focusChanged, app, [](QWidget*, QWidget* now) {
+  QObject::connect(app, &QApplication::focusChanged, app, [](QWidget* old, QWidget* now) {
+    // What the control losing the focus tracks (a dropped-down list, a drag) ends. The
+    // sender is the control that takes the focus in the same window; none when the
+    // window or the application is deactivated.
+    std::vector<TWinControl*> leaving = ControlChain(old);
+    if (!leaving.empty()) {
+      const bool sameWindow = now && now->window() == old->window();
+      std::vector<TWinControl*> taking = sameWindow ? ControlChain(now) : std::vector<TWinControl*>();
+      TControl* sender = taking.empty() ? nullptr : taking.front();
+      leaving.front()->Perform(CM_CANCELMODE, 0, LPARAM(sender));
+    }
     if (!now) return;
     std::vector<TWinControl*> left = ControlChain(lastFocus);
     std::vector<TWinControl*> entered = ControlChain(now);

@@ -3,6 +3,7 @@
 
 #include "framework/controls/Application.h"
 #include "framework/controls/Controls.h"
+#include "framework/controls/Hints.h"
 #include "framework/controls/KeyMapping.h"
 #include "framework/controls/Menus.h"
 #include "framework/controls/MessageQueue.h"
@@ -29,7 +30,8 @@ const TMetaClass& TControl::StaticClass() {
 
 const TMetaClass& TControl::ClassType() const { return StaticClass(); }
 
-TControl::TControl(TComponent* owner) : TComponent(owner), font_(std::make_unique<TFont>()) {
+TControl::TControl(TComponent* owner)
+    : TComponent(owner), font_(std::make_unique<TFont>()), constraints_(std::make_unique<TSizeConstraints>(this)) {
   controlStyle_ = {csCaptureMouse, csClickEvents, csSetCaption, csDoubleClicks};
   font_->SetOnChange(TNotifyEvent(this, &TControl::FontChanged));
   bounds_ = Bounds(0, 0, 0, 0);
@@ -48,6 +50,7 @@ void TControl::SetParent(TWinControl* parent) {
   if (parent_) parent_->RemoveControl(this);
   if (parent) {
     parent->InsertControl(this);
+    RecordAnchorRules();
     NotifyParentChanged(CM_PARENTFONTCHANGED);
     NotifyParentChanged(CM_PARENTCOLORCHANGED);
     NotifyParentChanged(CM_PARENTBIDIMODECHANGED);
@@ -58,11 +61,16 @@ void TControl::SetParent(TWinControl* parent) {
 void TControl::NotifyParentChanged(UINT msg) { Perform(msg, 0, 0); }
 
 void TControl::SetBounds(int left, int top, int width, int height) {
+  constraints_->Constrain(width, height);
   TRect bounds = Bounds(left, top, std::max(width, 0), std::max(height, 0));
-  if (bounds == bounds_) return;
+  if (bounds == bounds_) {
+    RecordAnchorRules();
+    return;
+  }
   InvalidateControl(visible_, false);
   bool resized = bounds.Size() != bounds_.Size();
   bounds_ = bounds;
+  RecordAnchorRules();
   InvalidateControl(visible_, false);
   BoundsChanged();
   if (resized) Resize();
@@ -185,6 +193,7 @@ void TControl::SetPopupMenu(TPopupMenu* menu) {
 void TControl::Notification(TComponent* component, TOperation operation) {
   TComponent::Notification(component, operation);
   if (operation == opRemove && component == popupMenu_) popupMenu_ = nullptr;
+  if (operation == opRemove && component == static_cast<TComponent*>(customHint_)) customHint_ = nullptr;
 }
 
 void TControl::SetCursor(TCursor cursor) {

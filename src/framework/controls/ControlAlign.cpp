@@ -46,6 +46,8 @@ void TWinControl::Realign() {
 }
 
 void TWinControl::AlignControls(TControl* control, TRect& rect) {
+  const TRect client = ClientRect();
+  for (TControl* child : std::vector<TControl*>(controls_)) child->ApplyAnchors(Point(client.Width(), client.Height()));
   for (TAlign align : {alTop, alBottom, alLeft, alRight, alClient}) {
     for (TControl* child : std::vector<TControl*>(controls_)) {
       if (child->Align() != align || !child->Visible()) continue;

@@ -38,11 +38,31 @@ class TFont;
 class TPopupMenu;
 class TWinControl;
 class TBasicAction;
+class TCustomHint;
+class TControl;
+class TEnumTypeInfo;
 class TWinControlPrivate;
 
 enum TAlign { alNone, alTop, alBottom, alLeft, alRight, alClient, alCustom };
 enum TBiDiMode { bdLeftToRight, bdRightToLeft, bdRightToLeftNoAlign, bdRightToLeftReadingOnly };
 enum TBorderStyle { bsNone, bsSingle };
+
+// The sides of its parent a control keeps its distance to while the parent is sized.
+enum TAnchorKind { akLeft, akTop, akRight, akBottom };
+using TAnchors = TSet<TAnchorKind>;
+const TEnumTypeInfo& TypeInfo(TAnchorKind);
+// dkDock marks a control made to dock into another, such as a dropped-down list.
+enum TDragKind { dkDrag, dkDock };
+const TEnumTypeInfo& TypeInfo(TDragKind);
+enum TDragMode { dmManual, dmAutomatic };
+const TEnumTypeInfo& TypeInfo(TDragMode);
+// How a window's input method starts. Qt has it on or off: imDisable and imClose turn it
+// off, the rest leave it on.
+enum TImeMode {
+  imDisable, imClose, imOpen, imDontCare, imSAlpha, imAlpha, imHira, imSKata, imKata, imChinese,
+  imSHanguel, imHanguel
+};
+const TEnumTypeInfo& TypeInfo(TImeMode);
 
 using TCursor = int16_t;
 constexpr TCursor crDefault = 0;
@@ -85,6 +105,7 @@ using TControlStyle = TSet<TControlStyleMember>;
 // The parts of a control that follow a custom style; the others keep the control's own.
 enum TStyleElement { seFont, seClient, seBorder };
 using TStyleElements = TSet<TStyleElement>;
+const TEnumTypeInfo& TypeInfo(TStyleElement);
 
 using TMouseEvent = TEvent<void(TObject* sender, TMouseButton button, TShiftState shift, int x, int y)>;
 using TMouseMoveEvent = TEvent<void(TObject* sender, TShiftState shift, int x, int y)>;
@@ -94,6 +115,37 @@ using TMouseWheelEvent =
     TEvent<void(TObject* sender, TShiftState shift, int wheelDelta, TPoint mousePos, bool& handled)>;
 using TMouseWheelUpDownEvent =
     TEvent<void(TObject* sender, TShiftState shift, TPoint mousePos, bool& handled)>;
+
+// Limits of a control's size in pixels; 0 leaves a limit open. A change applies at once.
+class TSizeConstraints : public TPersistent {
+public:
+  explicit TSizeConstraints(TControl* control) : control_(control) {}
+
+  static const TMetaClass& StaticClass();
+  const TMetaClass& ClassType() const override;
+
+  int MaxHeight() const { return maxHeight_; }
+  void SetMaxHeight(int value) { Store(maxHeight_, value); }
+  int MaxWidth() const { return maxWidth_; }
+  void SetMaxWidth(int value) { Store(maxWidth_, value); }
+  int MinHeight() const { return minHeight_; }
+  void SetMinHeight(int value) { Store(minHeight_, value); }
+  int MinWidth() const { return minWidth_; }
+  void SetMinWidth(int value) { Store(minWidth_, value); }
+  // Brings a size within the limits.
+  void Constrain(int& width, int& height) const;
+  void Assign(const TPersistent* source) override;
+  TPersistent* GetOwner() const override;
+
+private:
+  void Store(int& member, int value);
+
+  TControl* control_;
+  int maxHeight_ = 0;
+  int maxWidth_ = 0;
+  int minHeight_ = 0;
+  int minWidth_ = 0;
+};
 
 class TControl : public TComponent {
 public:
@@ -178,6 +230,23 @@ public:
   TCursor Cursor() const { return cursor_; }
   void SetCursor(TCursor cursor);
 
+  TAnchors Anchors() const { return anchors_; }
+  void SetAnchors(TAnchors anchors);
+  TSizeConstraints* Constraints() const { return constraints_.get(); }
+  void SetConstraints(const TSizeConstraints* constraints) { constraints_->Assign(constraints); }
+  // Stored for dragging; the framework starts no drag of its own.
+  TCursor DragCursor() const { return dragCursor_; }
+  void SetDragCursor(TCursor cursor) { dragCursor_ = cursor; }
+  TDragKind DragKind() const { return dragKind_; }
+  void SetDragKind(TDragKind kind) { dragKind_ = kind; }
+  TDragMode DragMode() const { return dragMode_; }
+  void SetDragMode(TDragMode mode) { dragMode_ = mode; }
+  // The component that shows the control's hints in place of the plain hint window.
+  TCustomHint* CustomHint() const { return customHint_; }
+  void SetCustomHint(TCustomHint* hint);
+  bool ParentCustomHint() const { return parentCustomHint_; }
+  void SetParentCustomHint(bool parentCustomHint) { parentCustomHint_ = parentCustomHint; }
+
   TControlState ControlState() const { return controlState_; }
   TControlStyle ControlStyle() const { return controlStyle_; }
   void SetControlStyle(TControlStyle style) { controlStyle_ = style; }
@@ -231,6 +300,7 @@ public:
 protected:
   friend class TWinControl;
   friend class TWinControlPrivate;
+  friend class TSizeConstraints;
 
   virtual void WndProc(TMessage& message);
 
@@ -283,6 +353,8 @@ protected:
   virtual void CMTextChanged(TMessage& message) { Invalidate(); }
 
   void Notification(TComponent* component, TOperation operation) override;
+  // Applies the Constraints to the bounds now, as after a change of a limit.
+  virtual void ConstraintsChanged();
   // For constructors: sets Visible without telling anyone.
   void SetInitialVisible(bool visible) { visible_ = visible; }
   void IncludeControlState(TControlStateMember member) { controlState_.Include(member); }
@@ -295,6 +367,10 @@ private:
   void MouseButtonDown(TMessage& message, TMouseButton button, TShiftState extra);
   void MouseButtonUp(TMessage& message, TMouseButton button);
   void NotifyParentChanged(UINT msg);
+  // Notes the distances to the parent's sides that the anchors keep.
+  void RecordAnchorRules();
+  // Places the control by its anchors in a parent whose client area is now clientSize.
+  void ApplyAnchors(TPoint clientSize);
 
   TWinControl* parent_ = nullptr;
   TRect bounds_;
@@ -316,6 +392,18 @@ private:
   bool parentShowHint_ = true;
   TPopupMenu* popupMenu_ = nullptr;
   TCursor cursor_ = crDefault;
+  TAnchors anchors_ = {akLeft, akTop};
+  // The bounds and the parent's client size when the control was last placed by hand;
+  // anchoring works from them.
+  TRect anchorBounds_;
+  TPoint anchorClientSize_;
+  bool anchoring_ = false;
+  std::unique_ptr<TSizeConstraints> constraints_;
+  TCursor dragCursor_ = crDrag;
+  TDragKind dragKind_ = dkDrag;
+  TDragMode dragMode_ = dmManual;
+  TCustomHint* customHint_ = nullptr;
+  bool parentCustomHint_ = true;
   TControlState controlState_;
   TControlStyle controlStyle_;
   int wheelAccumulator_ = 0;
@@ -362,8 +450,21 @@ public:
 
   bool TabStop() const { return tabStop_; }
   void SetTabStop(bool tabStop) { tabStop_ = tabStop; }
+  // The place among the parent's window controls that Tab follows; -1 without a parent.
+  // Set before the control has a parent, it is taken when it gets one.
+  int TabOrder() const;
+  void SetTabOrder(int order);
+  TImeMode ImeMode() const { return imeMode_; }
+  void SetImeMode(TImeMode mode);
+  // The input method the control asks for; Qt chooses it, so the name is kept only.
+  const QString& ImeName() const { return imeName_; }
+  void SetImeName(const QString& name) { imeName_ = name; }
   bool Ctl3D() const { return ctl3D_; }
   void SetCtl3D(bool ctl3D);
+  // Qt paints every window through a back buffer whatever this says; a control reads it
+  // to choose how much it repaints itself.
+  bool DoubleBuffered() const { return doubleBuffered_; }
+  void SetDoubleBuffered(bool value) { doubleBuffered_ = value; }
   bool Focused() const;
   virtual bool CanFocus() const;
   virtual void SetFocus();
@@ -465,11 +566,20 @@ private:
   void UpdateWidgetGeometry();
   void CreateChildHandles();
   void NotifyChildren(UINT msg);
+  // Tells Qt the Tab order of the child windows that exist.
+  void ApplyTabOrder();
+  void ApplyImeMode(QWidget* widget);
+  void ConstraintsChanged() override;
 
   std::unique_ptr<TWinControlPrivate> d_;
   std::vector<TControl*> controls_;
+  std::vector<TWinControl*> tabList_;  // the child windows in Tab order
+  int pendingTabOrder_ = -1;            // asked for before there was a parent; -1: none
+  TImeMode imeMode_ = imDontCare;
+  QString imeName_;
   bool tabStop_ = false;
   bool ctl3D_ = true;
+  bool doubleBuffered_ = false;
   bool aligning_ = false;
   TKeyEvent onKeyDown_, onKeyUp_;
   TKeyPressEvent onKeyPress_;
@@ -518,6 +628,30 @@ private:
 
   std::unique_ptr<TCanvas> canvas_;
 };
+
+// A window, as the framework's window calls take it, and the places SetWindowPos can
+// put a window in the order of its siblings.
+using HWND = TWinControl*;
+inline const HWND HWND_TOP = nullptr;
+inline const HWND HWND_BOTTOM = reinterpret_cast<HWND>(intptr_t(1));
+inline const HWND HWND_TOPMOST = reinterpret_cast<HWND>(intptr_t(-1));
+inline const HWND HWND_NOTOPMOST = reinterpret_cast<HWND>(intptr_t(-2));
+
+constexpr UINT SWP_NOSIZE = 0x0001;
+constexpr UINT SWP_NOMOVE = 0x0002;
+constexpr UINT SWP_NOZORDER = 0x0004;
+constexpr UINT SWP_NOREDRAW = 0x0008;
+constexpr UINT SWP_NOACTIVATE = 0x0010;
+constexpr UINT SWP_FRAMECHANGED = 0x0020;
+constexpr UINT SWP_SHOWWINDOW = 0x0040;
+constexpr UINT SWP_HIDEWINDOW = 0x0080;
+
+// Moves, sizes, orders, shows or hides a window as flags say, in its parent's client
+// coordinates (the screen's for a top-level window). Showing and hiding act on the
+// window alone: Visible does not change. SWP_FRAMECHANGED works out the client area
+// again. HWND_TOPMOST keeps a top-level window above the others; insertAfter may also
+// be a sibling, which the window then goes under. False without a window.
+bool SetWindowPos(HWND window, HWND insertAfter, int x, int y, int width, int height, UINT flags);
 
 // The control of a window, null when the window belongs to none.
 TWinControl* FindControl(const QWidget* widget);

@@ -57,6 +57,7 @@ public:
     }
     pending_ = QRegion();
     validated_ = QRegion();
+    hover_ = nullptr;
   }
 
   // Translates one Qt event; answers what QWidget::event should answer.

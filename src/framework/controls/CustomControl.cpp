@@ -36,7 +36,7 @@ void TCustomControl::WMPaint(TMessage& message) {
 void TCustomControl::PaintWindow(TCanvas* canvas) {
   QPainter* painter = TCanvasPrivate::Get(canvas)->Painter();
   if (!painter) return;
-  TCanvasPaintScope scope(canvas_.get(), painter);
+  TCanvasPaintScope scope(canvas_.get(), painter, ClientWidth());
   canvas_->Lock();
   PrepareCanvas(canvas_.get(), this);
   Paint();

@@ -30,16 +30,21 @@ bool HitLine(const TGridAxisDrawInfo& axis, int pos, int& index, int& linePos) {
 
 }  // namespace
 
+TGridOptions TCustomGrid::SizingOptions() const {
+  return ComponentState().Contains(csDesigning) ? options_ + designOptionsBoost_ : options_;
+}
+
 void TCustomGrid::CalcSizingState(int x, int y, TGridState& state, int& index, int& sizingPos,
                                   int& sizingOfs, const TGridDrawInfo& fixedInfo) {
   state = gsNormal;
   index = -1;
   x = MirrorX(x);
+  const TGridOptions options = SizingOptions();
   // Sizing starts in the fixed area only: a column at the title, a row at the indicator.
-  if (options_.Contains(goColSizing) && y < fixedInfo.Vert.FixedBoundary && x > fixedInfo.Horz.FixedBoundary) {
+  if (options.Contains(goColSizing) && y < fixedInfo.Vert.FixedBoundary && x > fixedInfo.Horz.FixedBoundary) {
     if (HitLine(fixedInfo.Horz, x, index, sizingPos)) state = gsColSizing;
     sizingOfs = sizingPos - x;
-  } else if (options_.Contains(goRowSizing) && x < fixedInfo.Horz.FixedBoundary && y > fixedInfo.Vert.FixedBoundary) {
+  } else if (options.Contains(goRowSizing) && x < fixedInfo.Horz.FixedBoundary && y > fixedInfo.Vert.FixedBoundary) {
     if (HitLine(fixedInfo.Vert, y, index, sizingPos)) state = gsRowSizing;
     sizingOfs = sizingPos - y;
   }

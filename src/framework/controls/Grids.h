@@ -201,6 +201,10 @@ public:
   void SetFixedColor(TColor color);
   TGridOptions Options() const { return options_; }
   void SetOptions(TGridOptions options);
+  // Options that hold as well while the grid is designed, so that a designer can size
+  // what the user may not.
+  TGridOptions DesignOptionsBoost() const { return designOptionsBoost_; }
+  void SetDesignOptionsBoost(TGridOptions boost) { designOptionsBoost_ = boost; }
   TScrollStyle ScrollBars() const { return scrollBars_; }
   void SetScrollBars(TScrollStyle scrollBars);
   TBorderStyle BorderStyle() const { return borderStyle_; }
@@ -347,6 +351,8 @@ private:
   void TopLeftReset(const TGridCoord& oldTopLeft, const TGridCoord& reset);
   // Whether the editor is shown on the current cell.
   bool EditorShowing() const;
+  // Options, with the design boost while designing.
+  TGridOptions SizingOptions() const;
 
   int colCount_ = 5;
   int rowCount_ = 5;
@@ -358,6 +364,7 @@ private:
   std::map<int, bool> tabStops_;  // only the columns without a tab stop
   TColor fixedColor_ = clBtnFace;
   TGridOptions options_ = {goFixedVertLine, goFixedHorzLine, goVertLine, goHorzLine, goRangeSelect};
+  TGridOptions designOptionsBoost_;
   TScrollStyle scrollBars_ = ssBoth;
   TBorderStyle borderStyle_ = bsSingle;
   bool defaultDrawing_ = true;

@@ -2,6 +2,7 @@
 #include <QScrollBar>
 #include <QWidget>
 #include <algorithm>
+#include <utility>
 
 #include "framework/controls/Application.h"
 #include "framework/controls/Controls.h"
@@ -53,6 +54,7 @@ QWidget* TWinControl::Handle() {
 void TWinControl::CreateHandle() {
   CreateWnd();
   CreateChildHandles();
+  ApplyTabOrder();
 }
 
 void TWinControl::CreateChildHandles() {
@@ -73,12 +75,17 @@ void TWinControl::CreateWnd() {
   // Painting covers every pixel (an opaque control) or fills the background first, so
   // Qt need not erase; the pixels of a validated area stay as they were.
   widget->setAttribute(Qt::WA_OpaquePaintEvent);
+  ApplyImeMode(widget);
   UpdateWidgetGeometry();
   d_->RecalcClientArea();
   d_->ApplyScrollInfo(SB_HORZ, false);
   d_->ApplyScrollInfo(SB_VERT, false);
-  if (Parent()) widget->setVisible(Visible());
-  else ApplyStylePalette(widget);
+  if (Parent()) {
+    widget->setVisible(Visible());
+  } else {
+    ApplyStylePalette(widget);
+    ConstraintsChanged();
+  }
   WatchFocusChanges();
   WatchStyleChanges();
 }
@@ -119,10 +126,15 @@ void TWinControl::UpdateWidgetGeometry() {
 }
 
 void TWinControl::SetBounds(int left, int top, int width, int height) {
+  Constraints()->Constrain(width, height);
   TRect bounds = Bounds(left, top, std::max(width, 0), std::max(height, 0));
-  if (bounds == bounds_) return;
+  if (bounds == bounds_) {
+    RecordAnchorRules();
+    return;
+  }
   bool resized = bounds.Size() != bounds_.Size();
   bounds_ = bounds;
+  RecordAnchorRules();
   QWidget* widget = d_->Widget();
   if (!widget) {
     if (resized) Resize();
@@ -163,7 +175,12 @@ TPoint TWinControl::ClientOrigin() const {
 void TWinControl::InsertControl(TControl* control) {
   controls_.push_back(control);
   control->parent_ = this;
-  if (auto* window = dynamic_cast<TWinControl*>(control); window && HandleAllocated()) window->HandleNeeded();
+  if (auto* window = dynamic_cast<TWinControl*>(control)) {
+    tabList_.push_back(window);
+    if (window->pendingTabOrder_ >= 0) window->SetTabOrder(std::exchange(window->pendingTabOrder_, -1));
+    if (HandleAllocated()) window->HandleNeeded();
+    ApplyTabOrder();
+  }
   control->Invalidate();
   if (control->Align() != alNone) Realign();
 }
@@ -174,6 +191,7 @@ void TWinControl::RemoveControl(TControl* control) {
   control->InvalidateControl(control->Visible(), false);
   d_->ForgetHover(control);
   controls_.erase(found);
+  tabList_.erase(std::remove(tabList_.begin(), tabList_.end(), control), tabList_.end());
   control->parent_ = nullptr;
 }
 
@@ -351,7 +369,7 @@ void TWinControl::WMPaint(TMessage& message) {
   if (!painter) return;
   TCanvas canvas;
   {
-    TCanvasPaintScope scope(&canvas, painter);
+    TCanvasPaintScope scope(&canvas, painter, ClientWidth());
     if (!ControlStyle().Contains(csOpaque)) {
       canvas.Brush()->SetColor(Color());
       canvas.FillRect(ClientRect());
@@ -374,7 +392,7 @@ void TWinControl::PaintControls(TCanvas* canvas) {
     painter->translate(graphic->Left(), graphic->Top());
     painter->setClipRect(QRect(0, 0, graphic->Width(), graphic->Height()), Qt::IntersectClip);
     {
-      TCanvasPaintScope scope(graphic->Canvas(), painter);
+      TCanvasPaintScope scope(graphic->Canvas(), painter, graphic->Width());
       graphic->PaintWithParent();
     }
     painter->restore();

@@ -73,7 +73,9 @@ WPARAM FocusOtherWindow(QEvent::Type type, QWidget* self) {
     other = FocusLeaver();
     FocusLeaver() = nullptr;
   }
-  return other == self ? 0 : WPARAM(FindControl(other));
+  // A window of another top-level window is not named: the focus came from outside.
+  if (!other || other == self || other->window() != self->window()) return 0;
+  return WPARAM(FindControl(other));
 }
 
 TWinControl* TopLevelControl(TWinControl* control) {

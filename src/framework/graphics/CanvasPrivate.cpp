@@ -117,6 +117,7 @@ QPainter::CompositionMode TCanvasPrivate::PenComposition() const {
 }
 
 int TCanvasPrivate::MirrorWidth() const {
+  if (mirrorWidth > 0) return mirrorWidth;
   return painter_ && painter_->device() ? painter_->device()->width() : 0;
 }
 

@@ -7,6 +7,7 @@
 #include <QPainter>
 #include <QPen>
 #include <memory>
+#include <utility>
 
 #include "framework/graphics/Canvas.h"
 
@@ -49,6 +50,9 @@ public:
   QImage Grab(const QRect& rect);
 
   TCanvasOrientation orientation = coLeftToRight;
+  // The width a right-to-left canvas mirrors within: a window's client area, which its
+  // painter starts at but which ends before the device does. 0: the device's width.
+  int mirrorWidth = 0;
   // Marks font, brush and pen as not yet applied to the painter.
   void Invalidate() { fontApplied_ = false; brushValid_ = false; penValid_ = false; }
 
@@ -75,13 +79,21 @@ void UnbindCanvas(TCanvas* canvas);
 // Binds for the length of a scope, so that an exception in a paint unbinds too.
 class TCanvasPaintScope {
 public:
-  TCanvasPaintScope(TCanvas* canvas, QPainter* painter) : canvas_(canvas) { BindCanvas(canvas, painter); }
-  ~TCanvasPaintScope() { UnbindCanvas(canvas_); }
+  // width: the logical width of what the painter paints (see mirrorWidth); 0 for the device's.
+  TCanvasPaintScope(TCanvas* canvas, QPainter* painter, int width = 0) : canvas_(canvas) {
+    BindCanvas(canvas, painter);
+    previousWidth_ = std::exchange(TCanvasPrivate::Get(canvas)->mirrorWidth, width);
+  }
+  ~TCanvasPaintScope() {
+    TCanvasPrivate::Get(canvas_)->mirrorWidth = previousWidth_;
+    UnbindCanvas(canvas_);
+  }
   TCanvasPaintScope(const TCanvasPaintScope&) = delete;
   TCanvasPaintScope& operator=(const TCanvasPaintScope&) = delete;
 
 private:
   TCanvas* canvas_;
+  int previousWidth_ = 0;
 };
 
 }  // namespace quil

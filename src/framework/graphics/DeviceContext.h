@@ -22,6 +22,24 @@ inline int GetClipBox(HDC dc, TRect& rect) {
   rect = dc->ClipRect();
   return rect.IsEmpty() ? NULLREGION : SIMPLEREGION;
 }
+// Raster operations of BitBlt; the canvas' CopyMode values.
+constexpr uint32_t SRCCOPY = cmSrcCopy;
+constexpr uint32_t SRCPAINT = cmSrcPaint;
+constexpr uint32_t SRCAND = cmSrcAnd;
+constexpr uint32_t SRCINVERT = cmSrcInvert;
+
+// Copies width x height pixels of source at xSource, ySource to x, y of dest with the
+// raster operation; dest keeps its CopyMode. False when a canvas is missing.
+inline bool BitBlt(HDC dest, int x, int y, int width, int height, HDC source, int xSource, int ySource,
+                   uint32_t rop) {
+  if (!dest || !source) return false;
+  const int mode = dest->CopyMode();
+  dest->SetCopyMode(int(rop));
+  dest->CopyRect(Bounds(x, y, width, height), source, Bounds(xSource, ySource, width, height));
+  dest->SetCopyMode(mode);
+  return true;
+}
+
 inline int SaveDC(HDC dc) { return dc->SaveDC(); }
 inline bool RestoreDC(HDC dc, int savedState) { return dc->RestoreDC(savedState); }
 

@@ -46,6 +46,7 @@ public:
   std::set<std::pair<int, int>> drawn;
   std::map<std::pair<int, int>, TGridDrawState> states;  // the last state of each cell drawn  // (col, row) of each DrawCell since the last clear
   std::vector<std::pair<int, int>> moves;  // ColumnMoved(from, to)
+  std::vector<std::pair<int, int>> rowMoves;  // RowMoved(from, to)
   std::vector<std::pair<std::pair<int, int>, QString>> edits;  // SetEditText(col, row)
   std::vector<std::pair<UINT, WPARAM>> focusMessages;  // WM_SETFOCUS/WM_KILLFOCUS, other window
   int colWidthsChanges = 0, rowHeightsChanges = 0, topLeftChanges = 0;
@@ -97,6 +98,7 @@ protected:
   int GetEditLimit() override { return editLimit; }
   TInplaceEdit* CreateEditor() override { return new EditProbe(this); }
   void ColumnMoved(int fromIndex, int toIndex) override { moves.emplace_back(fromIndex, toIndex); }
+  void RowMoved(int fromIndex, int toIndex) override { rowMoves.emplace_back(fromIndex, toIndex); }
   void ColWidthsChanged() override { ++colWidthsChanges; TCustomGrid::ColWidthsChanged(); }
   void RowHeightsChanged() override { ++rowHeightsChanges; TCustomGrid::RowHeightsChanged(); }
   void WMSetFocus(TMessage& m) override { focusMessages.emplace_back(WM_SETFOCUS, m.WParam); TCustomGrid::WMSetFocus(m); }

@@ -188,6 +188,16 @@ TEST_F(GridTest, ColumnBorderDoesNotSizeWithoutTheOption) {
   EXPECT_EQ(grid->ColWidths(2), 64);
 }
 
+TEST_F(GridTest, DesignOptionsBoostSizesOnlyWhileDesigning) {
+  TRect title = grid->CellRect(2, 0);
+  TPoint border = Point(title.Right, Center(title).Y);
+  grid->SetDesignOptionsBoost({goColSizing});
+  EXPECT_FALSE(grid->Sizing(border.X, border.Y));
+  grid->SetDesigning(true);
+  EXPECT_TRUE(grid->Sizing(border.X, border.Y));
+  EXPECT_FALSE(grid->Options().Contains(goColSizing)) << "the boost is not an option";
+}
+
 TEST_F(GridTest, DraggingATitleMovesTheColumn) {
   grid->SetOptions(grid->Options() + goColMoving);
   grid->SetColWidths(2, 90);

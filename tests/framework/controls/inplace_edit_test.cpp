@@ -6,6 +6,7 @@
 #include <QTimer>
 
 #include "GridProbe.h"
+#include "framework/controls/Application.h"
 #include "framework/controls/Clipboard.h"
 #include "framework/controls/VirtualKeys.h"
 
@@ -201,8 +202,10 @@ TEST_F(InplaceEditTest, NavigationKeysInTheEditorReachTheGrid) {
 TEST_F(InplaceEditTest, KeyTheCellRefusesIsNotTyped) {
   grid->refused = QStringLiteral("x");
   OpenEditor();
+  const int beeps = MessageBeepCount();
   QTest::keyClicks(grid->Editor()->Handle(), "xyx");
   EXPECT_EQ(grid->Editor()->Text(), QStringLiteral("y"));
+  EXPECT_EQ(MessageBeepCount(), beeps + 2) << "each refused key beeps";
 }
 
 TEST_F(InplaceEditTest, KeysTheEditorKeepsReachTheGridsOnKeyDown) {

@@ -208,6 +208,24 @@ TEST_F(TCanvasTest, CopyRectStretchesFromAnotherCanvas) {
   EXPECT_EQ(InkBounds(bitmap), Rect(100, 0, 120, 20));
 }
 
+TEST_F(TCanvasTest, BitBltCopiesPixelsWithTheRasterOperationAndKeepsCopyMode) {
+  TBitmap source;
+  test::WhiteBitmap(source, 40, 40);
+  source.Canvas()->Brush()->SetColor(clBlue);
+  source.Canvas()->FillRect(Rect(10, 10, 20, 20));
+  canvas->SetCopyMode(cmSrcAnd);
+  ASSERT_TRUE(BitBlt(canvas, 100, 50, 10, 10, source.Canvas(), 10, 10, SRCCOPY));
+  EXPECT_EQ(InkBounds(bitmap), Rect(100, 50, 110, 60));
+  EXPECT_EQ(PixelAt(bitmap, 105, 55), clBlue);
+  EXPECT_EQ(canvas->CopyMode(), cmSrcAnd);
+  // Blue inverted by blue is black, and inverted again blue.
+  BitBlt(canvas, 100, 50, 10, 10, source.Canvas(), 10, 10, SRCINVERT);
+  EXPECT_EQ(PixelAt(bitmap, 105, 55), clBlack);
+  BitBlt(canvas, 100, 50, 10, 10, source.Canvas(), 10, 10, SRCINVERT);
+  EXPECT_EQ(PixelAt(bitmap, 105, 55), clBlue);
+  EXPECT_FALSE(BitBlt(canvas, 0, 0, 5, 5, nullptr, 0, 0, SRCCOPY));
+}
+
 TEST_F(TCanvasTest, DrawAndStretchDrawPlaceAGraphic) {
   TBitmap glyph;
   glyph.SetSize(4, 4);
@@ -239,6 +257,25 @@ TEST_F(TCanvasTest, RightToLeftMirrorsCoordinates) {
   EXPECT_EQ(canvas->Pixel(0, 0), clRed);
   canvas->IntersectClipRect(Rect(0, 0, 50, 50));
   EXPECT_EQ(canvas->ClipRect(), Rect(0, 0, 50, 50));
+}
+
+// A window's painter starts at its client area, which ends before the window does: the
+// canvas mirrors within the width it was bound with.
+TEST(TCanvasBinding, RightToLeftMirrorsWithinTheBoundWidth) {
+  QImage image(200, 20, QImage::Format_RGB32);
+  image.fill(Qt::white);
+  {
+    QPainter painter(&image);
+    painter.translate(20, 0);
+    TCanvas canvas;
+    TCanvasPaintScope scope(&canvas, &painter, 100);
+    canvas.SetCanvasOrientation(coRightToLeft);
+    canvas.Brush()->SetColor(clRed);
+    canvas.FillRect(Rect(0, 0, 10, 10));
+  }
+  EXPECT_EQ(image.pixelColor(115, 5), QColor(Qt::red));
+  EXPECT_EQ(image.pixelColor(109, 5), QColor(Qt::white));
+  EXPECT_EQ(image.pixelColor(195, 5), QColor(Qt::white));
 }
 
 TEST_F(TCanvasTest, RightToLeftKeepsTextReadable) {

@@ -63,7 +63,7 @@ TEST_P(PictureFormatTest, DecodesByContentAndByExtensionInTheRightClass) {
 
 INSTANTIATE_TEST_SUITE_P(Formats, PictureFormatTest, ::testing::Values(
     FormatCase{"PNG", "TPngImage", "png"}, FormatCase{"JPEG", "TJPEGImage", "jpg"},
-    FormatCase{"BMP", "TBitmap", "bmp"}));
+    FormatCase{"BMP", "TBitmap", "bmp"}, FormatCase{"ICO", "TIcon", "ico"}));
 
 // Qt reads GIF but does not write it: a one-pixel red GIF, byte by byte.
 TEST(Picture, DecodesAGifInItsClass) {
