@@ -7,6 +7,7 @@
 #include "framework/rtl/Exceptions.h"
 #include "framework/rtl/RtlConsts.h"
 #include "framework/rtl/ScopeExit.h"
+#include "framework/rtl/SystemInfo.h"
 #include "grid/QuilDBGrid.h"
 
 namespace quil {
@@ -105,8 +106,10 @@ void TQuilCustomDBGrid::RecordChanged(TField* field) {
     InvalidateData();
   }
   TotalsChanged();
-  // FIXME: the grid editor skips this while a Korean composition is open.
-  if ((!field || field == SelectedField()) && EditTextDiffers()) {
+  // Taking the field's text back would end a Korean composition under way.
+  const bool composing =
+      SysLocale.PriLangID == LANG_KOREAN && InplaceEditor() && InplaceEditor()->ImeComposing();
+  if (!composing && (!field || field == SelectedField()) && EditTextDiffers()) {
     InvalidateEditor();
     if (InplaceEditor()) InplaceEditor()->Deselect();
   }

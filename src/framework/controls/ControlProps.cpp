@@ -178,10 +178,12 @@ void TWinControl::ApplyTabOrder() {
 void TWinControl::SetImeMode(TImeMode mode) {
   if (mode == imeMode_) return;
   imeMode_ = mode;
-  if (QWidget* widget = d_->Widget()) ApplyImeMode(widget);
+  UpdateInputMethod();
 }
 
-void TWinControl::ApplyImeMode(QWidget* widget) {
+void TWinControl::UpdateInputMethod() {
+  QWidget* widget = d_->Widget();
+  if (!widget) return;
   if (imeMode_ == imDisable || imeMode_ == imClose) widget->setAttribute(Qt::WA_InputMethodEnabled, false);
   else if (imeMode_ != imDontCare) widget->setAttribute(Qt::WA_InputMethodEnabled, true);
 }

@@ -456,6 +456,9 @@ public:
   void SetTabOrder(int order);
   TImeMode ImeMode() const { return imeMode_; }
   void SetImeMode(TImeMode mode);
+  // An input method is composing text in this window (between WM_IME_STARTCOMPOSITION
+  // and WM_IME_ENDCOMPOSITION).
+  bool ImeComposing() const;
   // The input method the control asks for; Qt chooses it, so the name is kept only.
   const QString& ImeName() const { return imeName_; }
   void SetImeName(const QString& name) { imeName_ = name; }
@@ -540,6 +543,14 @@ protected:
   virtual void WMGetDlgCode(TMessage& message) {}
   virtual void WMHScroll(TMessage& message) {}
   virtual void WMVScroll(TMessage& message) {}
+  // Qt's input method events arrive as these, before the widget's own class takes the
+  // event (a line edit composes with it).
+  virtual void WMImeStartComposition(TMessage& message) {}
+  virtual void WMImeComposition(TMessage& message) {}
+  virtual void WMImeEndComposition(TMessage& message) {}
+  // Turns Qt's input method on or off for the window as ImeMode says; imDontCare leaves
+  // the widget class's own choice.
+  virtual void UpdateInputMethod();
   virtual void CMEnter(TMessage& message) { DoEnter(); }
   virtual void CMExit(TMessage& message) { DoExit(); }
   // Hands the key to the parent, which may take it (Result not 0).
@@ -568,7 +579,6 @@ private:
   void NotifyChildren(UINT msg);
   // Tells Qt the Tab order of the child windows that exist.
   void ApplyTabOrder();
-  void ApplyImeMode(QWidget* widget);
   void ConstraintsChanged() override;
 
   std::unique_ptr<TWinControlPrivate> d_;

@@ -13,6 +13,7 @@
 #include "framework/controls/Controls.h"
 #include "framework/controls/ScrollBars.h"
 
+class QInputMethodEvent;
 class QKeyEvent;
 class QMouseEvent;
 class QPaintEvent;
@@ -76,6 +77,7 @@ public:
   QPainter* BeginClientPaint();
   void EndClientPaint();
   bool InPaint() const { return paintEvent_ != nullptr; }
+  bool Composing() const { return composing_; }
 
   TWindowScrollBar& ScrollBar(int bar) { return bars_[size_t(bar)]; }
   QScrollBar* EnsureScrollBar(int bar);
@@ -93,6 +95,9 @@ private:
   bool HandleKey(QKeyEvent* event);
   bool HandleMouse(QMouseEvent* event);
   bool HandleWheel(QWheelEvent* event);
+  bool HandleInputMethod(QInputMethodEvent* event);
+  // Ends a composition that the window leaves unfinished.
+  void EndComposition();
   bool HandlePaint(QPaintEvent* event);
   bool HandleResize();
   bool TakenAsDialogKey(uint16_t virtualKey, LPARAM keyData);
@@ -112,6 +117,7 @@ private:
   std::unique_ptr<QPainter> painter_;
   std::array<TWindowScrollBar, 2> bars_;
   TControl* hover_ = nullptr;  // the graphic child under the mouse; null for none
+  bool composing_ = false;     // between WM_IME_STARTCOMPOSITION and WM_IME_ENDCOMPOSITION
 };
 
 // The widget of a window control over any QWidget class: its events go through the

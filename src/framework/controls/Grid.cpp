@@ -1,5 +1,6 @@
 // TCustomGrid: construction, counts, sizes and options.
 
+#include <QWidget>
 #include <algorithm>
 #include <vector>
 
@@ -222,6 +223,7 @@ void TCustomGrid::SetFixedColor(TColor color) {
 
 void TCustomGrid::SetOptions(TGridOptions options) {
   if (options == options_) return;
+  const bool editingChanged = options.Contains(goEditing) != options_.Contains(goEditing);
   if (options.Contains(goRowSelect)) options.Exclude(goAlwaysShowEditor);
   options_ = options;
   if (!editorMode_) {
@@ -235,6 +237,14 @@ void TCustomGrid::SetOptions(TGridOptions options) {
   }
   InvalidateGrid();
   UpdateScrollRange();
+  if (editingChanged) UpdateInputMethod();
+}
+
+void TCustomGrid::UpdateInputMethod() {
+  TCustomControl::UpdateInputMethod();
+  if (!HandleAllocated()) return;
+  const bool off = ImeMode() == imDisable || ImeMode() == imClose;
+  Handle()->setAttribute(Qt::WA_InputMethodEnabled, options_.Contains(goEditing) && !off);
 }
 
 void TCustomGrid::SetScrollBars(TScrollStyle scrollBars) {

@@ -306,6 +306,8 @@ protected:
   void WMGetDlgCode(TMessage& message) override;
   void WMCancelMode(TMessage& message) override;
   void CMFontChanged(TMessage& message) override;
+  // A grid that edits takes the input method, so that a composition can open its editor.
+  void UpdateInputMethod() override;
 
   // The focus is on the grid or its editor.
   bool IsActiveControl() const;

@@ -70,6 +70,13 @@ constexpr UINT WM_SYSCHAR = 0x0106;
 constexpr UINT WM_KEYLAST = 0x0109;
 constexpr UINT WM_COMMAND = 0x0111;
 constexpr UINT WM_SYSCOMMAND = 0x0112;
+// An input method composes text: start, each change (LParam: GCS_COMPSTR while a
+// composition shows, GCS_RESULTSTR when text is handed over), end.
+constexpr UINT WM_IME_STARTCOMPOSITION = 0x010D;
+constexpr UINT WM_IME_ENDCOMPOSITION = 0x010E;
+constexpr UINT WM_IME_COMPOSITION = 0x010F;
+constexpr LPARAM GCS_COMPSTR = 0x0008;
+constexpr LPARAM GCS_RESULTSTR = 0x0800;
 constexpr UINT WM_TIMER = 0x0113;
 constexpr UINT WM_HSCROLL = 0x0114;
 constexpr UINT WM_VSCROLL = 0x0115;

@@ -40,6 +40,8 @@ TWinControl::~TWinControl() {
 
 bool TWinControl::HandleAllocated() const { return d_->Widget() != nullptr; }
 
+bool TWinControl::ImeComposing() const { return d_->Composing(); }
+
 void TWinControl::HandleNeeded() {
   if (HandleAllocated()) return;
   if (Parent()) Parent()->HandleNeeded();
@@ -75,7 +77,7 @@ void TWinControl::CreateWnd() {
   // Painting covers every pixel (an opaque control) or fills the background first, so
   // Qt need not erase; the pixels of a validated area stay as they were.
   widget->setAttribute(Qt::WA_OpaquePaintEvent);
-  ApplyImeMode(widget);
+  UpdateInputMethod();
   UpdateWidgetGeometry();
   d_->RecalcClientArea();
   d_->ApplyScrollInfo(SB_HORZ, false);
@@ -292,6 +294,9 @@ void TWinControl::Dispatch(TMessage& message) {
     case WM_GETDLGCODE: WMGetDlgCode(message); break;
     case WM_HSCROLL: WMHScroll(message); break;
     case WM_VSCROLL: WMVScroll(message); break;
+    case WM_IME_STARTCOMPOSITION: WMImeStartComposition(message); break;
+    case WM_IME_COMPOSITION: WMImeComposition(message); break;
+    case WM_IME_ENDCOMPOSITION: WMImeEndComposition(message); break;
     case CM_ENTER: CMEnter(message); break;
     case CM_EXIT: CMExit(message); break;
     case CM_CHILDKEY: CMChildKey(message); break;

@@ -1,6 +1,7 @@
 // Qt's events of a window control as window messages.
 
 #include <QApplication>
+#include <QInputMethodEvent>
 #include <QKeyEvent>
 #include <QMouseEvent>
 #include <QPaintEvent>
@@ -98,6 +99,8 @@ bool TWinControlPrivate::HandleEvent(QEvent* event) {
       return HandleMouse(static_cast<QMouseEvent*>(event));
     case QEvent::Wheel:
       return HandleWheel(static_cast<QWheelEvent*>(event));
+    case QEvent::InputMethod:
+      return HandleInputMethod(static_cast<QInputMethodEvent*>(event));
     case QEvent::Paint:
       return HandlePaint(static_cast<QPaintEvent*>(event));
     case QEvent::Resize:
@@ -114,7 +117,10 @@ bool TWinControlPrivate::HandleEvent(QEvent* event) {
       break;
     }
     case QEvent::FocusIn: control_->Perform(WM_SETFOCUS, FocusOtherWindow(event->type(), Widget()), 0); break;
-    case QEvent::FocusOut: control_->Perform(WM_KILLFOCUS, FocusOtherWindow(event->type(), Widget()), 0); break;
+    case QEvent::FocusOut:
+      EndComposition();
+      control_->Perform(WM_KILLFOCUS, FocusOtherWindow(event->type(), Widget()), 0);
+      break;
     case QEvent::Show:
     case QEvent::Hide:
       if (!event->spontaneous()) control_->Perform(CM_SHOWINGCHANGED, 0, 0);
@@ -127,6 +133,35 @@ bool TWinControlPrivate::HandleEvent(QEvent* event) {
     default: break;
   }
   return result;
+}
+
+// A composition travels as messages around Qt's own handling of the event. A start
+// handler may hand the focus on (a grid opens its editor): the event then goes to the
+// window that has the focus now, and the composition goes on there, not here.
+bool TWinControlPrivate::HandleInputMethod(QInputMethodEvent* event) {
+  const bool showing = !event->preeditString().isEmpty();
+  if (showing && !composing_) {
+    composing_ = true;
+    control_->Perform(WM_IME_STARTCOMPOSITION, 0, 0);
+  }
+  // The start handler's focus change has ended the composition here already.
+  QWidget* focus = QApplication::focusWidget();
+  if (focus && focus != Widget() && FindControl(focus)) {
+    EndComposition();
+    return QApplication::sendEvent(focus, event);
+  }
+  if (composing_)
+    control_->Perform(WM_IME_COMPOSITION, 0,
+                      (showing ? GCS_COMPSTR : 0) | (event->commitString().isEmpty() ? 0 : GCS_RESULTSTR));
+  const bool result = window_->BaseEvent(event);
+  if (!showing) EndComposition();
+  return result;
+}
+
+void TWinControlPrivate::EndComposition() {
+  if (!composing_) return;
+  composing_ = false;
+  control_->Perform(WM_IME_ENDCOMPOSITION, 0, 0);
 }
 
 // Keys the control does not claim go to its parents (CM_CHILDKEY) and, for dialog keys,

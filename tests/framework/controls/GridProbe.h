@@ -28,6 +28,7 @@ public:
   explicit EditProbe(TComponent* owner) : TInplaceEdit(owner) {}
   std::vector<UINT> commands;
   int boundsChanges = 0;
+  std::vector<std::pair<UINT, LPARAM>> imeMessages;
 
 protected:
   void BoundsChanged() override { ++boundsChanges; TInplaceEdit::BoundsChanged(); }
@@ -35,6 +36,9 @@ protected:
   void WMPaste(TMessage& m) override { commands.push_back(WM_PASTE); TInplaceEdit::WMPaste(m); }
   void WMClear(TMessage& m) override { commands.push_back(WM_CLEAR); TInplaceEdit::WMClear(m); }
   void WMUndo(TMessage& m) override { commands.push_back(WM_UNDO); TInplaceEdit::WMUndo(m); }
+  void WMImeStartComposition(TMessage& m) override { imeMessages.emplace_back(m.Msg, m.LParam); }
+  void WMImeComposition(TMessage& m) override { imeMessages.emplace_back(m.Msg, m.LParam); }
+  void WMImeEndComposition(TMessage& m) override { imeMessages.emplace_back(m.Msg, m.LParam); }
 };
 
 class GridProbe : public TCustomGrid {
@@ -60,6 +64,8 @@ public:
   int clicks = 0;
   QString refused;  // characters CanEditAcceptKey refuses  // false: CanEditModify refuses whatever the base says
   TColor ink = clNone;  // when set, DrawCell writes "c,r" in this color
+  bool editOnComposition = false;  // a composition on the grid opens the editor
+  int imeStarts = 0;
 
   using TCustomGrid::Canvas;
   using TCustomGrid::Sizing;
@@ -104,6 +110,10 @@ protected:
   void WMSetFocus(TMessage& m) override { focusMessages.emplace_back(WM_SETFOCUS, m.WParam); TCustomGrid::WMSetFocus(m); }
   void WMKillFocus(TMessage& m) override { focusMessages.emplace_back(WM_KILLFOCUS, m.WParam); TCustomGrid::WMKillFocus(m); }
   void TopLeftChanged() override { ++topLeftChanges; TCustomGrid::TopLeftChanged(); }
+  void WMImeStartComposition(TMessage& m) override {
+    ++imeStarts;
+    if (editOnComposition) ShowEditor();
+  }
 };
 
 // The widget point of a client point of a window control.
