@@ -19,7 +19,8 @@ QByteArray TBinaryField::AsBytes() const {
 }
 
 void TBinaryField::SetAsBytes(const QByteArray& value) {
-  if (NativeKind() == TNativeKind::String) SetAsString(QString::fromUtf8(value));
+  if (value.isEmpty() && EmptyIsNull()) Clear();
+  else if (NativeKind() == TNativeKind::String) SetAsString(QString::fromUtf8(value));
   else SetData(&value);
 }
 
@@ -55,7 +56,8 @@ QString TBlobField::GetAsString() const {
 }
 
 void TBlobField::SetAsStringValue(const QString& value) {
-  if (NativeKind() != TNativeKind::String) TBinaryField::SetAsStringValue(value);
+  if (value.isEmpty()) Clear();
+  else if (NativeKind() != TNativeKind::String) TBinaryField::SetAsStringValue(value);
   else SetData(&value);
 }
 

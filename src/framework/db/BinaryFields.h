@@ -2,6 +2,9 @@
 // Byte and blob fields. Bytes and blobs are native QByteArray; memos are native
 // QString. As text, bytes read as Latin-1. A blob's display text names its kind,
 // "(BLOB)", or "(blob)" when it is empty, as grids show it.
+//
+// A blob has no empty value apart from Null: writing no bytes or an empty text to a
+// blob, memo or graphic clears it. Fixed and variable byte fields keep an empty value.
 
 #include <QByteArray>
 
@@ -22,6 +25,8 @@ protected:
   QString GetAsString() const override;
   void SetAsStringValue(const QString& value) override;
   void SetVarValue(const Variant& value) override { SetAsString(value.AsString()); }
+  // Whether an empty value is stored as Null.
+  virtual bool EmptyIsNull() const { return false; }
 };
 
 class TBytesField : public TBinaryField {
@@ -52,6 +57,7 @@ protected:
   QString GetAsString() const override;
   void SetAsStringValue(const QString& value) override;
   void GetText(QString& text, bool displayText) const override;
+  bool EmptyIsNull() const override { return true; }
 };
 
 class TMemoField : public TBlobField {

@@ -76,4 +76,13 @@ TGuidField::TGuidField(TComponent* owner) : TStringField(owner) {
   SetSize(38);
 }
 
+void TGuidField::SetAsStringValue(const QString& value) {
+  if (value.isEmpty()) {
+    Clear();
+    return;
+  }
+  CheckGuidText(value);
+  TStringField::SetAsStringValue(value);
+}
+
 }  // namespace quil

@@ -39,12 +39,16 @@ public:
   const TMetaClass& ClassType() const override;
 };
 
-// A GUID in its braced text form, 38 characters.
+// A GUID in its braced text form, 38 characters. Any other text raises EConvertError
+// and changes nothing; an empty text clears the field, as a GUID has no empty value.
 class TGuidField : public TStringField {
 public:
   explicit TGuidField(TComponent* owner);
   static const TMetaClass& StaticClass();
   const TMetaClass& ClassType() const override;
+
+protected:
+  void SetAsStringValue(const QString& value) override;
 };
 
 }  // namespace quil

@@ -315,4 +315,18 @@ bool StrToBoolDef(const QString& text, bool defaultValue) {
   return TryStrToBool(text, value) ? value : defaultValue;
 }
 
+bool IsGuidText(const QString& text) {
+  static constexpr char kShape[] = "{xxxxxxxx-xxxx-xxxx-xxxx-xxxxxxxxxxxx}";
+  if (text.size() != int(sizeof(kShape)) - 1) return false;
+  for (int at = 0; at < text.size(); ++at) {
+    const bool fits = kShape[at] == 'x' ? DigitValue(text[at], 16) >= 0 : text[at] == QLatin1Char(kShape[at]);
+    if (!fits) return false;
+  }
+  return true;
+}
+
+void CheckGuidText(const QString& text) {
+  if (!IsGuidText(text)) throw EConvertError(Format(SInvalidGUID, {text}));
+}
+
 }  // namespace quil

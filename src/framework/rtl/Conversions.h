@@ -56,4 +56,9 @@ bool StrToBool(const QString& text);
 bool StrToBoolDef(const QString& text, bool defaultValue);
 bool TryStrToBool(const QString& text, bool& value);
 
+// A GUID's braced text: "{" 8-4-4-4-12 hexadecimal digits "}", either case.
+bool IsGuidText(const QString& text);
+// Raises EConvertError (SInvalidGUID) for a text that IsGuidText refuses.
+void CheckGuidText(const QString& text);
+
 }  // namespace quil

@@ -10,6 +10,8 @@ void Exception::SetMessage(const QString& message) {
   utf8_ = message.toStdString();
 }
 
+void Abort() { throw EAbort(QStringLiteral("Operation aborted")); }
+
 void DatabaseError(const QString& message) { throw EDatabaseError(message); }
 
 }  // namespace quil

@@ -26,6 +26,8 @@ private:
     using Base::Base;                    \
   }
 
+// The silent exception: it ends an operation, and the application's handler shows nothing.
+QUIL_EXCEPTION_CLASS(EAbort, Exception);
 QUIL_EXCEPTION_CLASS(EConvertError, Exception);
 QUIL_EXCEPTION_CLASS(EDatabaseError, Exception);
 QUIL_EXCEPTION_CLASS(EInvalidGridOperation, Exception);
@@ -44,6 +46,9 @@ QUIL_EXCEPTION_CLASS(EVariantError, Exception);
 QUIL_EXCEPTION_CLASS(EIniFileException, Exception);
 
 #undef QUIL_EXCEPTION_CLASS
+
+// Raises EAbort ("Operation aborted").
+[[noreturn]] void Abort();
 
 // Raises EDatabaseError with the message, as the data classes do.
 [[noreturn]] void DatabaseError(const QString& message);

@@ -41,6 +41,7 @@ QString SInvalidFormat = QStringLiteral("Format '%s' invalid or incompatible wit
 QString SArgumentMissing = QStringLiteral("No argument for format '%s'");
 QString SInvalidTime = QStringLiteral("'%s' is not a valid time");
 QString SInvalidBoolean = QStringLiteral("'%s' is not a valid boolean value");
+QString SInvalidGUID = QStringLiteral("'%s' is not a valid GUID value");
 QString SOverflow = QStringLiteral("Arithmetic overflow");
 QString SDivByZero = QStringLiteral("Division by zero");
 QString SInvalidVarOp = QStringLiteral("Invalid variant operation");

@@ -45,6 +45,7 @@ extern QString SInvalidFormat;        // %s: the format
 extern QString SArgumentMissing;      // %s: the format
 extern QString SInvalidTime;          // %s: the text
 extern QString SInvalidBoolean;       // %s: the text
+extern QString SInvalidGUID;          // %s: the text
 extern QString SOverflow;
 extern QString SDivByZero;
 extern QString SInvalidVarOp;

@@ -4,6 +4,7 @@
 
 #include <gtest/gtest.h>
 
+#include "framework/db/BinaryFields.h"
 #include "framework/db/DbTestKit.h"
 #include "framework/db/DateTimeFields.h"
 #include "framework/db/NumericFields.h"
@@ -19,7 +20,7 @@ protected:
   void SetUp() override {
     for (auto [name, type, size] :
          {std::tuple{"Day", ftDate, 0}, {"Clock", ftTime, 0}, {"Stamp", ftDateTime, 0}, {"Data", ftBlob, 0},
-          {"Note", ftMemo, 0}, {"Key", ftGuid, 38}, {"Price", ftBCD, 4}})
+          {"Note", ftMemo, 0}, {"Key", ftGuid, 38}, {"Price", ftBCD, 4}, {"Name", ftString, 10}})
       dataSet.FieldDefs()->Add(name, type, size);
     dataSet.CreateDataSet();
     dataSet.Append();
@@ -65,6 +66,12 @@ INSTANTIATE_TEST_SUITE_P(Texts, KindText, testing::Values(
     TKindText{"Stamp", "03.02.2024", "03.02.2024"}, TKindText{"Stamp", "2024-02-03", nullptr},
     TKindText{"Note", "line one\nline two", "line one\nline two"}, TKindText{"Data", "bytes", "bytes"},
     TKindText{"Key", "{6F9619FF-8B86-D011-B42D-00C04FC964FF}", "{6F9619FF-8B86-D011-B42D-00C04FC964FF}"},
+    TKindText{"Key", "{6f9619ff-8b86-d011-b42d-00c04fc964ff}", "{6f9619ff-8b86-d011-b42d-00c04fc964ff}"},
+    TKindText{"Key", "6F9619FF-8B86-D011-B42D-00C04FC964FF", nullptr},
+    TKindText{"Key", "{6F9619FF-8B86-D011-B42D-00C04FC964F}", nullptr},
+    TKindText{"Key", "{6F9619FF-8B86-D011-B42D-00C04FC964FG}", nullptr},
+    TKindText{"Key", "{6F9619FF-8B86-D011-B42D+00C04FC964FF}", nullptr},
+    TKindText{"Key", "{6F9619FF-8B86-D011-B42D-00C04FC964FF} ", nullptr},
     TKindText{"Price", "12.3456", "12.3456"}, TKindText{"Price", "-0.5", "-0.5000"},
     TKindText{"Price", "twelve", nullptr}));
 
@@ -79,6 +86,44 @@ TEST_F(TKindsTable, EmptyTextMakesDatesAndDecimalsNull) {
     EXPECT_TRUE(VarIsNull(field->AsVariant())) << name;
     EXPECT_EQ(field->DisplayText(), "") << name;
   }
+}
+
+TEST_F(TKindsTable, EmptyTextMakesBlobsMemosAndGuidsNullButAStringKeepsIt) {
+  for (auto [name, text] : {std::pair{"Data", "bytes"}, {"Note", "line"},
+                            {"Key", "{6F9619FF-8B86-D011-B42D-00C04FC964FF}"}}) {
+    TField* field = Field(name);
+    field->SetText(text);
+    ASSERT_FALSE(field->IsNull()) << name;
+    field->SetText("");
+    EXPECT_TRUE(field->IsNull()) << name;
+    EXPECT_TRUE(VarIsNull(field->AsVariant())) << name;
+    field->SetText(text);
+    field->SetAsVariant(QString());
+    EXPECT_TRUE(field->IsNull()) << name << " as a variant";
+  }
+  auto* data = static_cast<TBlobField*>(Field("Data"));
+  data->SetAsBytes("x");
+  data->SetAsBytes(QByteArray());
+  EXPECT_TRUE(data->IsNull());
+  Field("Name")->SetText("");
+  EXPECT_FALSE(Field("Name")->IsNull());
+  EXPECT_EQ(Field("Name")->AsString(), "");
+  dataSet.Post();
+  EXPECT_TRUE(Field("Data")->IsNull());
+  EXPECT_TRUE(Field("Key")->IsNull());
+  EXPECT_FALSE(Field("Name")->IsNull());
+}
+
+TEST_F(TKindsTable, ARefusedGuidNamesTheTextAndKeepsTheOldValue) {
+  const QString good = QStringLiteral("{6F9619FF-8B86-D011-B42D-00C04FC964FF}");
+  Field("Key")->SetText(good);
+  try {
+    Field("Key")->SetText("{not-a-guid}");
+    FAIL() << "a malformed GUID was taken";
+  } catch (const EConvertError& error) {
+    EXPECT_EQ(error.Message(), "'{not-a-guid}' is not a valid GUID value");
+  }
+  EXPECT_EQ(Field("Key")->AsString(), good);
 }
 
 TEST_F(TKindsTable, DatesKeepOnlyTheirPartOfTheValue) {
