@@ -2,6 +2,7 @@
 
 #include <QApplication>
 #include <QCursor>
+#include <QMessageBox>
 #include <QPointer>
 #include <QScreen>
 #include <QStyleHints>
@@ -10,6 +11,8 @@
 #include "framework/controls/Controls_p.h"
 #include "framework/controls/Cursors_p.h"
 #include "framework/controls/MessageQueue.h"
+#include "framework/rtl/ExceptionHandler.h"
+#include "framework/rtl/Exceptions.h"
 
 namespace quil {
 
@@ -45,9 +48,13 @@ const TMetaClass& TApplication::StaticClass() {
 
 const TMetaClass& TApplication::ClassType() const { return StaticClass(); }
 
-TApplication::TApplication(TComponent* owner) : TComponent(owner) {}
+TApplication::TApplication(TComponent* owner) : TComponent(owner) {
+  ApplicationHandleException() = TExceptionHandler(this, &TApplication::HandleException);
+}
 
 TApplication::~TApplication() {
+  if (ApplicationHandleException() == TExceptionHandler(this, &TApplication::HandleException))
+    ApplicationHandleException() = nullptr;
   // At process exit Qt is gone already: forms still owned here are let go, not freed,
   // because freeing a widget now would touch a dead application.
   while (ComponentCount() > 0) RemoveComponent(Components(ComponentCount() - 1));
@@ -64,6 +71,28 @@ void TApplication::Run() {
 }
 
 void TApplication::Terminate() { QCoreApplication::quit(); }
+
+void TApplication::HandleException(TObject* sender) {
+  const auto report = [&](const Exception& error) {
+    if (onException_) onException_(sender, error);
+    else ShowException(error);
+  };
+  try {
+    throw;
+  } catch (const EAbort&) {
+  } catch (const Exception& error) {
+    report(error);
+  } catch (const std::exception& error) {
+    report(Exception(QString::fromUtf8(error.what())));
+  }
+}
+
+void TApplication::ShowException(const Exception& error) {
+  QString message = error.Message();
+  if (!message.isEmpty() && !message.endsWith(QLatin1Char('.'))) message += QLatin1Char('.');
+  const QString title = title_.isEmpty() ? QCoreApplication::applicationName() : title_;
+  QMessageBox::critical(nullptr, title, message);
+}
 
 void TApplication::SetHint(const QString& hint) {
   if (hint_ == hint) return;

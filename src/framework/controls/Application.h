@@ -11,6 +11,9 @@
 
 namespace quil {
 
+class Exception;
+using TExceptionEvent = TEvent<void(TObject* sender, const Exception& error)>;
+
 class TApplication : public TComponent {
 public:
   explicit TApplication(TComponent* owner);
@@ -28,6 +31,16 @@ public:
   // Runs the event loop until the last window closes, then frees the owned forms.
   void Run();
   void Terminate();
+
+  // Takes the exception in flight (call it inside a catch block) that no caller can
+  // take: EAbort goes silently, any other to OnException, or without one to
+  // ShowException. The application installs this as the runtime's handler
+  // (ApplicationHandleException), so a data set's InternalHandleException ends here.
+  void HandleException(TObject* sender);
+  // Shows the error's message in a modal box titled with Title.
+  void ShowException(const Exception& error);
+  const TExceptionEvent& OnException() const { return onException_; }
+  void SetOnException(const TExceptionEvent& handler) { onException_ = handler; }
 
   const QString& Title() const { return title_; }
   void SetTitle(const QString& title) { title_ = title; }
@@ -75,6 +88,7 @@ private:
   int hintShortPause_ = 50;
   bool showHint_ = true;
   TNotifyEvent onHint_;
+  TExceptionEvent onException_;
   // The hint machinery; owned as components, so that they outlive nothing at exit.
   TControl* hintControl_ = nullptr;  // the control with ShowHint under the mouse
   TRect hintCursorRect_;             // where the hint shown is good, in its client
