@@ -6,6 +6,7 @@
 #include <benchmark/benchmark.h>
 #include <cstdio>
 #include <map>
+#include <ostream>
 #include <string>
 
 namespace {
@@ -25,12 +26,19 @@ public:
     }
   }
 
+  // The ratios go out once, on the reporter's own stream and flushed there: a line
+  // left in a buffer that another stream or a later exit flushes again shows twice.
   void Finalize() override {
     ConsoleReporter::Finalize();
+    std::ostream& out = GetOutputStream();
     for (const auto& [figure, pair] : pairs_) {
       if (pair.quil <= 0 || pair.peer <= 0) continue;
-      std::printf("RATIO %-60s quil/peer = %.3f\n", figure.c_str(), pair.quil / pair.peer);
+      char line[160];
+      std::snprintf(line, sizeof(line), "RATIO %-60s quil/peer = %.3f\n", figure.c_str(), pair.quil / pair.peer);
+      out << line;
     }
+    out.flush();
+    pairs_.clear();
   }
 
 private:

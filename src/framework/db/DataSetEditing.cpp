@@ -13,7 +13,8 @@ namespace quil {
 
 void TDataSet::CheckBrowseMode() {
   CheckActive();
-  DataEvent(deCheckBrowseMode, 0);
+  // Every move asks this first: the event is not sent where no control would hear it.
+  if (!ControlsDisabled() && !dataSources_.empty()) DataEvent(deCheckBrowseMode, 0);
   switch (state_) {
     case dsEdit: case dsInsert:
       UpdateRecord();

@@ -208,8 +208,11 @@ int TDataSet::MoveBy(int distance) {
   // A window that grew gave its links rows they never had: a rotation cannot say that.
   const int bufferedBefore = recordCount_;
   const auto notify = [&] {
-    if (recordCount_ != bufferedBefore) DataEvent(deDataSetChange, 0);
-    else DataEvent(deDataSetScroll, scrolled);
+    // Disabled controls hear of neither; the last EnableControls sends a change.
+    if (!ControlsDisabled()) {
+      if (recordCount_ != bufferedBefore) DataEvent(deDataSetChange, 0);
+      else DataEvent(deDataSetScroll, scrolled);
+    }
     DoAfterScroll();
   };
   // The finally part by hand: a walk moves once per record, and a guard's bookkeeping

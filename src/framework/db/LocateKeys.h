@@ -2,6 +2,8 @@
 // The key test of Locate and Lookup: the fields named by the key list against the
 // key values, with the locate options.
 
+#include <QString>
+#include <cstdint>
 #include <vector>
 
 #include "framework/db/DataTypes.h"
@@ -25,6 +27,10 @@ private:
 
   std::vector<TField*> fields_;
   std::vector<Variant> values_;
+  // A text key that is compared whole and with case against a text field is read
+  // straight into a string: the walk of a Locate makes no variant per record.
+  std::vector<QString> textKeys_;
+  std::vector<uint8_t> textCompare_;
   TLocateOptions options_;
 };
 
