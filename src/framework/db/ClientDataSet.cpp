@@ -1,6 +1,7 @@
 #include "framework/db/ClientDataSet.h"
 #include "framework/db/ClientDataSet_p.h"
 
+#include <algorithm>
 #include <cstring>
 
 #include "framework/db/Field.h"
@@ -34,7 +35,9 @@ const TMetaClass& TClientDataSet::StaticClass() {
 const TMetaClass& TClientDataSet::ClassType() const { return StaticClass(); }
 
 TCustomClientDataSet::TCustomClientDataSet(TComponent* owner)
-    : TDataSet(owner), indexDefs_(std::make_unique<TIndexDefs>(this)) {}
+    : TDataSet(owner), indexDefs_(std::make_unique<TIndexDefs>(this)) {
+  SetObjectView(true);
+}
 
 TCustomClientDataSet::~TCustomClientDataSet() {
   Destroying();
@@ -58,24 +61,44 @@ void TCustomClientDataSet::CreateDataSet() {
   CheckInactive();
   InitFieldDefsFromFields();
   if (FieldDefs()->Count() == 0) DatabaseError(SNoFieldDefs, this);
-  columnTypes_.clear();
-  columnNames_.clear();
-  columnSizes_.clear();
-  columnRequired_.clear();
-  for (int index = 0; index < FieldDefs()->Count(); ++index) {
-    const TFieldDef* def = FieldDefs()->Items(index);
-    columnTypes_.push_back(def->DataType());
-    columnNames_.push_back(def->Name());
-    columnSizes_.push_back(def->Size());
-    columnRequired_.push_back(def->Required());
+  const std::vector<TFieldDef*> list = FieldDefs()->FieldDefList();
+  std::vector<TColumnDef> defs;
+  for (const TFieldDef* def : list) {
+    const auto parent = std::find(list.begin(), list.end(), def->ParentDef());
+    const int size = def->DataType() == ftArray && def->HasChildDefs() ? def->ChildDefs()->Count() : def->Size();
+    defs.push_back({def->DataType(), def->Name(), size, def->Required(),
+                    parent == list.end() ? -1 : int(parent - list.begin())});
   }
+  TakeColumnDefs(std::move(defs));
   ResetStore();
   Open();
 }
 
+void TCustomClientDataSet::TakeColumnDefs(std::vector<TColumnDef> defs) {
+  columnDefs_ = std::move(defs);
+  columnNames_.clear();
+  for (const TColumnDef& def : columnDefs_) {
+    if (def.parent < 0) {
+      columnNames_.push_back(def.name);
+      continue;
+    }
+    const TColumnDef& parent = columnDefs_[size_t(def.parent)];
+    columnNames_.push_back(ChildFullName(columnNames_[size_t(def.parent)], parent.name, parent.type, def.name));
+  }
+}
+
+void TCustomClientDataSet::MakeFieldDefs() {
+  FieldDefs()->Clear();
+  std::vector<TFieldDef*> made;
+  for (const TColumnDef& def : columnDefs_) {
+    TFieldDefs* defs = def.parent < 0 ? FieldDefs() : made[size_t(def.parent)]->ChildDefs();
+    made.push_back(defs->Add(def.name, def.type, def.size, def.required));
+  }
+}
+
 void TCustomClientDataSet::ResetStore() {
   columns_.clear();
-  for (TFieldType type : columnTypes_) columns_.emplace_back(NativeKindOf(type));
+  for (const TColumnDef& def : columnDefs_) columns_.emplace_back(NativeKindOf(def.type));
   deleted_.clear();
   natural_.clear();
   hasData_ = true;
@@ -115,10 +138,7 @@ std::vector<Variant> TCustomClientDataSet::RowValues(int row) const {
 // --- Opening --------------------------------------------------------------------------
 
 void TCustomClientDataSet::InternalInitFieldDefs() {
-  if (!hasData_) return;
-  FieldDefs()->Clear();
-  for (size_t column = 0; column < columnTypes_.size(); ++column)
-    FieldDefs()->Add(columnNames_[column], columnTypes_[column], columnSizes_[column], columnRequired_[column]);
+  if (hasData_) MakeFieldDefs();
 }
 
 void TCustomClientDataSet::InternalOpen() {

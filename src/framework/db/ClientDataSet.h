@@ -12,13 +12,18 @@
 //
 // The data outlives Close; CreateDataSet, LoadFromFile and EmptyDataSet replace it.
 //
+// Structured fields (ftADT, ftArray) keep their children's values in the children's
+// columns, one per definition of FieldDefList; ObjectView is on from construction.
+//
 // File format (SaveToFile, LoadFromFile): UTF-8 JSON,
 //   {"format": "quil-dataset", "version": 1,
 //    "fields": [{"name": "ID", "type": "ftInteger", "size": 0, "required": false}, ...],
 //    "indexes": [{"name": "ByName", "fields": "Name", "descFields": "", "caseInsFields": "",
 //                 "options": ["ixDescending"]}, ...],
 //    "rows": [[1, "Smith", null, ...], ...]}
-// Rows in natural order, one value per field: null for no value; integers, reals,
+// Fields as FieldDefList lists them; a child names its structured parent by its index
+// in "fields" ("parent": 2), a top-level field has no "parent".
+// Rows in natural order, one value per field (null for a structured one): null for no value; integers, reals,
 // currency (as a real) and dates (TDateTime days as a real) as JSON numbers, 64-bit
 // integers beyond 2^53 as decimal strings; Booleans as true and false; text as strings;
 // bytes as Base64 strings.
@@ -145,12 +150,23 @@ private:
   TFilterExpression CompileFilter(const QString& text, TFilterOptions options) const;
   int InsertPosition(const TRecord* record) const;
 
+  // One per definition of FieldDefList, in its order; a structured one holds no values
+  // of its own, its children do.
+  struct TColumnDef {
+    TFieldType type;
+    QString name;
+    int size;
+    bool required;
+    int parent;  // the column of the structured definition above; -1 at the top
+  };
+  // Columns from the definitions, and definitions from the columns.
+  void TakeColumnDefs(std::vector<TColumnDef> defs);
+  void MakeFieldDefs();
+
   // The rows
-  std::vector<TFieldType> columnTypes_;
+  std::vector<TColumnDef> columnDefs_;
   std::vector<TClientColumn> columns_;
-  std::vector<QString> columnNames_;
-  std::vector<int> columnSizes_;
-  std::vector<uint8_t> columnRequired_;
+  std::vector<QString> columnNames_;  // full names, as filters and indexes name the columns
   std::vector<uint8_t> deleted_;
   bool hasData_ = false;
   std::vector<int32_t> natural_;

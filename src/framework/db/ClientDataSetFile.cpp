@@ -87,10 +87,7 @@ private:
   void ReadFields(const QJsonArray& fields, const QString& fileName);
   void ReadIndexes(const QJsonArray& indexes, const QString& fileName);
 
-  std::vector<TFieldType> types_;
-  std::vector<QString> names_;
-  std::vector<int> sizes_;
-  std::vector<uint8_t> required_;
+  std::vector<TCustomClientDataSet::TColumnDef> columnDefs_;
   struct TIndex {
     QString name, fields, descFields, caseInsFields;
     TIndexOptions options;
@@ -113,10 +110,10 @@ TClientDataSetFile TClientDataSetFile::Read(const QString& fileName) {
   packet.ReadIndexes(root.value("indexes").toArray(), fileName);
   for (const QJsonValue& rowJson : root.value("rows").toArray()) {
     const QJsonArray cells = rowJson.toArray();
-    if (!rowJson.isArray() || cells.size() != qsizetype(packet.types_.size())) BadPacket(fileName);
+    if (!rowJson.isArray() || cells.size() != qsizetype(packet.columnDefs_.size())) BadPacket(fileName);
     std::vector<Variant> row;
     for (qsizetype column = 0; column < cells.size(); ++column)
-      row.push_back(FromJson(NativeKindOf(packet.types_[size_t(column)]), cells[column], fileName));
+      row.push_back(FromJson(NativeKindOf(packet.columnDefs_[size_t(column)].type), cells[column], fileName));
     packet.rows_.push_back(std::move(row));
   }
   return packet;
@@ -128,11 +125,16 @@ void TClientDataSetFile::ReadFields(const QJsonArray& fields, const QString& fil
     const QJsonObject field = value.toObject();
     const int type = TypeInfo(TFieldType()).ValueOf(field.value("type").toString());
     const QString name = field.value("name").toString();
-    if (type < 0 || NativeKindOf(TFieldType(type)) == TNativeKind::None || name.isEmpty()) BadPacket(fileName);
-    types_.push_back(TFieldType(type));
-    names_.push_back(name);
-    sizes_.push_back(field.value("size").toInt());
-    required_.push_back(field.value("required").toBool());
+    const bool structured = type == ftADT || type == ftArray;
+    const int parent = field.value("parent").toInt(-1);
+    const bool parentFits = parent < 0 || (size_t(parent) < columnDefs_.size() &&
+                                           (columnDefs_[size_t(parent)].type == ftADT ||
+                                            columnDefs_[size_t(parent)].type == ftArray));
+    if (type < 0 || (NativeKindOf(TFieldType(type)) == TNativeKind::None && !structured) || name.isEmpty() ||
+        !parentFits)
+      BadPacket(fileName);
+    columnDefs_.push_back(
+        {TFieldType(type), name, field.value("size").toInt(), field.value("required").toBool(), parent});
   }
 }
 
@@ -153,11 +155,12 @@ void TClientDataSetFile::ReadIndexes(const QJsonArray& indexes, const QString& f
 
 QJsonObject TClientDataSetFile::Write(const TCustomClientDataSet& dataSet) {
   QJsonArray fields;
-  for (size_t column = 0; column < dataSet.columnTypes_.size(); ++column)
-    fields.append(QJsonObject{{"name", dataSet.columnNames_[column]},
-                              {"type", TypeInfo(TFieldType()).NameOf(dataSet.columnTypes_[column])},
-                              {"size", dataSet.columnSizes_[column]},
-                              {"required", bool(dataSet.columnRequired_[column])}});
+  for (const TCustomClientDataSet::TColumnDef& def : dataSet.columnDefs_) {
+    QJsonObject field{{"name", def.name}, {"type", TypeInfo(TFieldType()).NameOf(def.type)}, {"size", def.size},
+                      {"required", def.required}};
+    if (def.parent >= 0) field.insert("parent", def.parent);
+    fields.append(field);
+  }
   QJsonArray indexes;
   for (int index = 0; index < dataSet.indexDefs_->Count(); ++index) {
     const TIndexDef* def = dataSet.indexDefs_->Items(index);
@@ -175,10 +178,7 @@ QJsonObject TClientDataSetFile::Write(const TCustomClientDataSet& dataSet) {
 }
 
 void TClientDataSetFile::ApplyTo(TCustomClientDataSet& dataSet) const {
-  dataSet.columnTypes_ = types_;
-  dataSet.columnNames_ = names_;
-  dataSet.columnSizes_ = sizes_;
-  dataSet.columnRequired_ = required_;
+  dataSet.TakeColumnDefs(columnDefs_);
   dataSet.ResetStore();
   for (const std::vector<Variant>& row : rows_) dataSet.natural_.push_back(dataSet.AppendRow(row));
   dataSet.IndexDefs()->Clear();

@@ -233,7 +233,7 @@ TFilterExpression TCustomClientDataSet::CompileFilter(const QString& text, TFilt
   const TFilterFieldResolver resolver = [this](const QString& name) -> std::optional<TFilterField> {
     for (size_t column = 0; column < columnNames_.size(); ++column)
       if (columnNames_[column].compare(name, Qt::CaseInsensitive) == 0)
-        return TFilterField{int(column), FilterFieldKind(columnTypes_[column])};
+        return TFilterField{int(column), FilterFieldKind(columnDefs_[column].type)};
     // Closed, the fields may not exist yet: the text is checked for its form alone,
     // and an unknown name raises at opening.
     if (!IsCursorOpen()) return TFilterField{};

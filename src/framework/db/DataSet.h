@@ -37,6 +37,7 @@ namespace quil {
 class TDataLink;
 class TDataSource;
 class TField;
+class TFieldDef;
 class TFieldDefs;
 class TFieldList;
 class TFields;
@@ -72,9 +73,10 @@ public:
   void SetAutoCalcFields(bool value) { autoCalcFields_ = value; }
   // Whether the last Locate or Find... found a record.
   bool Found() const { return found_; }
-  // Structured fields show as one field with children rather than flattened.
+  // Structured fields show in Fields as one field with children, rather than with their
+  // children flat behind them (Fields.h). Changes only while closed.
   bool ObjectView() const { return objectView_; }
-  void SetObjectView(bool value) { objectView_ = value; }
+  void SetObjectView(bool value);
   // The byte size of one record buffer as the descendant lays it out; 0 for one that
   // keeps no fixed layout. Nothing in this class sizes buffers by it: a descendant
   // allocates its own through AllocRecordBuffer.
@@ -263,6 +265,8 @@ protected:
   void DestroyFields();
   // Ties each field to its definition (FieldNo) and numbers the calculated ones.
   void BindFields(bool binding);
+  // The definition of FieldDefList with the full name; raises when there is none.
+  const TFieldDef* FindFieldDef(const QString& fullName) const;
   int CalcFieldsCount() const { return calcFieldsCount_; }
   void GetCalcFields(TRecordBuffer buffer) {
     if (calcFieldsCount_ != 0) CalculateFieldsIn(buffer);

@@ -6,6 +6,7 @@
 #include "framework/db/FieldDefs.h"
 #include "framework/db/FieldNames.h"
 #include "framework/db/Fields.h"
+#include "framework/db/ObjectFields.h"
 #include "framework/rtl/RtlConsts.h"
 #include "framework/rtl/SysUtils.h"
 
@@ -65,25 +66,59 @@ void TDataSet::InitFieldDefs() {
   defsChanged_ = false;
 }
 
+void TDataSet::SetObjectView(bool value) {
+  if (value == objectView_) return;
+  CheckInactive();
+  objectView_ = value;
+  std::vector<TField*> list;
+  for (TField* field : *fields_) {
+    if (field->ParentField()) continue;
+    list.push_back(field);
+    if (!objectView_) field->AppendDescendants(list);
+  }
+  fields_->list_ = std::move(list);
+  fields_->Changed();
+}
+
+namespace {
+// Definitions for fields and their children; an array's size is its element count.
+void AddFieldDefs(TFieldDefs* defs, const std::vector<TField*>& fields) {
+  for (const TField* field : fields) {
+    if (field->FieldKind() != fkData) continue;
+    TFieldDef* def = defs->Add(field->FieldName(), field->DataType(), field->Size(), field->Required());
+    const auto* objectField = dynamic_cast<const TObjectField*>(field);
+    if (!objectField || objectField->FieldCount() == 0) continue;
+    AddFieldDefs(def->ChildDefs(), std::vector<TField*>(objectField->Fields()->begin(), objectField->Fields()->end()));
+    if (def->DataType() == ftArray) def->SetSize(def->ChildDefs()->Count());
+  }
+}
+
+void SetLifeCycles(TField* field, TFieldLifeCycle lifeCycle) {
+  field->SetLifeCycle(lifeCycle);
+  if (const auto* objectField = dynamic_cast<const TObjectField*>(field))
+    for (TField* child : *objectField->Fields()) SetLifeCycles(child, lifeCycle);
+}
+}  // namespace
+
 void TDataSet::InitFieldDefsFromFields() {
   if (fieldDefs_->Count() > 0) return;
-  for (const TField* field : *fields_)
-    if (field->FieldKind() == fkData)
-      fieldDefs_->Add(field->FieldName(), field->DataType(), field->Size(), field->Required());
+  std::vector<TField*> topLevel;
+  for (TField* field : *fields_)
+    if (!field->ParentField()) topLevel.push_back(field);
+  AddFieldDefs(fieldDefs_.get(), topLevel);
 }
 
 void TDataSet::CreateFields() {
-  for (int index = 0; index < fieldDefs_->Count(); ++index) {
-    TField* field = fieldDefs_->Items(index)->CreateField(this);
-    field->SetLifeCycle(lcAutomatic);
-  }
+  for (int index = 0; index < fieldDefs_->Count(); ++index)
+    SetLifeCycles(fieldDefs_->Items(index)->CreateField(this), lcAutomatic);
 }
 
 void TDataSet::DestroyFields() {
-  for (int index = fields_->Count() - 1; index >= 0; --index) {
-    TField* field = fields_->Fields(index);
-    if (field->LifeCycle() == lcAutomatic) delete field;
-  }
+  // A structured field frees its children: only the top-level fields are freed here.
+  std::vector<TField*> automatic;
+  for (TField* field : *fields_)
+    if (!field->ParentField() && field->LifeCycle() == lcAutomatic) automatic.push_back(field);
+  for (auto field = automatic.rbegin(); field != automatic.rend(); ++field) delete *field;
 }
 
 namespace {
@@ -94,6 +129,12 @@ void CheckLookupInfo(const TDataSet* dataSet, const TField* field) {
   dataSet->GetFieldList(field->KeyFields());
 }
 }  // namespace
+
+const TFieldDef* TDataSet::FindFieldDef(const QString& fullName) const {
+  for (const TFieldDef* def : fieldDefs_->FieldDefList())
+    if (def->FullName().compare(fullName, Qt::CaseInsensitive) == 0) return def;
+  DatabaseError(Format(SFieldNotFound, {fullName}), this);
+}
 
 void TDataSet::BindFields(bool binding) {
   calcFieldsCount_ = 0;
@@ -108,7 +149,7 @@ void TDataSet::BindFields(bool binding) {
       field->calcSlot_ = calcFieldsCount_++;
       continue;
     }
-    const TFieldDef* def = fieldDefs_->Find(field->FieldName());
+    const TFieldDef* def = FindFieldDef(field->FullName());
     if (NativeKindOf(def->DataType()) != field->NativeKind())
       DatabaseError(Format(SFieldTypeMismatch, {field->DisplayName(), FieldTypeName(field->DataType()),
                                                 FieldTypeName(def->DataType())}),

@@ -56,7 +56,7 @@ TNativeKind NativeKindOf(TFieldType type) {
     case ftLargeint: case ftLongWord:
       return TNativeKind::Int64;
     case ftFloat: case ftCurrency: case ftSingle: case ftExtended: case ftFMTBcd: case ftDate:
-    case ftTime: case ftDateTime: case ftTimeStamp: case ftOraTimeStamp:
+    case ftTime: case ftDateTime: case ftTimeStamp: case ftOraTimeStamp: case ftTimeStampOffset:
       return TNativeKind::Double;
     case ftBCD:
       return TNativeKind::Currency;

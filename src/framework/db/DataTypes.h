@@ -73,6 +73,7 @@ using TBookmark = std::vector<uint8_t>;
 //   Int64: int64_t     ftLargeint ftLongWord
 //   Double: double     ftFloat ftCurrency ftSingle ftExtended ftFMTBcd, and as a
 //                      TDateTime ftDate ftTime ftDateTime ftTimeStamp ftOraTimeStamp
+//                      ftTimeStampOffset (the moment on the clock of its own zone)
 //   Currency: Currency ftBCD
 //   Boolean: bool      ftBoolean
 //   String: QString    ftString ftFixedChar ftWideString ftFixedWideChar ftGuid ftMemo
@@ -80,7 +81,8 @@ using TBookmark = std::vector<uint8_t>;
 //   Bytes: QByteArray  ftBytes ftVarBytes ftBlob ftGraphic ftTypedBinary ftParadoxOle
 //                      ftDBaseOle ftOraBlob
 //   Variant: Variant   ftVariant
-// Other types have no native form (None) and hold no value.
+// Other types have no native form (None) and hold no value; the structured ones
+// (ftADT, ftArray) hold theirs in their children.
 enum class TNativeKind { None, Int32, Int64, Double, Currency, Boolean, String, Bytes, Variant };
 TNativeKind NativeKindOf(TFieldType type);
 

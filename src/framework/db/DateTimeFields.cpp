@@ -98,4 +98,12 @@ const TMetaClass& TSQLTimeStampField::StaticClass() {
 
 const TMetaClass& TSQLTimeStampField::ClassType() const { return StaticClass(); }
 
+const TMetaClass& TSQLTimeStampOffsetField::StaticClass() {
+  static const TMetaClass meta = TMetaClass("TSQLTimeStampOffsetField", &TDateTimeField::StaticClass())
+                                     .Creates<TSQLTimeStampOffsetField>();
+  return meta;
+}
+
+const TMetaClass& TSQLTimeStampOffsetField::ClassType() const { return StaticClass(); }
+
 }  // namespace quil

@@ -54,4 +54,13 @@ public:
   const TMetaClass& ClassType() const override;
 };
 
+// A time stamp with a zone offset, as its own zone's clock shows it.
+// FIXME: the offset itself is not kept; the native form has room for the moment alone.
+class TSQLTimeStampOffsetField : public TDateTimeField {
+public:
+  explicit TSQLTimeStampOffsetField(TComponent* owner) : TDateTimeField(owner, ftTimeStampOffset) {}
+  static const TMetaClass& StaticClass();
+  const TMetaClass& ClassType() const override;
+};
+
 }  // namespace quil

@@ -1,7 +1,9 @@
 #include "framework/db/Field.h"
 
 #include "framework/db/DataSet.h"
+#include "framework/db/FieldDefs.h"
 #include "framework/db/Fields.h"
+#include "framework/db/ObjectFields.h"
 #include "framework/rtl/Conversions.h"
 #include "framework/rtl/RtlConsts.h"
 #include "framework/rtl/SysUtils.h"
@@ -37,7 +39,7 @@ TField::TField(TComponent* owner) : TComponent(owner) {}
 
 TField::~TField() {
   Destroying();
-  if (dataSet_) dataSet_->fields_->Remove(this);
+  Detach();
   // Controls that show the field tell it by its class, so they hear of it as a field.
   NotifyFreeing();
 }
@@ -48,21 +50,84 @@ void TField::CheckInactive() const {
   if (dataSet_) dataSet_->CheckInactive();
 }
 
+void TField::AppendDescendants(std::vector<TField*>& list) const {
+  const auto* objectField = dynamic_cast<const TObjectField*>(this);
+  if (!objectField) return;
+  for (TField* child : *objectField->Fields()) {
+    list.push_back(child);
+    child->AppendDescendants(list);
+  }
+}
+
+void TField::AssignDataSet(TDataSet* dataSet) {
+  dataSet_ = dataSet;
+  if (auto* objectField = dynamic_cast<TObjectField*>(this)) {
+    objectField->Fields()->dataSet_ = dataSet;
+    for (TField* child : *objectField->Fields()) child->AssignDataSet(dataSet);
+  }
+}
+
+void TField::Detach() {
+  if (parentField_) parentField_->Fields()->Remove(this);
+  if (!dataSet_) return;
+  std::vector<TField*> tree{this};
+  AppendDescendants(tree);
+  for (TField* field : tree) dataSet_->fields_->Remove(field);
+}
+
+void TField::Attach() {
+  if (parentField_) parentField_->Fields()->Add(this);
+  if (!dataSet_) return;
+  std::vector<TField*> tree{this};
+  if (!dataSet_->ObjectView()) AppendDescendants(tree);
+  if (parentField_ && dataSet_->ObjectView()) return;
+  // Shown flat, a child stands behind its parent's last descendant.
+  int at = dataSet_->fields_->Count();
+  if (parentField_) {
+    std::vector<TField*> before{parentField_};
+    parentField_->AppendDescendants(before);
+    before.pop_back();  // this field, just added to its parent
+    at = dataSet_->fields_->IndexOf(before.back()) + 1;
+  }
+  for (TField* field : tree) dataSet_->fields_->Insert(at++, field);
+}
+
 void TField::SetDataSet(TDataSet* dataSet) {
-  if (dataSet == dataSet_) return;
+  if (dataSet == dataSet_ && !parentField_) return;
   CheckInactive();
   if (dataSet) {
     dataSet->CheckInactive();
-    dataSet->fields_->CheckFieldName(fieldName_);
+    dataSet->fields_->CheckFieldName(fieldName_, this);
   }
-  if (dataSet_) dataSet_->fields_->Remove(this);
-  dataSet_ = dataSet;
-  if (dataSet_) dataSet_->fields_->Add(this);
+  Detach();
+  parentField_ = nullptr;
+  AssignDataSet(dataSet);
+  Attach();
+}
+
+void TField::SetParentField(TObjectField* field) {
+  if (field == parentField_) return;
+  if (!field) {
+    SetDataSet(dataSet_);
+    return;
+  }
+  CheckInactive();
+  if (field->DataSet()) field->DataSet()->CheckInactive();
+  for (const TField* ancestor = field; ancestor; ancestor = ancestor->ParentField())
+    if (ancestor == this) DatabaseError(QStringLiteral("Field '%1' cannot hold itself").arg(DisplayName()), dataSet_);
+  field->Fields()->CheckFieldName(fieldName_, this);
+  Detach();
+  parentField_ = field;
+  AssignDataSet(field->DataSet());
+  Attach();
 }
 
 void TField::SetFieldName(const QString& name) {
   if (name == fieldName_) return;
-  if (dataSet_) {
+  if (parentField_) {
+    CheckInactive();
+    parentField_->Fields()->CheckFieldName(name, this);
+  } else if (dataSet_) {
     dataSet_->CheckInactive();
     dataSet_->fields_->CheckFieldName(name, this);
   }
@@ -71,7 +136,8 @@ void TField::SetFieldName(const QString& name) {
 }
 
 QString TField::FullName() const {
-  return parentField_ ? parentField_->FullName() + QLatin1Char('.') + fieldName_ : fieldName_;
+  if (!parentField_) return fieldName_;
+  return ChildFullName(parentField_->FullName(), parentField_->FieldName(), parentField_->DataType(), fieldName_);
 }
 
 void TField::SetFieldKind(TFieldKind kind) {
@@ -80,10 +146,14 @@ void TField::SetFieldKind(TFieldKind kind) {
   fieldKind_ = kind;
 }
 
-int TField::Index() const { return dataSet_ ? dataSet_->fields_->IndexOf(this) : -1; }
+int TField::Index() const {
+  if (parentField_) return parentField_->Fields()->IndexOf(this);
+  return dataSet_ ? dataSet_->fields_->IndexOf(this) : -1;
+}
 
 void TField::SetIndex(int index) {
-  if (dataSet_) dataSet_->fields_->SetFieldIndex(this, index);
+  if (parentField_) parentField_->Fields()->SetFieldIndex(this, index);
+  else if (dataSet_) dataSet_->fields_->SetFieldIndex(this, index);
 }
 
 void TField::SetSize(int size) {

@@ -23,6 +23,7 @@ namespace quil {
 
 class TDataSet;
 class TField;
+class TObjectField;
 
 using TFieldNotifyEvent = TEvent<void(TField* sender)>;
 using TFieldGetTextEvent = TEvent<void(TField* sender, QString& text, bool displayText)>;
@@ -38,13 +39,18 @@ public:
 
   // --- Identity
   TDataSet* DataSet() const { return dataSet_; }
-  // Moves the field to the fields of dataSet; the data set must be closed.
+  // Moves the field to the top-level fields of dataSet; the data set must be closed.
   void SetDataSet(TDataSet* dataSet);
   const QString& FieldName() const { return fieldName_; }
   void SetFieldName(const QString& name);
-  // The name with the names of the parent fields before it, dot-separated.
+  // The name with the names of the parent fields before it, dot-separated ("Address.City");
+  // an array's element names carry their index already ("Scores[1]").
   QString FullName() const;
-  TField* ParentField() const { return parentField_; }
+  // The structured field this one is a member or element of; null at the top.
+  TObjectField* ParentField() const { return parentField_; }
+  // Moves the field among the children of field, in field's data set; null moves it to
+  // the top of its data set. The data set must be closed.
+  void SetParentField(TObjectField* field);
   TFieldType DataType() const { return dataType_; }
   TNativeKind NativeKind() const { return NativeKindOf(dataType_); }
   TFieldKind FieldKind() const { return fieldKind_; }
@@ -53,7 +59,8 @@ public:
   bool Lookup() const { return fieldKind_ == fkLookup; }
   // 1-based number of the field's definition while bound; 0 unbound, -1 calculated.
   int FieldNo() const { return fieldNo_; }
-  // Position in the data set's Fields, -1 without a data set; setting it reorders.
+  // Position in the data set's Fields (in the parent's for a child), -1 in none;
+  // setting it reorders.
   int Index() const;
   void SetIndex(int index);
   int Size() const { return size_; }
@@ -79,7 +86,7 @@ public:
   void SetVisible(bool visible);
 
   // --- Values
-  bool IsNull() const { return !GetData(nullptr); }
+  bool IsNull() const { return GetIsNull(); }
   void Clear() { SetData(nullptr); }
   QString AsString() const { return GetAsString(); }
   void SetAsString(const QString& value) { SetAsStringValue(value); }
@@ -163,6 +170,7 @@ protected:
   [[noreturn]] void RangeError(double value, double minValue, double maxValue) const;
   void CheckInactive() const;
 
+  virtual bool GetIsNull() const { return !GetData(nullptr); }
   virtual QString GetAsString() const;
   virtual void SetAsStringValue(const QString& value);
   virtual int GetAsInteger() const;
@@ -190,10 +198,22 @@ protected:
 private:
   friend class TDataSet;
   friend class TFieldDef;
+  friend class TFieldList;
   friend class TFields;
+  friend class TObjectField;
+
+  // The fields below this one, depth-first; none but for a structured field.
+  void AppendDescendants(std::vector<TField*>& list) const;
+  // Gives this field and its descendants to dataSet, in no list yet.
+  void AssignDataSet(TDataSet* dataSet);
+  // Takes this field and its descendants out of the data set's and the parent's lists.
+  void Detach();
+  // Puts this field (with its descendants when the data set shows them flat) into the
+  // lists its parent and data set say.
+  void Attach();
 
   TDataSet* dataSet_ = nullptr;
-  TField* parentField_ = nullptr;
+  TObjectField* parentField_ = nullptr;
   QString fieldName_;
   QString displayLabel_;
   QString editMask_;

@@ -2,6 +2,7 @@
 #include "framework/db/BooleanField.h"
 #include "framework/db/DateTimeFields.h"
 #include "framework/db/NumericFields.h"
+#include "framework/db/ObjectFields.h"
 #include "framework/db/StringFields.h"
 #include "framework/db/VariantField.h"
 
@@ -31,6 +32,7 @@ const TMetaClass* DefaultFieldClass(TFieldType type) {
     case ftTime: return &TTimeField::StaticClass();
     case ftDateTime: return &TDateTimeField::StaticClass();
     case ftTimeStamp: case ftOraTimeStamp: return &TSQLTimeStampField::StaticClass();
+    case ftTimeStampOffset: return &TSQLTimeStampOffsetField::StaticClass();
     case ftBytes: return &TBytesField::StaticClass();
     case ftVarBytes: return &TVarBytesField::StaticClass();
     case ftBlob: case ftTypedBinary: case ftParadoxOle: case ftDBaseOle: case ftOraBlob:
@@ -39,6 +41,10 @@ const TMetaClass* DefaultFieldClass(TFieldType type) {
     case ftWideMemo: return &TWideMemoField::StaticClass();
     case ftGraphic: return &TGraphicField::StaticClass();
     case ftVariant: return &TVariantField::StaticClass();
+    case ftADT: return &TADTField::StaticClass();
+    case ftArray: return &TArrayField::StaticClass();
+    case ftDataSet: return &TDataSetField::StaticClass();
+    case ftReference: return &TReferenceField::StaticClass();
     default: return nullptr;
   }
 }

@@ -4,6 +4,7 @@
 
 #include "framework/db/DataSet.h"
 #include "framework/db/Field.h"
+#include "framework/db/ObjectFields.h"
 #include "framework/rtl/RtlConsts.h"
 #include "framework/rtl/SysUtils.h"
 
@@ -52,12 +53,19 @@ TFieldLifeCycles TFields::LifeCycles() const {
 
 void TFields::CheckFieldName(const QString& fieldName, const TField* except) const {
   if (fieldName.isEmpty()) DatabaseError(SFieldNameMissing, dataSet_);
-  const TField* other = FindField(fieldName);
-  if (other && other != except) DatabaseError(Format(SDuplicateFieldName, {fieldName}), dataSet_);
+  for (const TField* other : list_)
+    if (other != except && other->ParentField() == parentField_ &&
+        other->FieldName().compare(fieldName, Qt::CaseInsensitive) == 0)
+      DatabaseError(Format(SDuplicateFieldName, {fieldName}), dataSet_);
 }
 
 void TFields::Add(TField* field) {
   list_.push_back(field);
+  Changed();
+}
+
+void TFields::Insert(int index, TField* field) {
+  list_.insert(list_.begin() + std::clamp(index, 0, Count()), field);
   Changed();
 }
 
@@ -95,7 +103,11 @@ const TMetaClass& TFieldList::ClassType() const { return StaticClass(); }
 
 void TFieldList::Update() const {
   if (updated_) return;
-  list_.assign(dataSet_->Fields()->begin(), dataSet_->Fields()->end());
+  list_.clear();
+  for (TField* field : *dataSet_->Fields()) {
+    list_.push_back(field);
+    if (dataSet_->ObjectView()) field->AppendDescendants(list_);
+  }
   updated_ = true;
 }
 

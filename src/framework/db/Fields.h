@@ -1,6 +1,10 @@
 #pragma once
-// TFields: the fields of a data set in their order; TFieldList: the same fields, with
-// the children of structured fields flattened in, as field access walks them.
+// TFields: the fields of a data set in their order, or the children of a structured
+// field; TFieldList: all fields of a data set, the children of structured fields right
+// behind their parents, depth-first, as field access walks them.
+//
+// A data set with ObjectView lists only its top-level fields in Fields; without it, the
+// children stand in Fields too, flat behind their parents.
 
 #include <QString>
 #include <vector>
@@ -13,10 +17,12 @@ namespace quil {
 
 class TDataSet;
 class TField;
+class TObjectField;
 
 class TFields : public TObject {
 public:
-  explicit TFields(TDataSet* dataSet) : dataSet_(dataSet) {}
+  explicit TFields(TDataSet* dataSet, TObjectField* parentField = nullptr)
+      : dataSet_(dataSet), parentField_(parentField) {}
   TFields(const TFields&) = delete;
   TFields& operator=(const TFields&) = delete;
 
@@ -35,10 +41,14 @@ public:
   // Which life cycles the fields have: [lcAutomatic] for default fields alone.
   TFieldLifeCycles LifeCycles() const;
 
+  // The structured field whose children these are; null for a data set's fields.
+  TObjectField* ParentField() const { return parentField_; }
+
   // Adds and removes without freeing; the field's SetDataSet calls these.
   void Add(TField* field);
+  void Insert(int index, TField* field);
   void Remove(TField* field);
-  // Raises for an empty name or one that another field has.
+  // Raises for an empty name or one that another field of the same level has.
   void CheckFieldName(const QString& fieldName, const TField* except = nullptr) const;
   void SetFieldIndex(TField* field, int index);
 
@@ -48,9 +58,13 @@ public:
   std::vector<TField*>::const_iterator end() const { return list_.end(); }
 
 private:
+  friend class TDataSet;
+  friend class TField;
+
   void Changed();
 
   TDataSet* dataSet_;
+  TObjectField* parentField_;
   std::vector<TField*> list_;
 };
 
