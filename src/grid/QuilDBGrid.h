@@ -42,6 +42,12 @@ extern int DelayInterval;
 
 enum TQuilDelayTimer { dtEndSelect, dtListItems, dtSequence, dtTotals };
 
+// Held while the columns are written to or read from a column stream.
+enum TGridStreaming { gsReading, gsWriting };
+using TGridStreamingState = TSet<TGridStreaming>;
+
+using TDBGridClickEvent = TEvent<void(TQuilColumn* column)>;
+
 class TQuilCustomDBGrid : public TCustomGrid {
 public:
   explicit TQuilCustomDBGrid(TComponent* owner);
@@ -94,6 +100,8 @@ public:
 
   // --- Owned parts
   TQuilDBGridColumns* Columns() const { return columns_.get(); }
+  // A new, empty collection of the grid's own column kind, owned by the caller.
+  TQuilDBGridColumns* MakeColumns() { return CreateColumns(); }
   TQuilGridDataLink* DataLink() const { return dataLink_.get(); }
   TQuilGridStyle* GridStyle() const { return gridStyle_.get(); }
   TQuilDBGridTotals* Totals() const { return totals_.get(); }
@@ -125,6 +133,53 @@ public:
   // Frozen data columns; negative counts as 0, and a layout keeps one scrollable.
   int FixedCols() const { return fixedCols_; }
   void SetFixedCols(int value);
+
+  // FIXME: master/detail grids keep the detail on its master's record here.
+  void Synchronize() {}
+
+  // --- Columns and their streams
+  TGridStreamingState StreamingState() const { return streamingState_; }
+  void SetStreamingState(TGridStreamingState value) { streamingState_ = value; }
+  // Lets an automatic column write a new width back to its field as DisplayWidth.
+  bool UpdateFields() const { return updateFields_; }
+  void SetUpdateFields(bool value) { updateFields_ = value; }
+  // Walks up from column to its ancestor at depth; none past the top.
+  TQuilColumn* ColumnAtDepth(TQuilColumn* column, int depth) const;
+  // The column under the pressed title, of the hot title button and of the open filter
+  // list; nullptr when none.
+  TQuilColumn* PressedColumn() const { return pressedColumn_; }
+  void SetPressedColumn(TQuilColumn* column) { pressedColumn_ = column; }
+  TQuilColumn* HotColumn() const { return hotColumn_; }
+  void SetHotColumn(TQuilColumn* column) { hotColumn_ = column; }
+  TQuilColumn* FilterListColumn() const { return filterListColumn_; }
+  void SetFilterListColumn(TQuilColumn* column) { filterListColumn_ = column; }
+  // Clears every reference to a column that leaves the collection.
+  void ForgetColumn(TQuilColumn* column);
+  // An expandable column was expanded or collapsed; fires OnColExpand.
+  virtual void ColExpand(TQuilColumn* column);
+  // An expand box was toggled; fires OnCellExpand.
+  virtual void CellExpand(TQuilColumn* column);
+  TDBGridClickEvent OnColExpand;
+  TDBGridClickEvent OnCellExpand;
+
+  // FIXME: column sizing stretches the visible columns over the client width; until
+  // then StretchMode is only stored and stretch never becomes active.
+  bool StretchMode() const { return stretchMode_; }
+  void SetStretchMode(bool value) { stretchMode_ = value; }
+  bool StretchActive() const { return false; }
+  bool StretchRunning() const { return stretchRunning_; }
+  void SetStretchRunning(bool value) { stretchRunning_ = value; }
+  int StretchPixelsLeft() const { return 0; }
+  int StretchBasesLeft() const { return 0; }
+  virtual void StretchGrid() {}
+  // The raw column whose width changed last; -1 once the base grid took it in.
+  int ResizedCol() const { return resizedCol_; }
+  void SetResizedCol(int rawCol) { resizedCol_ = rawCol; }
+
+  // FIXME: ordering brackets marker changes and applies the order at the end.
+  void BeginOrderUpdate() {}
+  void EndOrderUpdate() {}
+  void SetOrderFields(const QString&) {}
 
   // --- Properties that shape rows and columns
   int IndicatorWidth() const { return indicatorWidth_; }
@@ -416,8 +471,6 @@ protected:
   QString GetEditText(int col, int row) override;
   void TitleFontChanged(TObject* sender);
   void GradientChanged(TObject* sender);
-  // FIXME: master/detail grids keep the detail on its master's record here.
-  void Synchronize() {}
   virtual TTimer* CreateTimer(TQuilDelayTimer which);
   virtual void SetColumnAttributes();
   // Recomputes the record numbers; true when any changed.
@@ -450,8 +503,12 @@ private:
   void FreeMixedColumns();
   void BindColumns();
   void BindDefaultColumns();
+  void AddAutomaticColumns();
   void ListVisibleColumns();
+  void RepairExpandCols();
   void RepairFixedCols();
+  // Read-only for the grid: by its own rule, or a lookup whose key field cannot be written.
+  bool ColumnReadOnly(TQuilColumn* column) const;
   int ComputeTitleOffset() const;
   void ComputeTotalRows();
   void MeasureRows();
@@ -534,6 +591,15 @@ private:
   int busyCount_ = 0;
   bool inColExit_ = false;
   int lastDrawnCurrentRow_ = -1;
+
+  TGridStreamingState streamingState_;
+  bool updateFields_ = true;
+  bool stretchMode_ = false;
+  bool stretchRunning_ = false;
+  int resizedCol_ = -1;
+  TQuilColumn* pressedColumn_ = nullptr;
+  TQuilColumn* hotColumn_ = nullptr;
+  TQuilColumn* filterListColumn_ = nullptr;
 
   int fixedCols_ = 0;
   int indicatorWidth_ = 20;

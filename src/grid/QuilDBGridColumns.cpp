@@ -4,152 +4,211 @@
 
 #include "framework/db/DataSet.h"
 #include "framework/db/Field.h"
-#include "framework/graphics/Canvas.h"
+#include "framework/db/Fields.h"
+#include "framework/db/ObjectFields.h"
+#include "framework/rtl/Filer.h"
+#include "framework/rtl/ScopeExit.h"
+#include "framework/rtl/Streams.h"
 #include "framework/rtl/TypInfo.h"
+#include "framework/rtl/UpdateGuard.h"
 #include "grid/QuilDBGrid.h"
 
 namespace quil {
 
-const TMetaClass& TQuilColumn::StaticClass() {
-  static const TMetaClass meta =
-      TMetaClass("TQuilColumn", &TCollectionItem::StaticClass())
-          .Creates<TQuilColumn>()
-          .Published(StrProp("FieldName", &TQuilColumn::FieldName, &TQuilColumn::SetFieldName))
-          .Published(IntProp("Width", &TQuilColumn::Width, &TQuilColumn::SetWidth).Default(-1))
-          .Published(BoolProp("Visible", &TQuilColumn::Visible, &TQuilColumn::SetVisible).Default(true));
-  return meta;
-}
+QString DefAutoNumberTitle = QStringLiteral("No.");
+int DefAutoNumberWidth = 48;
+QString DefAutoSelectTitle = QStringLiteral("Select");
+int DefAutoSelectWidth = 48;
+QString DefAutoExpandTitle = QStringLiteral("Expand");
+int DefAutoExpandWidth = 48;
 
-const TMetaClass& TQuilColumn::ClassType() const { return StaticClass(); }
+TQuilColumn* TQuilDBGridColumnsEnumerator::GetCurrent() const { return columns_->Columns(index_); }
 
-TQuilColumn::~TQuilColumn() = default;
-
-TQuilDBGridColumns* TQuilColumn::Columns() const { return static_cast<TQuilDBGridColumns*>(Collection()); }
-
-TQuilCustomDBGrid* TQuilColumn::Grid() const { return Columns() ? Columns()->Grid() : nullptr; }
-
-void TQuilColumn::SetFieldName(const QString& name) {
-  if (name == fieldName_) return;
-  fieldName_ = name;
-  field_ = nullptr;
-  Changed(false);
-}
-
-TField* TQuilColumn::Field() const {
-  TQuilCustomDBGrid* grid = Grid();
-  if (field_ || fieldName_.isEmpty() || !grid || !grid->DataLink()->Active()) return field_;
-  field_ = grid->DataSet()->FindField(fieldName_);
-  if (field_) field_->FreeNotification(grid);
-  return field_;
-}
-
-void TQuilColumn::SetField(TField* field) {
-  if (field == field_) return;
-  TQuilCustomDBGrid* grid = Grid();
-  // Another column may still show the old field; then the grid must still hear of it.
-  if (field_ && grid && !grid->NeedsNotification(field_)) field_->RemoveFreeNotification(grid);
-  field_ = field;
-  if (!field) return;
-  fieldName_ = field->FullName();
-  if (grid) field->FreeNotification(grid);
-}
-
-void TQuilColumn::SetWidth(int width) {
-  width = std::max(width, -1);
-  if (width == width_) return;
-  width_ = width;
-  Changed(false);
-}
-
-// FIXME: column sizing measures titles, limits and stretch; until then a column is as
-// wide as its field's display width in digits of the grid's font.
-int TQuilColumn::GetWidth() const {
-  if (!GetShowing()) return 0;
-  if (width_ >= 0) return width_;
-  TQuilCustomDBGrid* grid = Grid();
-  TField* field = Field();
-  if (!grid || !field) return 64;
-  TCanvas* canvas = grid->Canvas();
-  canvas->SetFont(grid->Font());
-  return field->DisplayWidth() * canvas->TextWidth(QStringLiteral("0")) + 4;
-}
-
-void TQuilColumn::SetVisible(bool visible) {
-  if (visible == visible_) return;
-  visible_ = visible;
-  Changed(false);
-}
-
-void TQuilColumn::SetLookupDataSet(TDataSet* dataSet) {
-  lookupDataSet_ = dataSet;
-  if (dataSet && Grid()) dataSet->FreeNotification(Grid());
-}
-
-TQuilLookupColumn TQuilColumn::GetLookupColumn() const {
-  TField* field = Field();
-  if (!field) return lcNotDefined;
-  if (field->FieldKind() == fkLookup) return lcLookupField;
-  if (!lookupDataSet_ || lookupKeyField_.isEmpty()) return lcNotDefined;
-  if (keyField_.compare(fieldName_, Qt::CaseInsensitive) == 0)
-    return lookupResultField_ != lookupKeyField_ ? lcLookupValueField : lcLookupKeyField;
-  return lookupResultField_.isEmpty() ? lcNotDefined : lcLookupResultField;
-}
-
-QString TQuilColumn::GetDisplayName() const { return fieldName_.isEmpty() ? TCollectionItem::GetDisplayName() : fieldName_; }
-
-QString TQuilColumn::TitleCaption() const {
-  if (TField* field = Field()) return field->DisplayLabel();
-  return fieldName_;
+bool TQuilDBGridColumnsEnumerator::MoveNext() {
+  if (index_ >= columns_->Count() - 1) return false;
+  ++index_;
+  return true;
 }
 
 const TMetaClass& TQuilDBGridColumns::StaticClass() {
-  static const TMetaClass meta("TQuilDBGridColumns", &TOwnedCollection::StaticClass());
+  static const TMetaClass meta("TQuilDBGridColumns", &TCollection::StaticClass());
   return meta;
 }
 
 const TMetaClass& TQuilDBGridColumns::ClassType() const { return StaticClass(); }
 
-TQuilDBGridColumns::TQuilDBGridColumns(TQuilCustomDBGrid* grid)
-    : TOwnedCollection(grid, TQuilColumn::StaticClass()), grid_(grid) {}
+TQuilDBGridColumns::TQuilDBGridColumns(TQuilCustomDBGrid* grid, const TMetaClass& columnClass)
+    : TCollection(columnClass), grid_(grid) {}
 
-TCollectionItem* TQuilDBGridColumns::CreateItem() const { return new TQuilColumn(); }
+// The columns go while the order list is still there for them to leave.
+TQuilDBGridColumns::~TQuilDBGridColumns() {
+  BeginUpdate();
+  Clear();
+}
 
+TPersistent* TQuilDBGridColumns::GetOwner() const { return grid_; }
+
+// Made outside and put in whole, so that no layout sees it as a stored column.
 TQuilColumn* TQuilDBGridColumns::InternalAdd() {
-  auto* column = new TQuilColumn();
+  auto* column = static_cast<TQuilColumn*>(CreateItem());
   column->SetStored(false);
   column->SetCollection(this);
   return column;
 }
 
-TQuilDBGridColumnsState TQuilDBGridColumns::State() const {
-  return Count() > 0 && Items(0)->Stored() ? csCustomized : csDefault;
+void TQuilDBGridColumns::SetAutoColumn(TQuilColumn* column, TAlignment alignment, const QString& title, int width) {
+  column->SetAlignment(alignment);
+  column->SetSuppressRTL(true);
+  column->Title()->SetAlignment(alignment);
+  column->Title()->SetCaption(title);
+  column->SetWidth(grid_ && grid_->DataLink()->Active() ? width : column->DefaultWidth());
+  column->SetIndex(0);
 }
 
-void TQuilDBGridColumns::SetState(TQuilDBGridColumnsState state) {
-  if (state == State()) return;
-  if (state == csDefault) {
+TQuilColumn* TQuilDBGridColumns::AddAutoExpand() {
+  TQuilColumn* column = Add();
+  column->SetExpandBox(true);
+  column->SetExpandBoxSize(ebLarge);
+  column->SetTransparent(true);
+  SetAutoColumn(column, taCenter, DefAutoExpandTitle, DefAutoExpandWidth);
+  return column;
+}
+
+TQuilColumn* TQuilDBGridColumns::AddAutoSelect() {
+  TQuilColumn* column = Add();
+  column->SetCheckBox(true);
+  SetAutoColumn(column, taCenter, DefAutoSelectTitle, DefAutoSelectWidth);
+  return column;
+}
+
+TQuilColumn* TQuilDBGridColumns::AddAutoNumber() {
+  TQuilColumn* column = Add();
+  column->SetAutoNumber(true);
+  SetAutoColumn(column, taRightJustify, DefAutoNumberTitle, DefAutoNumberWidth);
+  return column;
+}
+
+// The copy does not stretch column by column; the grid stretches once at the end.
+void TQuilDBGridColumns::Assign(const TPersistent* source) {
+  if (!grid_ || !dynamic_cast<const TCollection*>(source)) {
+    TCollection::Assign(source);
+    return;
+  }
+  grid_->BeginLayout();
+  TScopeExit endLayout([this] { grid_->EndLayout(); });
+  const bool stretchMode = grid_->StretchMode();
+  grid_->SetStretchMode(false);
+  TScopeExit restoreStretch([this, stretchMode] { grid_->SetStretchMode(stretchMode); });
+  TCollection::Assign(source);
+}
+
+void TQuilDBGridColumns::BeginDesignUpdate() {
+  ++designUpdateCount_;
+  BeginUpdate();
+}
+
+void TQuilDBGridColumns::EndDesignUpdate() {
+  EndUpdate();
+  designUpdateCount_ = std::max(designUpdateCount_ - 1, 0);
+}
+
+// The automatic columns stand in front, so the last column tells who made the set.
+TDBGridColumnsState TQuilDBGridColumns::State() const {
+  if (Count() == 0) return csDefault;
+  return Columns(Count() - 1)->Stored() ? csCustomized : csDefault;
+}
+
+void TQuilDBGridColumns::SetState(TDBGridColumnsState value) {
+  if (value == State()) return;
+  if (value == csCustomized) RebuildColumns();
+  else Clear();
+}
+
+void TQuilDBGridColumns::AddFieldColumns(const TFields* fields) {
+  for (TField* field : *fields) {
+    Add()->SetFieldName(field->FullName());
+    if (auto* object = dynamic_cast<const TObjectField*>(field)) AddFieldColumns(object->Fields());
+  }
+}
+
+void TQuilDBGridColumns::RebuildColumns() {
+  TDataSet* dataSet = grid_ ? grid_->DataSet() : nullptr;
+  if (!dataSet) {
     Clear();
     return;
   }
-  BeginUpdate();
-  for (int index = 0; index < Count(); ++index) Items(index)->SetStored(true);
-  EndUpdate();
+  grid_->BeginLayout();
+  TScopeExit endLayout([this] { grid_->EndLayout(); });
+  Clear();
+  AddFieldColumns(dataSet->Fields());
+  if (Count() == 0) return;
+  const TQuilDBGridOptionsExt options = grid_->OptionsExt();
+  if (options.Contains(dgAutoExpandColumn)) AddAutoExpand();
+  if (options.Contains(dgAutoSelectColumn)) AddAutoSelect();
+  if (options.Contains(dgAutoNumberColumn)) AddAutoNumber();
 }
 
+void TQuilDBGridColumns::RestoreDefaults() {
+  TUpdateGuard<TCollection> update(*this);
+  for (TQuilColumn* column : *this) column->RestoreDefaults();
+}
+
+// --- Order markers
+
+void TQuilDBGridColumns::RemoveFromOrder(TQuilColumn* column) {
+  orderList_.erase(std::remove(orderList_.begin(), orderList_.end(), column), orderList_.end());
+}
+
+// FIXME: ordering brackets this in an order update, so that the order applies once.
+void TQuilDBGridColumns::RemoveMarkers() {
+  for (TQuilColumn* column : *this) column->Title()->SetMarker(tmNone);
+}
+
+// --- Tree of expandable columns
+
+void TQuilDBGridColumns::UpdateParentColumns() {
+  for (int index = 0; index < Count(); ++index) Columns(index)->SetParentColumn(Columns(index)->GetParentColumn(index));
+}
+
+bool TQuilDBGridColumns::AnyExpandable() const {
+  return std::any_of(begin(), end(), [](const TQuilColumn* column) { return column->GetExpandable(); });
+}
+
+// Compared as the stream writes them: what is not stored does not count.
 bool TQuilDBGridColumns::Equals(const TQuilDBGridColumns* other) const {
   if (!other || other->Count() != Count()) return false;
-  for (int index = 0; index < Count(); ++index) {
-    const TQuilColumn* mine = Items(index);
-    const TQuilColumn* theirs = other->Items(index);
-    if (mine->FieldName() != theirs->FieldName() || mine->Width() != theirs->Width() ||
-        mine->Visible() != theirs->Visible())
-      return false;
-  }
-  return true;
+  auto bytes = [](const TQuilDBGridColumns* columns) {
+    TMemoryStream stream;
+    TWriter writer(stream);
+    writer.WriteCollection(columns);
+    return QByteArray(static_cast<const char*>(stream.Memory()), qsizetype(stream.Size()));
+  };
+  return bytes(this) == bytes(other);
+}
+
+// --- Collection hooks
+
+// Nothing may keep pointing at a column that goes.
+void TQuilDBGridColumns::Notify(TCollectionItem* item, TCollectionNotification action) {
+  if (action == cnAdded) return;
+  auto* column = static_cast<TQuilColumn*>(item);
+  RemoveFromOrder(column);
+  for (TQuilColumn* other : *this)
+    if (other->ParentColumn() == column) other->SetParentColumn(nullptr);
+  if (grid_) grid_->ForgetColumn(column);
 }
 
 void TQuilDBGridColumns::Update(TCollectionItem* item) {
-  if (grid_ && !grid_->ComponentState().Contains(csLoading)) grid_->LayoutChanged();
+  if (!grid_ || grid_->ComponentState().Contains(csLoading)) return;
+  if (!item) {
+    grid_->LayoutChanged();
+    return;
+  }
+  auto* column = static_cast<TQuilColumn*>(item);
+  const int rawCol = grid_->DataToRawColumn(column->Index());
+  if (rawCol < 0 || rawCol >= grid_->ColCount()) return;
+  grid_->InvalidateCol(rawCol);
+  grid_->SetColWidths(rawCol, column->GetWidth());
 }
 
 }  // namespace quil

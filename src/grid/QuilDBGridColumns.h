@@ -1,114 +1,167 @@
 #pragma once
-// TQuilColumn and TQuilDBGridColumns: the columns of a grid, each bound to a field by
-// name. Default columns mirror the data set's visible fields and are not stored;
-// customized columns are defined by the application and stored with the form.
+// TQuilDBGridColumns: the grid's columns. Default columns mirror the data set's visible
+// fields, made by the grid and not stored; customized columns are defined by the
+// application (or built from the fields by RebuildColumns) and stored with the form or
+// in a column stream. Three automatic service columns (record number, selection check
+// box, expand box) can stand in front.
 
 #include <QString>
+#include <cstddef>
+#include <iterator>
+#include <vector>
 
 #include "framework/rtl/Collections.h"
+#include "grid/QuilDBGridColumn.h"
 
 namespace quil {
 
-class TDataSet;
-class TField;
+class TFields;
+class TStream;
 class TQuilCustomDBGrid;
-class TQuilDBGridColumns;
 
-enum TQuilDBGridColumnsState { csDefault, csCustomized };
-enum TQuilLookupColumn { lcNotDefined, lcLookupField, lcLookupKeyField, lcLookupResultField, lcLookupValueField };
+enum TDBGridColumnsState { csDefault, csCustomized };
+// The name the grid used before the collection had its own type.
+using TQuilDBGridColumnsState = TDBGridColumnsState;
 
-class TQuilColumn : public TCollectionItem {
+// Titles and widths of the automatic columns; an application may change them before
+// the columns are built.
+extern QString DefAutoNumberTitle;
+extern int DefAutoNumberWidth;
+extern QString DefAutoSelectTitle;
+extern int DefAutoSelectWidth;
+extern QString DefAutoExpandTitle;
+extern int DefAutoExpandWidth;
+
+// Walks a list of columns; Restart goes back before the first.
+class TQuilColumnEnumerator {
 public:
-  TQuilColumn() = default;
-  ~TQuilColumn() override;
+  virtual ~TQuilColumnEnumerator() = default;
+  virtual TQuilColumn* GetCurrent() const = 0;
+  virtual bool MoveNext() = 0;
+  void Restart() { index_ = -1; }
 
-  static const TMetaClass& StaticClass();
-  const TMetaClass& ClassType() const override;
-
-  TQuilDBGridColumns* Columns() const;
-  TQuilCustomDBGrid* Grid() const;
-
-  const QString& FieldName() const { return fieldName_; }
-  void SetFieldName(const QString& name);
-  // The bound field; found again by FieldName after SetField(nullptr) cleared it.
-  TField* Field() const;
-  void SetField(TField* field);
-  // The field as bound now, without looking it up.
-  TField* BoundField() const { return field_; }
-
-  // An explicitly set width, or -1 for the field's display width.
-  int Width() const { return width_; }
-  void SetWidth(int width);
-  // The width the column takes in the grid, in pixels.
-  int GetWidth() const;
-  bool Visible() const { return visible_; }
-  void SetVisible(bool visible);
-  // Shown in the grid.
-  bool GetShowing() const { return visible_; }
-  // Defined by the application; default columns are made by the grid and not stored.
-  bool Stored() const { return stored_; }
-  void SetStored(bool stored) { stored_ = stored; }
-
-  // FIXME: column groups give depth, expansion and ancestors; a plain column is a
-  // top-level leaf of its own.
-  int Depth() const { return 0; }
-  int GetExpandIndex() const { return Index(); }
-
-  // A column can look its value up itself: KeyField of the grid's data set is found as
-  // LookupKeyField in LookupDataSet, whose LookupResultField gives the value.
-  const QString& KeyField() const { return keyField_; }
-  void SetKeyField(const QString& name) { keyField_ = name; }
-  TDataSet* LookupDataSet() const { return lookupDataSet_; }
-  void SetLookupDataSet(TDataSet* dataSet);
-  const QString& LookupKeyField() const { return lookupKeyField_; }
-  void SetLookupKeyField(const QString& name) { lookupKeyField_ = name; }
-  const QString& LookupResultField() const { return lookupResultField_; }
-  void SetLookupResultField(const QString& name) { lookupResultField_ = name; }
-  TQuilLookupColumn GetLookupColumn() const;
-
-  QString GetDisplayName() const override;
-  // The caption of the column's title.
-  QString TitleCaption() const;
-
-private:
-  QString fieldName_;
-  mutable TField* field_ = nullptr;
-  int width_ = -1;
-  bool visible_ = true;
-  bool stored_ = true;
-  QString keyField_;
-  TDataSet* lookupDataSet_ = nullptr;
-  QString lookupKeyField_;
-  QString lookupResultField_;
+protected:
+  int index_ = -1;
 };
 
-class TQuilDBGridColumns : public TOwnedCollection {
+class TQuilDBGridColumns;
+
+class TQuilDBGridColumnsEnumerator : public TQuilColumnEnumerator {
 public:
-  explicit TQuilDBGridColumns(TQuilCustomDBGrid* grid);
+  explicit TQuilDBGridColumnsEnumerator(const TQuilDBGridColumns* columns) : columns_(columns) {}
+  TQuilColumn* GetCurrent() const override;
+  bool MoveNext() override;
+
+private:
+  const TQuilDBGridColumns* columns_;
+};
+
+class TQuilDBGridColumns : public TCollection {
+public:
+  TQuilDBGridColumns(TQuilCustomDBGrid* grid, const TMetaClass& columnClass);
+  explicit TQuilDBGridColumns(TQuilCustomDBGrid* grid) : TQuilDBGridColumns(grid, TQuilColumn::StaticClass()) {}
+  ~TQuilDBGridColumns() override;
 
   static const TMetaClass& StaticClass();
   const TMetaClass& ClassType() const override;
 
   TQuilCustomDBGrid* Grid() const { return grid_; }
-  TQuilColumn* operator[](int index) const { return Items(index); }
-  TQuilColumn* Items(int index) const { return static_cast<TQuilColumn*>(TCollection::Items(index)); }
-  TQuilColumn* Add() { return static_cast<TQuilColumn*>(TCollection::Add()); }
-  // A default column, made by the grid's layout and not stored.
-  TQuilColumn* InternalAdd();
+  TPersistent* GetOwner() const override;
 
-  // Customized when the first column is stored.
-  TQuilDBGridColumnsState State() const;
-  // Turns default columns into stored ones, or throws customized ones away.
-  void SetState(TQuilDBGridColumnsState state);
+  TQuilColumn* Columns(int index) const { return static_cast<TQuilColumn*>(TCollection::Items(index)); }
+  TQuilColumn* Items(int index) const { return Columns(index); }
+  TQuilColumn* operator[](int index) const { return Columns(index); }
+  void SetColumn(int index, const TQuilColumn* value) { Columns(index)->Assign(value); }
+
+  // A column the application defines: Stored.
+  TQuilColumn* Add() { return static_cast<TQuilColumn*>(TCollection::Add()); }
+  // A column the grid makes by itself from a field: not Stored.
+  TQuilColumn* InternalAdd();
+  TQuilColumn* AddAutoExpand();
+  TQuilColumn* AddAutoSelect();
+  TQuilColumn* AddAutoNumber();
+
+  // From a collection, the copy does not stretch until it is whole.
+  void Assign(const TPersistent* source) override;
+  void BeginDesignUpdate();
+  void EndDesignUpdate();
+  // Above 0 turns off the design-time guard against moving columns of groups.
+  int DesignUpdateCount() const { return designUpdateCount_; }
+
+  // Customized when the last column is Stored.
+  TDBGridColumnsState State() const;
+  TDBGridColumnsState GetState() const { return State(); }
+  // Customized builds stored columns from the fields; default drops all columns.
+  void SetState(TDBGridColumnsState value);
+  // Stored columns for the data set's fields in their order, with the automatic ones.
+  void RebuildColumns();
+  void RestoreDefaults();
+
+  // The framework's component stream, with a TQuilColumnsWrapper as its component.
+  void SaveToStream(TStream& stream) const;
+  void LoadFromStream(TStream& stream);
+  void SaveToFile(const QString& fileName) const;
+  void LoadFromFile(const QString& fileName);
+
+  TQuilDBGridColumnsEnumerator GetEnumerator() const { return TQuilDBGridColumnsEnumerator(this); }
+  // Range-for over the columns.
+  class iterator;
+  iterator begin() const;
+  iterator end() const;
+
+  // The columns whose titles carry an order marker, in the order's sequence.
+  const std::vector<TQuilColumn*>& OrderList() const { return orderList_; }
+  void RemoveFromOrder(TQuilColumn* column);
+  void RemoveMarkers();
+  // FIXME: ordering rebuilds the order list and the marker indexes from the markers.
+  void UpdateMarkers() {}
+
+  // Sets each column's ParentColumn; the layout runs it before it reads depths.
+  void UpdateParentColumns();
+  bool AnyExpandable() const;
   // The same columns with the same stored properties.
   bool Equals(const TQuilDBGridColumns* other) const;
 
 protected:
-  TCollectionItem* CreateItem() const override;
   void Update(TCollectionItem* item) override;
+  void Notify(TCollectionItem* item, TCollectionNotification action) override;
 
 private:
+  void AddFieldColumns(const TFields* fields);
+  void SetAutoColumn(TQuilColumn* column, TAlignment alignment, const QString& title, int width);
+
   TQuilCustomDBGrid* grid_;
+  std::vector<TQuilColumn*> orderList_;
+  int designUpdateCount_ = 0;
 };
+
+class TQuilDBGridColumns::iterator {
+public:
+  using iterator_category = std::forward_iterator_tag;
+  using value_type = TQuilColumn*;
+  using difference_type = std::ptrdiff_t;
+  using pointer = TQuilColumn**;
+  using reference = TQuilColumn*;
+
+  iterator(const TQuilDBGridColumns* columns, int index) : columns_(columns), index_(index) {}
+  TQuilColumn* operator*() const { return columns_->Columns(index_); }
+  iterator& operator++() {
+    ++index_;
+    return *this;
+  }
+  bool operator==(const iterator& other) const { return index_ == other.index_; }
+  iterator operator++(int) {
+    iterator before = *this;
+    ++index_;
+    return before;
+  }
+
+private:
+  const TQuilDBGridColumns* columns_;
+  int index_;
+};
+
+inline TQuilDBGridColumns::iterator TQuilDBGridColumns::begin() const { return iterator(this, 0); }
+inline TQuilDBGridColumns::iterator TQuilDBGridColumns::end() const { return iterator(this, Count()); }
 
 }  // namespace quil

@@ -1,4 +1,5 @@
 #pragma once
+#include "grid/QuilDBGridColumnTypes.h"
 #include "grid/QuilDBGridParts.h"
 
 namespace quil {
@@ -11,6 +12,10 @@ public:
   // A column filter is in force.
   bool Active() const { return false; }
   void UpdateColumns() {}
+  // Titles get filter buttons; the kinds they offer; filtering is allowed at all.
+  bool AutoFilter() const { return false; }
+  TFilterStyles AutoFilters() const { return {fsFilterList, fsFilterForm}; }
+  bool Filtered() const { return false; }
 };
 
 }  // namespace quil

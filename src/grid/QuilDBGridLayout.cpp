@@ -5,6 +5,7 @@
 #include "framework/db/DataSet.h"
 #include "framework/db/Field.h"
 #include "framework/db/Fields.h"
+#include "framework/graphics/ImageList.h"
 #include "framework/rtl/Filer.h"
 #include "framework/rtl/ScopeExit.h"
 #include "grid/QuilDBGrid.h"
@@ -94,6 +95,7 @@ void TQuilCustomDBGrid::InternalLayout() {
   if (!dataLink_->Active() && columns_->State() == csDefault) {
     TCustomGrid::SetFixedCols(indicatorOffset_);
   } else {
+    RepairExpandCols();
     RepairFixedCols();
     TCustomGrid::SetFixedCols(indicatorOffset_ + fixedCols_);
   }
@@ -128,12 +130,26 @@ void TQuilCustomDBGrid::FreeMixedColumns() {
 
 void TQuilCustomDBGrid::BindColumns() {
   if (columns_->State() == csCustomized) {
-    for (int index = 0; index < columns_->Count(); ++index) columns_->Items(index)->SetField(nullptr);
+    for (TQuilColumn* column : *columns_) column->SetField(nullptr);
   } else {
     BindDefaultColumns();
+    AddAutomaticColumns();
   }
-  // FIXME: the automatic expand, select and number columns are added here, and the
-  // total cells let go of their fields.
+  // The total cells find their fields again when they next need them.
+  for (TQuilColumn* column : *columns_) {
+    column->TotalHeader()->SetField(nullptr);
+    for (int index = 0; index < column->TotalValues()->Count(); ++index)
+      column->TotalValues()->Value(index)->SetField(nullptr);
+    column->TotalFields()->SetField(nullptr);
+    column->TotalFooter()->SetField(nullptr);
+  }
+}
+
+// Each goes to the front, so that the last added stands first: number, select, expand.
+void TQuilCustomDBGrid::AddAutomaticColumns() {
+  if (optionsExt_.Contains(dgAutoExpandColumn)) columns_->AddAutoExpand();
+  if (optionsExt_.Contains(dgAutoSelectColumn)) columns_->AddAutoSelect();
+  if (optionsExt_.Contains(dgAutoNumberColumn)) columns_->AddAutoNumber();
 }
 
 void TQuilCustomDBGrid::BindDefaultColumns() {
@@ -165,18 +181,36 @@ void TQuilCustomDBGrid::BindDefaultColumns() {
 
 void TQuilCustomDBGrid::ListVisibleColumns() {
   visibleColumns_.clear();
-  for (int index = 0; index < columns_->Count(); ++index)
-    if (columns_->Items(index)->GetShowing()) visibleColumns_.push_back(columns_->Items(index));
+  columns_->UpdateParentColumns();
+  for (TQuilColumn* column : *columns_)
+    if (column->GetShowing()) visibleColumns_.push_back(column);
+}
+
+TQuilColumn* TQuilCustomDBGrid::ColumnAtDepth(TQuilColumn* column, int depth) const {
+  while (column && column->Depth() > depth) column = column->ParentColumn();
+  return column;
+}
+
+// A group reaches to the end of the group of its last column, and never past the last
+// column of the grid.
+void TQuilCustomDBGrid::RepairExpandCols() {
+  for (int index = columns_->Count() - 1; index >= 0; --index) {
+    TQuilColumn* column = columns_->Items(index);
+    const int limit = columns_->Count() - 1 - index;
+    if (column->ExpandCols() > limit) column->SetExpandCols(limit);
+    if (!column->GetExpandable() || column->ExpandCols() == 0) continue;
+    TQuilColumn* owner = ColumnAtDepth(columns_->Items(index + column->ExpandCols()), column->Depth());
+    if (owner) column->SetExpandCols(owner->GetExpandIndex() - index);
+  }
 }
 
 // A frozen block keeps one column scrollable and never cuts a group.
-// FIXME: column groups repair ExpandCols here and climb to the top-level ancestor.
 void TQuilCustomDBGrid::RepairFixedCols() {
   fixedCols_ = std::min(fixedCols_, std::max(columns_->Count() - 1, 0));
   if (fixedCols_ <= 0) return;
-  TQuilColumn* lastFrozen = columns_->Items(fixedCols_ - 1);
-  fixedCols_ = lastFrozen->GetExpandIndex() + 1;
-  if (fixedCols_ == columns_->Count()) fixedCols_ = lastFrozen->Index();
+  TQuilColumn* topLevel = ColumnAtDepth(columns_->Items(fixedCols_ - 1), 0);
+  fixedCols_ = topLevel->GetExpandIndex() + 1;
+  if (fixedCols_ == columns_->Count()) fixedCols_ = topLevel->Index();
 }
 
 int TQuilCustomDBGrid::ComputeTitleOffset() const {
@@ -186,14 +220,21 @@ int TQuilCustomDBGrid::ComputeTitleOffset() const {
   return 1 + depth;
 }
 
+bool TQuilCustomDBGrid::ColumnReadOnly(TQuilColumn* column) const {
+  if (column->ReadOnly()) return true;
+  const TQuilLookupColumn lookup = column->GetLookupColumn();
+  if (lookup != lcLookupField && lookup != lcLookupResultField) return false;
+  TDataSet* dataSet = DataSet();
+  TField* key = dataSet ? dataSet->FindField(column->KeyField()) : nullptr;
+  return !key || key->ReadOnly();
+}
+
 void TQuilCustomDBGrid::SetColumnAttributes() {
   for (int dataCol = 0; dataCol < columns_->Count(); ++dataCol) {
     TQuilColumn* column = columns_->Items(dataCol);
     TField* field = column->Field();
-    // FIXME: the column model counts lookup columns as read-only unless their key field
-    // can be written.
-    bool stops = column->GetShowing() && dataLink_->Active() && field && field->FieldKind() != fkCalculated &&
-                 !field->ReadOnly();
+    bool stops = column->GetShowing() && !ColumnReadOnly(column) && dataLink_->Active() && field &&
+                 field->FieldKind() != fkCalculated && !field->ReadOnly();
     const int rawCol = DataToRawColumn(dataCol);
     SetTabStops(rawCol, stops);
     SetColWidths(rawCol, column->GetWidth());
@@ -235,24 +276,36 @@ void TQuilCustomDBGrid::Notification(TComponent* component, TOperation operation
     SetDataSource(nullptr);
     return;
   }
-  // FIXME: master grids, title images, the totals' and columns' images, the filler's
-  // and indicator's popup menus, the columns' and titles' menus and the totals' data
-  // source let go of the component here once their holders exist.
+  // FIXME: master grids, title images, the totals' images, the filler's and
+  // indicator's popup menus, the total cells' menus and the totals' data source let go
+  // of the component here once their holders exist.
   if (component == indicatorImages_) indicatorImages_ = nullptr;
   if (component == titleMarkers_) titleMarkers_ = nullptr;
-  for (int index = 0; index < columns_->Count(); ++index)
-    if (columns_->Items(index)->LookupDataSet() == component) columns_->Items(index)->SetLookupDataSet(nullptr);
+  for (TQuilColumn* column : *columns_) {
+    if (column->LookupDataSet() == component) column->SetLookupDataSet(nullptr);
+    if (column->Images() == component) column->SetImages(nullptr);
+    if (column->PopupMenu() == component) column->SetPopupMenu(nullptr);
+    if (column->DropDownMenu() == component) column->SetDropDownMenu(nullptr);
+    if (column->Title()->PopupMenu() == component) column->Title()->SetPopupMenu(nullptr);
+    if (column->Title()->DropDownMenu() == component) column->Title()->SetDropDownMenu(nullptr);
+  }
   if (component == static_cast<TComponent*>(PopupMenu())) SetPopupMenu(nullptr);
   auto* field = dynamic_cast<TField*>(component);
   if (!field) return;
-  // FIXME: total cells let go of the field as well.
+  // FIXME: totals take the totals' data set as the one concerned when a total field
+  // cell let go of the field.
   BeginLayout();
   bool bound = false;
-  for (int index = 0; index < columns_->Count(); ++index) {
-    TQuilColumn* column = columns_->Items(index);
-    if (column->Field() != field) continue;
-    column->SetField(nullptr);
-    bound = true;
+  for (TQuilColumn* column : *columns_) {
+    if (column->BoundField() == field) {
+      column->SetField(nullptr);
+      bound = true;
+    }
+    ForEachTotalCell(column, [&](TQuilColumnTotal* cell) {
+      if (cell->Field() != field) return;
+      cell->SetField(nullptr);
+      bound = true;
+    });
   }
   TDataSet* dataSet = DataSet();
   if (!bound || (dataSet && (dataSet->ControlsDisabled() || dataSet->ComponentState().Contains(csDestroying))))
@@ -261,15 +314,31 @@ void TQuilCustomDBGrid::Notification(TComponent* component, TOperation operation
     EndLayout();
 }
 
-// FIXME: column titles, totals and the other column properties count once the column
-// model has them.
 bool TQuilCustomDBGrid::NeedsNotification(TComponent* component) const {
   auto* field = dynamic_cast<TField*>(component);
   if (!field || !columns_) return false;
   int references = 0;
-  for (int index = 0; index < columns_->Count(); ++index)
-    if (columns_->Items(index)->BoundField() == field) ++references;
+  for (TQuilColumn* column : *columns_) {
+    if (column->BoundField() == field) ++references;
+    ForEachTotalCell(column, [&](TQuilColumnTotal* cell) {
+      if (cell->Field() == field) ++references;
+    });
+  }
   return references > 1;
+}
+
+void TQuilCustomDBGrid::ForgetColumn(TQuilColumn* column) {
+  if (pressedColumn_ == column) pressedColumn_ = nullptr;
+  if (hotColumn_ == column) hotColumn_ = nullptr;
+  if (filterListColumn_ == column) filterListColumn_ = nullptr;
+}
+
+void TQuilCustomDBGrid::ColExpand(TQuilColumn* column) {
+  if (OnColExpand) OnColExpand(column);
+}
+
+void TQuilCustomDBGrid::CellExpand(TQuilColumn* column) {
+  if (OnCellExpand) OnCellExpand(column);
 }
 
 void TQuilCustomDBGrid::ReadColumns(TReader& reader) {

@@ -28,7 +28,7 @@ void TQuilCustomDBGrid::DrawCell(int col, int row, const TRect& rect, TGridDrawS
 
 void TQuilCustomDBGrid::DrawTitleCell(int dataCol, const TRect& rect) {
   Canvas()->SetFont(titleFont_.get());
-  Canvas()->TextRect(rect, rect.Left + TextMargin, rect.Top + TextMargin, columns_->Items(dataCol)->TitleCaption());
+  Canvas()->TextRect(rect, rect.Left + TextMargin, rect.Top + TextMargin, columns_->Items(dataCol)->Title()->Caption());
 }
 
 void TQuilCustomDBGrid::DrawDataCell(int dataCol, int bufferRow, const TRect& rect) {

@@ -13,6 +13,12 @@ public:
   bool Active() const { return false; }
   void CheckState() {}
   void CheckUpdate(TField*) {}
+  // The current row's node: it has children, it is open, its level from 0.
+  bool RowExpandable() const { return false; }
+  bool RowExpanded() const { return false; }
+  int RowLevel() const { return 0; }
+  void FocusRow() {}
+  void ToggleRow(bool) {}
 };
 
 }  // namespace quil

@@ -7,6 +7,8 @@ namespace quil {
 class TQuilScrollProp : public TQuilGridPart {
 public:
   using TQuilGridPart::TQuilGridPart;
+  // A grid in stretch mode has no horizontal scroll bar.
+  bool AutoStretch() const { return true; }
 };
 
 }  // namespace quil

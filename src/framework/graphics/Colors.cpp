@@ -5,6 +5,7 @@
 #include "framework/rtl/Exceptions.h"
 #include "framework/rtl/Format.h"
 #include "framework/rtl/RtlConsts.h"
+#include "framework/rtl/TypInfo.h"
 
 namespace quil {
 
@@ -88,6 +89,22 @@ TColor StringToColor(const QString& text) {
   TColor color = 0;
   if (IdentToColor(text, color) || ParseInteger(text, color)) return color;
   throw EConvertError(Format(SInvalidInteger, {text}));
+}
+
+const TIntegerTypeInfo& ColorTypeInfo() {
+  static const TIntegerTypeInfo info(
+      tkInteger, QStringLiteral("TColor"),
+      [](int64_t value) -> std::optional<QString> {
+        QString ident;
+        if (ColorToIdent(TColor(value), ident)) return ident;
+        return std::nullopt;
+      },
+      [](const QString& ident) -> std::optional<int64_t> {
+        TColor color = 0;
+        if (IdentToColor(ident, color)) return color;
+        return std::nullopt;
+      });
+  return info;
 }
 
 }  // namespace quil

@@ -92,4 +92,8 @@ TColor StringToColor(const QString& text);
 bool IdentToColor(const QString& ident, TColor& color);
 bool ColorToIdent(TColor color, QString& ident);
 
+class TIntegerTypeInfo;
+// The type of published color properties: streams write a named color by its name.
+const TIntegerTypeInfo& ColorTypeInfo();
+
 }  // namespace quil

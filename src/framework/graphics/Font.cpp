@@ -5,11 +5,67 @@
 
 #include "framework/graphics/Font_p.h"
 #include "framework/graphics/Types.h"
+#include "framework/rtl/TypInfo.h"
 
 namespace quil {
 
+const TEnumTypeInfo& TypeInfo(TFontStyle) {
+  static const TEnumTypeInfo info("TFontStyle", {"fsBold", "fsItalic", "fsUnderline", "fsStrikeOut"});
+  return info;
+}
+
+const TEnumTypeInfo& TypeInfo(TFontPitch) {
+  static const TEnumTypeInfo info("TFontPitch", {"fpDefault", "fpVariable", "fpFixed"});
+  return info;
+}
+
+const TEnumTypeInfo& TypeInfo(TFontQuality) {
+  static const TEnumTypeInfo info("TFontQuality", {"fqDefault", "fqDraft", "fqProof", "fqNonAntialiased",
+                                                   "fqAntialiased", "fqClearType", "fqClearTypeNatural"});
+  return info;
+}
+
+namespace {
+struct CharsetIdent {
+  TFontCharset charset;
+  const char* name;
+};
+constexpr CharsetIdent kCharsetIdents[] = {{ANSI_CHARSET, "ANSI_CHARSET"},
+                                           {DEFAULT_CHARSET, "DEFAULT_CHARSET"},
+                                           {SYMBOL_CHARSET, "SYMBOL_CHARSET"},
+                                           {OEM_CHARSET, "OEM_CHARSET"}};
+}  // namespace
+
+const TIntegerTypeInfo& CharsetTypeInfo() {
+  static const TIntegerTypeInfo info(
+      tkInteger, QStringLiteral("TFontCharset"),
+      [](int64_t value) -> std::optional<QString> {
+        for (const CharsetIdent& entry : kCharsetIdents)
+          if (entry.charset == value) return QString::fromLatin1(entry.name);
+        return std::nullopt;
+      },
+      [](const QString& ident) -> std::optional<int64_t> {
+        for (const CharsetIdent& entry : kCharsetIdents)
+          if (ident.compare(QLatin1String(entry.name), Qt::CaseInsensitive) == 0) return entry.charset;
+        return std::nullopt;
+      });
+  return info;
+}
+
+// Size is not stored: Height says the same in pixels and reads back exactly.
 const TMetaClass& TFont::StaticClass() {
-  static const TMetaClass meta = TMetaClass("TFont", &TGraphicsObject::StaticClass()).Creates<TFont>();
+  static const TMetaClass meta =
+      TMetaClass("TFont", &TGraphicsObject::StaticClass())
+          .Creates<TFont>()
+          .Published(IntProp("Charset", &TFont::Charset, &TFont::SetCharset).OfType(CharsetTypeInfo()))
+          .Published(IntProp("Color", &TFont::Color, &TFont::SetColor).OfType(ColorTypeInfo()))
+          .Published(IntProp("Height", &TFont::Height, &TFont::SetHeight))
+          .Published(StrProp("Name", &TFont::Name, &TFont::SetName))
+          .Published(IntProp("Orientation", &TFont::Orientation, &TFont::SetOrientation).Default(0))
+          .Published(EnumProp("Pitch", &TFont::Pitch, &TFont::SetPitch).Default(fpDefault))
+          .Published(IntProp("Size", &TFont::Size, &TFont::SetSize).Stored(false))
+          .Published(SetProp("Style", &TFont::Style, &TFont::SetStyle))
+          .Published(EnumProp("Quality", &TFont::Quality, &TFont::SetQuality).Default(fqDefault));
   return meta;
 }
 

@@ -23,6 +23,16 @@ enum TFontQuality {
 using TFontCharset = uint8_t;
 constexpr TFontCharset ANSI_CHARSET = 0;
 constexpr TFontCharset DEFAULT_CHARSET = 1;
+constexpr TFontCharset SYMBOL_CHARSET = 2;
+constexpr TFontCharset OEM_CHARSET = 255;
+
+class TEnumTypeInfo;
+class TIntegerTypeInfo;
+const TEnumTypeInfo& TypeInfo(TFontStyle);
+const TEnumTypeInfo& TypeInfo(TFontPitch);
+const TEnumTypeInfo& TypeInfo(TFontQuality);
+// Streams write the named character sets by their names.
+const TIntegerTypeInfo& CharsetTypeInfo();
 
 class TFontPrivate;
 

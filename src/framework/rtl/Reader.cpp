@@ -256,6 +256,7 @@ void TReader::ReadPropValue(TPersistent* instance, const TPropInfo& prop) {
   switch (prop.Kind()) {
     case tkInteger:
     case tkInt64:
+    case tkWChar:
     case tkEnumeration:
     case tkSet:
       return ReadOrdValue(instance, prop);
@@ -286,6 +287,10 @@ void TReader::ReadOrdValue(TPersistent* instance, const TPropInfo& prop) {
     if (value < 0) PropValueError();
   } else if (auto* setType = dynamic_cast<const TSetTypeInfo*>(&type)) {
     value = int64_t(ReadSet(*setType));
+  } else if (type.Kind() == tkWChar) {
+    const QString text = ReadString();
+    if (text.size() != 1) PropValueError();
+    value = text.at(0).unicode();
   } else if (NextValue() == vaIdent) {
     auto* intType = dynamic_cast<const TIntegerTypeInfo*>(&type);
     const std::optional<int64_t> named = intType ? intType->IdentToInt(ReadIdent()) : std::nullopt;

@@ -63,6 +63,11 @@ const TTypeInfo& StringTypeInfo() {
   return info;
 }
 
+const TTypeInfo& WideCharTypeInfo() {
+  static const TTypeInfo info(tkWChar, QStringLiteral("Char"));
+  return info;
+}
+
 const TTypeInfo& VariantTypeInfo() {
   static const TTypeInfo info(tkVariant, QStringLiteral("Variant"));
   return info;
@@ -294,6 +299,8 @@ Variant GetPropValue(const TObject* instance, const QString& path, bool preferSt
       return Variant(int(GetOrdProp(target.instance, prop)));
     case tkInt64:
       return Variant(static_cast<long long>(GetOrdProp(target.instance, prop)));
+    case tkWChar:
+      return Variant(QString(QChar(char16_t(GetOrdProp(target.instance, prop)))));
     case tkEnumeration:
       if (&prop->PropType() == &BooleanTypeInfo()) return Variant(GetOrdProp(target.instance, prop) != 0);
       if (preferStrings) return Variant(GetEnumProp(target.instance, prop->Name()));
@@ -319,6 +326,10 @@ void SetPropValue(TObject* instance, const QString& path, const Variant& value) 
     case tkInteger:
     case tkInt64:
       return SetOrdProp(target.instance, prop, value.AsInt64());
+    case tkWChar: {
+      const QString text = VarToStr(value);
+      return SetOrdProp(target.instance, prop, text.isEmpty() ? 0 : text.at(0).unicode());
+    }
     case tkEnumeration:
       if (VarIsStr(value)) return SetEnumProp(target.instance, prop->Name(), value.AsString());
       if (&prop->PropType() == &BooleanTypeInfo()) return SetOrdProp(target.instance, prop, value.AsBoolean());

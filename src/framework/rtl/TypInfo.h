@@ -134,6 +134,8 @@ const TIntegerTypeInfo& Int64TypeInfo();
 const TEnumTypeInfo& BooleanTypeInfo();  // False, True
 const TTypeInfo& DoubleTypeInfo();
 const TTypeInfo& StringTypeInfo();
+// One UTF-16 character, held as its code; streams write it as a one-character string.
+const TTypeInfo& WideCharTypeInfo();
 const TTypeInfo& VariantTypeInfo();
 const TTypeInfo& MethodTypeInfo();
 
@@ -331,6 +333,7 @@ struct SetMember<TSet<E>> {
 template <typename V, typename U>
 V ToStorage(const U& value) {
   if constexpr (!std::is_same_v<V, int64_t>) return V(value);
+  else if constexpr (std::is_same_v<U, QChar>) return int64_t(value.unicode());
   else if constexpr (requires { value.ToInt(); }) return int64_t(value.ToInt());
   else return int64_t(value);
 }
@@ -342,6 +345,7 @@ U FromStorage(const V& value, const QString& propName) {
   if constexpr (std::is_same_v<V, int64_t>) {
     if constexpr (requires { U::FromInt(0); }) return U::FromInt(uint64_t(value));
     else if constexpr (std::is_same_v<U, bool>) return value != 0;
+    else if constexpr (std::is_same_v<U, QChar>) return QChar(char16_t(value));
     else return static_cast<U>(value);
   } else if constexpr (std::is_pointer_v<U>) {
     auto* typed = dynamic_cast<U>(value);
@@ -432,6 +436,11 @@ auto Int64Prop(const char* name, F C::*getter, S setter = nullptr) {
 template <typename C, typename F, typename S = std::nullptr_t>
 auto BoolProp(const char* name, F C::*getter, S setter = nullptr) {
   return TPropBuilder<TOrdPropInfo, bool>(name, BooleanTypeInfo(), getter, setter, std::nullopt);
+}
+
+template <typename C, typename F, typename S = std::nullptr_t>
+auto CharProp(const char* name, F C::*getter, S setter = nullptr) {
+  return TPropBuilder<TOrdPropInfo, QChar>(name, WideCharTypeInfo(), getter, setter, std::nullopt);
 }
 
 template <typename C, typename F, typename S = std::nullptr_t>

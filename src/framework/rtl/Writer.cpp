@@ -109,6 +109,7 @@ void TWriter::WriteProperty(const TPersistent* instance, const TPropInfo& prop) 
   switch (prop.Kind()) {
     case tkInteger:
     case tkInt64:
+    case tkWChar:
     case tkEnumeration:
     case tkSet:
       WriteOrdProp(instance, prop);
@@ -151,6 +152,8 @@ void TWriter::WriteOrdProp(const TPersistent* instance, const TPropInfo& prop) {
     WriteIdent(enumType->NameOf(value));  // booleans become vaFalse and vaTrue here
   } else if (auto* setType = dynamic_cast<const TSetTypeInfo*>(&type)) {
     WriteSet(*setType, uint64_t(value));
+  } else if (type.Kind() == tkWChar) {
+    WriteString(QString(QChar(char16_t(value))));
   } else {
     auto* intType = dynamic_cast<const TIntegerTypeInfo*>(&type);
     const std::optional<QString> ident = intType ? intType->IntToIdent(value) : std::nullopt;

@@ -7,6 +7,7 @@
 #include "framework/graphics/Font_p.h"
 #include "framework/graphics/Pen.h"
 #include "framework/rtl/Exceptions.h"
+#include "framework/rtl/TypInfo.h"
 
 namespace quil {
 namespace {
@@ -153,6 +154,26 @@ TEST(TPen, AssignCopiesAllFourProperties) {
   EXPECT_EQ(target.Width(), 3);
   EXPECT_EQ(target.Style(), psDot);
   EXPECT_EQ(target.Mode(), pmXor);
+}
+
+// Height carries the size in streams; Size itself is not stored.
+TEST(TFont, PublishesItsPropertiesForStreams) {
+  TFont font;
+  font.SetColor(clRed);
+  font.SetStyle({fsBold, fsItalic});
+  EXPECT_EQ(GetPropValue(&font, "Color").AsString(), QStringLiteral("clRed"));
+  EXPECT_EQ(GetSetProp(&font, "Style"), QStringLiteral("fsBold,fsItalic"));
+  EXPECT_EQ(GetPropValue(&font, "Charset").AsInteger(), DEFAULT_CHARSET);
+  EXPECT_FALSE(IsStoredProp(&font, "Size"));
+  EXPECT_TRUE(IsStoredProp(&font, "Height"));
+  SetPropValue(&font, "Height", Variant(-20));
+  EXPECT_EQ(font.Height(), -20);
+  SetEnumProp(&font, "Pitch", "fpFixed");
+  EXPECT_EQ(font.Pitch(), fpFixed);
+  const auto* color = GetPropInfo(&font, "Color");
+  const auto& type = dynamic_cast<const TIntegerTypeInfo&>(color->PropType());
+  EXPECT_EQ(type.IdentToInt("clWindowText"), std::optional<int64_t>(clWindowText));
+  EXPECT_EQ(CharsetTypeInfo().IntToIdent(DEFAULT_CHARSET), std::optional<QString>("DEFAULT_CHARSET"));
 }
 
 }  // namespace

@@ -419,3 +419,46 @@ TEST_F(ComponentStream, NamesTheObjectAndPropertyOfAValueThatCannotBeRead) {
   deepList.data.append(QByteArray(100000, char(0x01)));
   EXPECT_THROW(Read(deepList.data), EReadError);
 }
+
+// A component with a single character, streamed as a one-character string.
+class TSeparated : public TComponent {
+public:
+  using TComponent::TComponent;
+  static const TMetaClass& StaticClass() {
+    static const TMetaClass meta = TMetaClass("TSeparated", &TComponent::StaticClass())
+                                       .Creates<TSeparated>()
+                                       .Published(CharProp("Separator", &TSeparated::Separator,
+                                                           &TSeparated::SetSeparator)
+                                                      .Default(QLatin1Char(',')));
+    return meta;
+  }
+  const TMetaClass& ClassType() const override { return StaticClass(); }
+  QChar Separator() const { return separator_; }
+  void SetSeparator(QChar value) { separator_ = value; }
+
+private:
+  QChar separator_ = QLatin1Char(',');
+};
+
+TEST_F(ComponentStream, WritesACharacterAsAOneCharacterString) {
+  TSeparated written(nullptr);
+  written.SetName("S");
+  TMemoryStream defaulted;
+  defaulted.WriteComponent(&written);
+  EXPECT_FALSE(Contents(defaulted).contains("Separator")) << "the default is left out";
+  written.SetSeparator(QChar(0x00E9));
+  TMemoryStream stream;
+  stream.WriteComponent(&written);
+  TBytes expected;
+  expected.Raw("TPF0").Str("TSeparated").Str("S").Str("Separator")({0x14, 0x02, 0x00, 0x00, 0x00, 0xC3, 0xA9});
+  expected({0x00, 0x00});
+  EXPECT_EQ(Contents(stream), expected.data);
+  TSeparated read(nullptr);
+  stream.Seek(0, soBeginning);
+  stream.ReadComponent(&read);
+  EXPECT_EQ(read.Separator(), QChar(0x00E9));
+  EXPECT_EQ(GetPropValue(&read, "Separator").AsString(), QString(QChar(0x00E9)));
+  SetPropValue(&read, "Separator", Variant(QStringLiteral(";")));
+  EXPECT_EQ(read.Separator(), QLatin1Char(';'));
+}
+

@@ -1,0 +1,276 @@
+// What a column's cells show beside text: check boxes, expand boxes, the record
+// number, images; and the list options that decide how a cell's text is picked.
+#include <algorithm>
+
+#include "framework/db/DataSet.h"
+#include "framework/db/DataSource.h"
+#include "framework/db/Field.h"
+#include "framework/graphics/ImageList.h"
+#include "framework/controls/KeyMapping.h"
+#include "framework/controls/VirtualKeys.h"
+#include "framework/graphics/Types.h"
+#include "framework/rtl/RtlConsts.h"
+#include "framework/rtl/Strings.h"
+#include "framework/rtl/Conversions.h"
+#include "framework/rtl/ScopeExit.h"
+#include "grid/QuilDBGrid.h"
+#include "grid/QuilDBGridColumn.h"
+#include "grid/QuilDBGridColumn_p.h"
+
+namespace quil {
+
+namespace {
+
+// The true text left of ";" and the false text right of it, at most 255 characters.
+std::pair<QString, QString> SplitCheckBoxValues(const QString& values) {
+  const qsizetype semicolon = values.indexOf(QLatin1Char(';'));
+  if (semicolon < 0) return {values, QString()};
+  return {values.left(semicolon), values.mid(semicolon + 1, 255)};
+}
+
+bool IsStringType(TFieldType type) {
+  return type == ftString || type == ftMemo || type == ftFmtMemo || type == ftWideString || type == ftWideMemo;
+}
+
+}  // namespace
+
+// --- Check box
+
+QString TQuilColumn::DefaultCheckBoxValues() { return STextTrue + QLatin1Char(';') + STextFalse; }
+
+QString TQuilColumn::CheckBoxValues() const {
+  return p_.checkBoxValues.isEmpty() ? DefaultCheckBoxValues() : p_.checkBoxValues;
+}
+
+void TQuilColumn::SetCheckBoxValues(const QString& value) {
+  const QString stored = value == DefaultCheckBoxValues() ? QString() : value;
+  StoreAndRepaint(*this, p_.checkBoxValues, stored);
+}
+
+bool TQuilColumn::IsCheckBoxValuesStored() const { return CheckBoxValues() != DefaultCheckBoxValues(); }
+
+// FIXME: row selection answers for a column without field by the row's selection, and
+// cell text passes the column's text pipeline (ColGetText); until then a column without
+// field is never checked and the field's edit text is compared.
+bool TQuilColumn::IsCheckBoxValue(bool checked) const {
+  TField* field = Field();
+  if (!field) return false;
+  const auto [trueText, falseText] = SplitCheckBoxValues(CheckBoxValues());
+  return field->Text().compare(checked ? trueText : falseText, Qt::CaseInsensitive) == 0;
+}
+
+// FIXME: cell text writes through the column's text pipeline (CanColumnModify,
+// ColSetText, ColTextChanged), and row selection toggles the row of a column without
+// field; until then the field's text is written directly.
+void TQuilColumn::ToggleCheckBoxValue() {
+  TQuilCustomDBGrid* grid = Grid();
+  if (!p_.checkBox || !grid || !grid->DataLink()->Active() || grid->DataSet()->IsEmpty()) return;
+  TField* field = Field();
+  if (!field || !field->CanModify() || !grid->DataLink()->Edit()) return;
+  const auto [trueText, falseText] = SplitCheckBoxValues(CheckBoxValues());
+  const bool checked = field->Text().compare(trueText, Qt::CaseInsensitive) == 0;
+  field->SetAsString(checked ? falseText : trueText);
+}
+
+void TQuilColumn::SetCheckBox(bool value) {
+  if (p_.checkBox == value) return;
+  p_.checkBox = value;
+  if (value) {
+    p_.expandBox = false;
+    p_.expandBoxTree = false;
+    SetImageDraw(p_.imageDraw);
+  }
+  Changed(true);
+}
+
+// --- Expand box
+
+void TQuilColumn::SetExpandBox(bool value) {
+  if (p_.expandBox == value) return;
+  p_.expandBox = value;
+  if (value) {
+    p_.checkBox = false;
+    p_.transparent = true;
+    SetImageDraw(p_.imageDraw);
+  } else {
+    p_.expandBoxTree = false;
+  }
+  Changed(true);
+}
+
+// The tree box sits in the image margin, which it makes room for.
+void TQuilColumn::SetExpandBoxTree(bool value) {
+  if (p_.expandBoxTree == value) return;
+  SetExpandBox(value);
+  p_.expandBoxTree = value;
+  if (!value) {
+    p_.imageMargin = 0;
+  } else if (p_.imageMargin == 0) {
+    TQuilCustomDBGrid* grid = Grid();
+    p_.imageMargin = MulDiv(20, grid ? grid->GetCurrentPPI() : 96, 96);
+  }
+  Changed(true);
+}
+
+bool TQuilColumn::IsExpandableBox() const {
+  if (p_.expandBoxTree) {
+    TQuilCustomDBGrid* grid = Grid();
+    return grid && grid->TreeView()->Active() && grid->TreeView()->RowExpandable();
+  }
+  return p_.expandBox;
+}
+
+bool TQuilColumn::IsExpandedBox() const {
+  TQuilCustomDBGrid* grid = Grid();
+  if (p_.expandBoxTree) return grid && grid->TreeView()->RowExpanded();
+  if (!p_.expandBox || !grid || expandBookmark_.empty() || !grid->DataLink()->Active()) return false;
+  TDataSet* dataSet = grid->DataSet();
+  return dataSet->CompareBookmarks(dataSet->GetBookmark(), expandBookmark_) == 0;
+}
+
+// Only the record under the toggling box reads as expanded while the grid handles it.
+void TQuilColumn::ToggleExpandBox() {
+  TQuilCustomDBGrid* grid = Grid();
+  if (!(p_.expandBox || p_.expandBoxTree) || !grid || !grid->DataLink()->Active() || grid->DataSet()->IsEmpty())
+    return;
+  if (p_.expandBoxTree) {
+    if (GetKeyState(VK_CONTROL) < 0) grid->TreeView()->FocusRow();
+    else grid->TreeView()->ToggleRow(GetKeyState(VK_SHIFT) < 0);
+    return;
+  }
+  const int rawCol = grid->DataToRawColumn(Index());
+  expandBookmark_ = grid->DataSet()->GetBookmark();
+  TScopeExit clear([this, grid, rawCol] {
+    expandBookmark_.clear();
+    grid->InvalidateCol(rawCol);
+  });
+  grid->InvalidateCol(rawCol);
+  grid->CellExpand(this);
+}
+
+// --- Record number
+
+void TQuilColumn::SetAutoNumber(bool value) {
+  if (Store(p_.autoNumber, value)) Changed(true);
+}
+
+bool TQuilColumn::CanEditShow() const {
+  return p_.showEdit && !p_.checkBox && (!p_.expandBox || p_.imageMargin >= 1) && !p_.autoNumber;
+}
+
+// --- Images
+
+// A box glyph is placed by alignment only; tiles and stretching are for pictures.
+void TQuilColumn::SetImageDraw(TImageDraw value) {
+  if ((p_.checkBox || p_.expandBox) && value != idAlignment && value != idOpposite && value != idCenter)
+    value = idCenter;
+  StoreAndRepaint(*this, p_.imageDraw, value);
+}
+
+void TQuilColumn::SetImageMargin(int value) {
+  value = std::max(value, 0);
+  if (!Store(p_.imageMargin, value)) return;
+  if (value == 0 && p_.expandBoxTree) SetExpandBoxTree(false);
+  Changed(false);
+}
+
+// At design time a list without background color draws transparently.
+void TQuilColumn::SetImages(TImageList* value) {
+  if (p_.images == value) return;
+  p_.images = value;
+  TQuilCustomDBGrid* grid = Grid();
+  if (value && grid) {
+    value->FreeNotification(grid);
+    if (grid->ComponentState().Contains(csDesigning) && !grid->ComponentState().Contains(csLoading) &&
+        value->BkColor() == clNone)
+      p_.transparent = true;
+  }
+  Changed(false);
+}
+
+// FIXME: glyphs give the check box and expand box images here.
+int TQuilColumn::GetImageIndex() const {
+  if (p_.checkBox || p_.expandBox) return -1;
+  TField* field = Field();
+  if (!field) return -1;
+  if (field->DataType() == ftBoolean) return field->AsBoolean() ? 1 : 0;
+  const QString text = field->AsString();
+  if (text == QLatin1String("False")) return 0;
+  if (text == QLatin1String("True")) return 1;
+  return StrToIntDef(text, -1);
+}
+
+int TQuilColumn::GetImageLevel() const {
+  TQuilCustomDBGrid* grid = Grid();
+  return p_.expandBoxTree && grid && grid->TreeView()->Active() ? grid->TreeView()->RowLevel() : 0;
+}
+
+// --- Multi-select lists and pick options
+
+bool TQuilColumn::GetMultiSelectList() const {
+  TField* field = Field();
+  return p_.listOptions.Contains(loMultiSelectList) && field && IsStringType(field->DataType()) &&
+         (GetLookupColumn() == lcLookupKeyField || GetPickDataActive());
+}
+
+// An empty list cell shows "...", one with several items its first and " ...".
+QString TQuilColumn::FormatText(const QString& text) const {
+  if (!GetMultiSelectList() || p_.multiSelectText != mstEllipsis) return text;
+  if (text.isEmpty()) return QStringLiteral("...");
+  const QString delimiter = p_.delimiterLine ? QStringLiteral("\n") : QString(p_.delimiterChar);
+  const qsizetype at = text.indexOf(delimiter);
+  return at < 0 ? text : text.left(at) + QStringLiteral(" ...");
+}
+
+void TQuilColumn::SetDelimiterChar(QChar value) {
+  if (Store(p_.delimiterChar, value) && GetMultiSelectList()) Changed(false);
+}
+
+void TQuilColumn::SetDelimiterLine(bool value) {
+  if (Store(p_.delimiterLine, value) && GetMultiSelectList()) Changed(false);
+}
+
+void TQuilColumn::SetMultiSelectText(TMultiSelectText value) {
+  if (Store(p_.multiSelectText, value) && GetMultiSelectList()) Changed(false);
+}
+
+void TQuilColumn::SetListOptions(TQuilListOptions value) {
+  const bool multiSelect = GetMultiSelectList();
+  p_.listOptions = value;
+  if (GetMultiSelectList() != multiSelect) Changed(false);
+}
+
+void TQuilColumn::SwitchListOptions(TQuilListOptions options, bool on) {
+  SetListOptions(on ? p_.listOptions + options : p_.listOptions - options);
+}
+
+// The grid fills an automatically loaded list, which holds values only.
+void TQuilColumn::SetPickOptions(TQuilPickOptions value) {
+  if (value.Contains(poSelectPickText) && value.Contains(poAutoLoadList)) value.Exclude(poSelectPickText);
+  if (value.Contains(poStoreItemIndex)) value.Include(poAcceptItemIndex);
+  const bool autoLoadOn = value.Contains(poAutoLoadList) && !p_.pickOptions.Contains(poAutoLoadList);
+  if (!Store(p_.pickOptions, value)) return;
+  PickDataChanged();
+  if (autoLoadOn && Grid()) Grid()->UpdateListItems(false);
+}
+
+void TQuilColumn::SwitchPickOptions(TQuilPickOptions options, bool on) {
+  SetPickOptions(on ? p_.pickOptions + options : p_.pickOptions - options);
+}
+
+// FIXME: pick lists refresh an open list here.
+void TQuilColumn::PickDataChanged() { Changed(false); }
+
+bool TQuilColumn::GetPickListActive() const { return pickList_ && pickList_->Count() > 0; }
+bool TQuilColumn::GetPickDataActive() const { return GetPickListActive(); }
+
+bool TQuilColumn::GetPickTextActive() const {
+  return p_.pickOptions.Contains(poSelectPickText) && pickText_ && pickText_->Count() > 0;
+}
+
+bool TQuilColumn::GetCalendarActive() const {
+  TField* field = Field();
+  return field && (field->DataType() == ftDate || field->DataType() == ftDateTime || field->DataType() == ftTimeStamp);
+}
+
+}  // namespace quil
