@@ -143,6 +143,11 @@ public:
   // Lets an automatic column write a new width back to its field as DisplayWidth.
   bool UpdateFields() const { return updateFields_; }
   void SetUpdateFields(bool value) { updateFields_ = value; }
+  // The first column from startIndex on whose FieldName is fieldName, any case; none
+  // when no column has it. ColumnByName raises EInvalidGridOperation instead.
+  TQuilColumn* FindColumn(const QString& fieldName, int startIndex = 0) const;
+  TQuilColumn* ColumnByName(const QString& fieldName, int startIndex = 0) const;
+  TQuilColumn* ColumnNames(const QString& fieldName) const { return ColumnByName(fieldName, 0); }
   // Walks up from column to its ancestor at depth; none past the top.
   TQuilColumn* ColumnAtDepth(TQuilColumn* column, int depth) const;
   // The column under the pressed title, of the hot title button and of the open filter

@@ -204,6 +204,11 @@ public:
   void SetWallpaper(bool value);
   // The image of the cell in Images, -1 for none.
   int GetImageIndex() const;
+  // A copy of image index of Images, greyed over the fixed color in a disabled grid;
+  // none for an index outside the list.
+  std::unique_ptr<TBitmap> GetImage(int index) const;
+  // The picture of a graphic field: the field itself; none for any other field.
+  TPersistent* GetGraphicImage() const;
   // The tree level of the row for a tree box column, else 0.
   int GetImageLevel() const;
 

@@ -5,6 +5,9 @@
 #include "framework/db/DataSet.h"
 #include "framework/db/DataSource.h"
 #include "framework/db/Field.h"
+#include "framework/graphics/Bitmap.h"
+#include "framework/graphics/Brush.h"
+#include "framework/graphics/Canvas.h"
 #include "framework/graphics/ImageList.h"
 #include "framework/controls/KeyMapping.h"
 #include "framework/controls/VirtualKeys.h"
@@ -198,6 +201,29 @@ int TQuilColumn::GetImageIndex() const {
   if (text == QLatin1String("False")) return 0;
   if (text == QLatin1String("True")) return 1;
   return StrToIntDef(text, -1);
+}
+
+std::unique_ptr<TBitmap> TQuilColumn::GetImage(int index) const {
+  TImageList* images = p_.images;
+  if (!images || index < 0 || index >= images->Count()) return nullptr;
+  auto bitmap = std::make_unique<TBitmap>();
+  TQuilCustomDBGrid* grid = Grid();
+  if (grid && !grid->Enabled()) {
+    bitmap->Canvas()->Brush()->SetColor(grid->FixedColor());
+    bitmap->SetSize(images->Width(), images->Height());
+    images->Draw(bitmap->Canvas(), 0, 0, index, false);
+  } else {
+    images->GetBitmap(index, bitmap.get());
+  }
+  if (p_.transparentColor != clNone) bitmap->SetTransparentColor(p_.transparentColor);
+  return bitmap;
+}
+
+// FIXME: graphic fields make a picture of the class the field's data names, when the
+// field is not the library's own graphic field.
+TPersistent* TQuilColumn::GetGraphicImage() const {
+  TField* field = Field();
+  return field && field->DataType() == ftGraphic ? field : nullptr;
 }
 
 int TQuilColumn::GetImageLevel() const {

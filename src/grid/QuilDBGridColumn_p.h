@@ -20,7 +20,7 @@ void StoreAndRepaint(TQuilColumn& column, T& member, const T& value) {
   if (Store(member, value)) column.Changed(false);
 }
 
-// A font that follows another is equal to it in every respect a cell shows.
+// A font that follows another is equal to it in all a cell shows of it.
 inline bool SameFont(const TFont& a, const TFont& b) { return a.IsEqual(b) && a.Color() == b.Color(); }
 
 // Copies source into target without target's change event: following a default is no

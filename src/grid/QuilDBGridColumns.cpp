@@ -1,12 +1,16 @@
 #include "grid/QuilDBGridColumns.h"
 
 #include <algorithm>
+#include <stdexcept>
 
 #include "framework/db/DataSet.h"
 #include "framework/db/Field.h"
 #include "framework/db/Fields.h"
 #include "framework/db/ObjectFields.h"
+#include "framework/rtl/Exceptions.h"
 #include "framework/rtl/Filer.h"
+#include "framework/rtl/Format.h"
+#include "framework/rtl/RtlConsts.h"
 #include "framework/rtl/ScopeExit.h"
 #include "framework/rtl/Streams.h"
 #include "framework/rtl/TypInfo.h"
@@ -174,6 +178,20 @@ bool TQuilDBGridColumns::AnyExpandable() const {
   return std::any_of(begin(), end(), [](const TQuilColumn* column) { return column->GetExpandable(); });
 }
 
+void TQuilDBGridColumns::CheckConsistency() const {
+  TCollection::CheckConsistency();
+  auto fail = [](const char* why) { throw std::logic_error(why); };
+  for (int index = 0; index < Count(); ++index) {
+    const TQuilColumn* column = Columns(index);
+    if (column->ExpandCols() < 0 || column->ExpandCols() > Count() - 1 - index) fail("a group past the last column");
+    const TQuilColumn* parent = column->ParentColumn();
+    if (!parent) continue;
+    if (parent->Collection() != this) fail("a parent column of another collection");
+    if (parent->Index() >= index) fail("a parent column behind its child");
+    if (parent->GetExpandIndex() < index) fail("a child outside its parent's group");
+  }
+}
+
 // Compared as the stream writes them: what is not stored does not count.
 bool TQuilDBGridColumns::Equals(const TQuilDBGridColumns* other) const {
   if (!other || other->Count() != Count()) return false;
@@ -209,6 +227,21 @@ void TQuilDBGridColumns::Update(TCollectionItem* item) {
   if (rawCol < 0 || rawCol >= grid_->ColCount()) return;
   grid_->InvalidateCol(rawCol);
   grid_->SetColWidths(rawCol, column->GetWidth());
+}
+
+// --- The grid's look-up by field name
+
+TQuilColumn* TQuilCustomDBGrid::FindColumn(const QString& fieldName, int startIndex) const {
+  for (int index = std::max(startIndex, 0); index < columns_->Count(); ++index)
+    if (columns_->Columns(index)->FieldName().compare(fieldName, Qt::CaseInsensitive) == 0)
+      return columns_->Columns(index);
+  return nullptr;
+}
+
+TQuilColumn* TQuilCustomDBGrid::ColumnByName(const QString& fieldName, int startIndex) const {
+  TQuilColumn* column = FindColumn(fieldName, startIndex);
+  if (!column) throw EInvalidGridOperation(Format(SFieldNotFound, {fieldName}));
+  return column;
 }
 
 }  // namespace quil

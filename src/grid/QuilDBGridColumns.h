@@ -121,6 +121,9 @@ public:
   bool AnyExpandable() const;
   // The same columns with the same stored properties.
   bool Equals(const TQuilDBGridColumns* other) const;
+  // Raises std::logic_error when the tree of groups is broken: a parent that is not an
+  // earlier column of this collection, a group that reaches past the end.
+  void CheckConsistency() const;
 
 protected:
   void Update(TCollectionItem* item) override;

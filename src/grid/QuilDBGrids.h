@@ -16,10 +16,18 @@
 // rows, row heights, the row window. A layout that cannot run now (a field removed
 // while the data set has its controls disabled) posts CM_DEFERLAYOUT and runs later.
 //
+// How columns come about: with default columns, each layout makes one column for each
+// visible field (InternalAdd, not Stored) and puts the automatic number, select and
+// expand columns in front; customized columns are Stored, defined by the application or
+// by RebuildColumns, and keep their field by name. A column's values follow defaults
+// (field, grid) until assigned. A column stream (SaveToStream) writes a
+// TQuilColumnsWrapper component in the framework's stream format.
+//
 // How a paint travels: the base grid's Paint visits the cells that meet the update
 // region; DrawCell sets the link's ActiveRecord to the cell's buffered record, reads the
 // field and puts ActiveRecord back.
 
+#include "grid/QuilColumnsWrapper.h"
 #include "grid/QuilDBGrid.h"
 #include "grid/QuilDBGridColumns.h"
 #include "grid/QuilDBGridOptions.h"

@@ -2,7 +2,10 @@
 // lookup kinds, check and expand boxes, the record number column, and restore/assign.
 #include "GridTestKit.h"
 #include "framework/controls/Menus.h"
+#include "framework/graphics/Bitmap.h"
+#include "framework/graphics/Brush.h"
 #include "framework/graphics/Canvas.h"
+#include "framework/graphics/ImageList.h"
 #include "framework/graphics/Font.h"
 #include "framework/rtl/RtlConsts.h"
 #include "framework/rtl/Strings.h"
@@ -367,6 +370,28 @@ TEST_F(QuilColumn, ImageIndexReadsBooleanTextsAndNumbers) {
   EXPECT_EQ(id->GetImageIndex(), 1);
   TQuilColumn* name = ColumnOf("Name");
   EXPECT_EQ(name->GetImageIndex(), -1);
+}
+
+TEST_F(QuilColumn, ImagesGiveCopiesAndMakeTheColumnTransparentAtDesignTime) {
+  Open(5);
+  TImageList images(nullptr);
+  images.SetWidth(4);
+  images.SetHeight(4);
+  TBitmap red(4, 4);
+  red.Canvas()->Brush()->SetColor(clRed);
+  red.Canvas()->FillRect(TRect(0, 0, 4, 4));
+  images.Add(&red, nullptr);
+  TQuilColumn* name = ColumnOf("Name");
+  grid->SetDesigning(true);
+  name->SetImages(&images);
+  EXPECT_TRUE(name->Transparent()) << "a list without background color draws transparently";
+  EXPECT_EQ(name->GetImage(1), nullptr);
+  std::unique_ptr<TBitmap> copy = name->GetImage(0);
+  ASSERT_NE(copy, nullptr);
+  EXPECT_EQ(copy->Width(), 4);
+  EXPECT_EQ(copy->ToImage().pixelColor(1, 1), QColor(Qt::red));
+  name->SetTransparentColor(clRed);
+  EXPECT_EQ(name->GetImage(0)->TransparentMode(), tmFixed);
 }
 
 TEST_F(QuilColumn, LookupKindFollowsKeyAndResultFields) {

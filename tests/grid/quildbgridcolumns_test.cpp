@@ -152,6 +152,22 @@ TEST_F(QuilDBGridColumns, DeletingThePressedColumnLeavesNoDanglingReference) {
   EXPECT_NE(grid->FilterListColumn(), nullptr);
 }
 
+TEST_F(QuilDBGridColumns, ColumnsAreFoundByFieldNameInAnyCase) {
+  Open(5);
+  grid->Columns()->SetState(csCustomized);
+  grid->Columns()->Add()->SetFieldName("City");
+  EXPECT_EQ(grid->FindColumn("city"), grid->Columns()->Items(2));
+  EXPECT_EQ(grid->FindColumn("CITY", 3), grid->Columns()->Items(4));
+  EXPECT_EQ(grid->FindColumn("City", 5), nullptr);
+  EXPECT_EQ(grid->ColumnNames("amount"), grid->Columns()->Items(3));
+  try {
+    grid->ColumnByName("Missing");
+    FAIL() << "found a column that is not there";
+  } catch (const EInvalidGridOperation& error) {
+    EXPECT_EQ(error.Message(), QStringLiteral("Field 'Missing' not found"));
+  }
+}
+
 // --- Groups
 
 class QuilDBGridColumnGroups : public GridFixture {
@@ -164,6 +180,10 @@ protected:
     group->SetExpandCols(2);
   }
   TQuilColumn* Column(int index) { return grid->Columns()->Items(index); }
+  void TearDown() override {
+    if (grid) grid->Columns()->CheckConsistency();
+    GridFixture::TearDown();
+  }
   TQuilColumn* group = nullptr;
 };
 
@@ -247,6 +267,19 @@ TEST_F(QuilDBGridColumnGroups, AGroupMovedRightEndsOnTheTarget) {
   grid->Columns()->Items(0)->SetExpandCols(1);
   grid->Columns()->Items(0)->SetIndex(3);
   EXPECT_EQ(FieldNames(grid->Columns()), QStringList({"City", "Amount", "ID", "Name"}));
+}
+
+TEST_F(QuilDBGridColumnGroups, AtDesignTimeColumnsOfGroupsMoveOnlyInADesignUpdate) {
+  OpenGroup();
+  grid->SetDesigning(true);
+  Column(3)->SetIndex(0);
+  EXPECT_EQ(FieldNames(grid->Columns()), QStringList({"ID", "Name", "City", "Amount"}));
+  grid->Columns()->BeginDesignUpdate();
+  Column(0)->SetIndex(3);
+  grid->Columns()->EndDesignUpdate();
+  EXPECT_EQ(FieldNames(grid->Columns()), QStringList({"Name", "City", "Amount", "ID"}));
+  grid->Columns()->EndDesignUpdate();
+  EXPECT_EQ(grid->Columns()->DesignUpdateCount(), 0) << "never below zero";
 }
 
 TEST_F(QuilDBGridColumnGroups, ExpandColsIsLimitedToTheColumnsThatFollow) {
