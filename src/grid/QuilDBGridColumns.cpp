@@ -111,9 +111,11 @@ void TQuilDBGridColumns::BeginDesignUpdate() {
   BeginUpdate();
 }
 
+// An unmatched end does nothing, so that it cannot end someone else's update.
 void TQuilDBGridColumns::EndDesignUpdate() {
+  if (designUpdateCount_ == 0) return;
   EndUpdate();
-  designUpdateCount_ = std::max(designUpdateCount_ - 1, 0);
+  --designUpdateCount_;
 }
 
 // The automatic columns stand in front, so the last column tells who made the set.
