@@ -1,6 +1,7 @@
 #include "grid/QuilDBGridColumns.h"
 
 #include <algorithm>
+#include <cstring>
 #include <stdexcept>
 
 #include "framework/db/DataSet.h"
@@ -194,16 +195,13 @@ void TQuilDBGridColumns::CheckConsistency() const {
   }
 }
 
-// Compared as the stream writes them: what is not stored does not count.
+// Compared as a column stream writes them, so that what is not stored does not count.
 bool TQuilDBGridColumns::Equals(const TQuilDBGridColumns* other) const {
   if (!other || other->Count() != Count()) return false;
-  auto bytes = [](const TQuilDBGridColumns* columns) {
-    TMemoryStream stream;
-    TWriter writer(stream);
-    writer.WriteCollection(columns);
-    return QByteArray(static_cast<const char*>(stream.Memory()), qsizetype(stream.Size()));
-  };
-  return bytes(this) == bytes(other);
+  TMemoryStream mine, theirs;
+  SaveToStream(mine);
+  other->SaveToStream(theirs);
+  return mine.Size() == theirs.Size() && std::memcmp(mine.Memory(), theirs.Memory(), size_t(mine.Size())) == 0;
 }
 
 // --- Collection hooks

@@ -161,7 +161,7 @@ TEST(TFont, PublishesItsPropertiesForStreams) {
   TFont font;
   font.SetColor(clRed);
   font.SetStyle({fsBold, fsItalic});
-  EXPECT_EQ(GetPropValue(&font, "Color").AsString(), QStringLiteral("clRed"));
+  EXPECT_EQ(GetOrdProp(&font, "Color"), clRed);
   EXPECT_EQ(GetSetProp(&font, "Style"), QStringLiteral("fsBold,fsItalic"));
   EXPECT_EQ(GetPropValue(&font, "Charset").AsInteger(), DEFAULT_CHARSET);
   EXPECT_FALSE(IsStoredProp(&font, "Size"));
