@@ -3,6 +3,7 @@
 #include <algorithm>
 
 #include "framework/db/Field.h"
+#include "framework/db/ObjectFields.h"
 #include "framework/rtl/ScopeExit.h"
 #include "grid/QuilDBGrid.h"
 #include "grid/QuilDBGridColumn.h"
