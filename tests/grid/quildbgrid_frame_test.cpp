@@ -8,9 +8,9 @@
 #include "framework/controls/Hints.h"
 #include "framework/controls/Menus.h"
 #include "framework/rtl/Filer.h"
-#include "framework/rtl/ObjectText.h"
 #include "framework/rtl/SystemInfo.h"
 #include "framework/rtl/Streams.h"
+#include "framework/rtl/StreamTextProbe.h"
 
 using namespace quil;
 using gridtest::GridFixture;
@@ -410,13 +410,7 @@ QString Written(TQuilDBGrid& grid, TQuilDBGrid* ancestor) {
   TWriter writer(binary);
   writer.SetAncestor(ancestor);
   writer.WriteRootComponent(&grid);
-  binary.Seek(0, soBeginning);
-  TMemoryStream text;
-  ObjectBinaryToText(binary, text);
-  QByteArray bytes(int(text.Size()), '\0');
-  text.Seek(0, soBeginning);
-  text.Read(bytes.data(), bytes.size());
-  return QString::fromUtf8(bytes);
+  return test::ObjectText(binary);
 }
 
 TEST(GridFrameStreaming, ControlPropertiesAreStoredAndReadBack) {

@@ -3,8 +3,8 @@
 #include <stdexcept>
 
 #include "GridTestKit.h"
-#include "framework/rtl/ObjectText.h"
 #include "framework/rtl/Streams.h"
+#include "framework/rtl/StreamTextProbe.h"
 
 using namespace quil;
 using gridtest::GridFixture;
@@ -329,17 +329,6 @@ TEST_F(GridColumns, AnExitHandlerThatMovesTheColumnStopsTheMove) {
 
 namespace {
 
-QString AsText(TMemoryStream& binary) {
-  binary.Seek(0, soBeginning);
-  TMemoryStream text;
-  ObjectBinaryToText(binary, text);
-  text.Seek(0, soBeginning);
-  QByteArray bytes(int(text.Size()), '\0');
-  text.Read(bytes.data(), bytes.size());
-  binary.Seek(0, soBeginning);
-  return QString::fromUtf8(bytes);
-}
-
 TEST(GridStreaming, CustomizedColumnsAreStoredAndReadBack) {
   TQuilDBGrid grid(nullptr);
   TQuilColumn* name = grid.Columns()->Add();
@@ -348,7 +337,7 @@ TEST(GridStreaming, CustomizedColumnsAreStoredAndReadBack) {
   grid.Columns()->Add()->SetFieldName("City");
   TMemoryStream stream;
   stream.WriteComponent(&grid);
-  EXPECT_TRUE(AsText(stream).contains("Columns = <"));
+  EXPECT_TRUE(test::ObjectText(stream).contains("Columns = <"));
   TQuilDBGrid copy(nullptr);
   stream.ReadComponent(&copy);
   ASSERT_EQ(copy.Columns()->Count(), 2);
@@ -364,7 +353,7 @@ TEST(GridStreaming, DefaultColumnsAreNotStored) {
   grid.LayoutChanged();
   TMemoryStream stream;
   stream.WriteComponent(&grid);
-  EXPECT_FALSE(AsText(stream).contains("Columns"));
+  EXPECT_FALSE(test::ObjectText(stream).contains("Columns"));
 }
 
 }  // namespace

@@ -6,8 +6,8 @@
 #include "framework/db/ObjectFields.h"
 #include "framework/db/StringFields.h"
 #include "framework/graphics/Font.h"
-#include "framework/rtl/ObjectText.h"
 #include "framework/rtl/Streams.h"
+#include "framework/rtl/StreamTextProbe.h"
 #include "framework/rtl/Strings.h"
 #include "grid/QuilColumnsWrapper.h"
 
@@ -20,15 +20,6 @@ QStringList FieldNames(const TQuilDBGridColumns* columns) {
   QStringList names;
   for (TQuilColumn* column : *columns) names << column->FieldName();
   return names;
-}
-
-QString StreamText(TMemoryStream& binary) {
-  binary.Seek(0, soBeginning);
-  TMemoryStream text;
-  ObjectBinaryToText(binary, text);
-  binary.Seek(0, soBeginning);
-  return QString::fromUtf8(static_cast<const char*>(text.Memory()), qsizetype(text.Size()))
-      .replace(QStringLiteral("\r\n"), QStringLiteral("\n"));
 }
 
 // --- State
@@ -385,7 +376,7 @@ TEST_F(QuilDBGridColumnStream, TheTextFormShowsOnlyWhatDiffersFromTheDefaults) {
   Customize();
   TMemoryStream stream;
   grid->Columns()->SaveToStream(stream);
-  const QString text = StreamText(stream);
+  const QString text = test::ObjectText(stream);
   EXPECT_TRUE(text.startsWith("object TQuilColumnsWrapper\n")) << text.toStdString();
   const QString expected = QStringLiteral(
       "object TQuilColumnsWrapper\n"
@@ -481,7 +472,7 @@ TEST_F(QuilDBGridColumnStream, AnAssignedValueEqualToItsDefaultIsNotWritten) {
   name->SetAlignment(taLeftJustify);
   TMemoryStream stream;
   grid->Columns()->SaveToStream(stream);
-  const QString text = StreamText(stream);
+  const QString text = test::ObjectText(stream);
   EXPECT_FALSE(text.contains("Color")) << text.toStdString();
   EXPECT_FALSE(text.contains("Alignment"));
 }
@@ -497,7 +488,7 @@ TEST_F(QuilDBGridColumnStream, AWidthOf64IsWrittenEvenWhenItIsTheDefault) {
   empty->SetWidth(64);
   TMemoryStream stream;
   grid->Columns()->SaveToStream(stream);
-  EXPECT_TRUE(StreamText(stream).contains("Width = 64"));
+  EXPECT_TRUE(test::ObjectText(stream).contains("Width = 64"));
 }
 
 }  // namespace

@@ -4,8 +4,8 @@
 #include <gtest/gtest.h>
 
 #include "framework/db/SqlQuery.h"
-#include "framework/rtl/ObjectText.h"
 #include "framework/rtl/Streams.h"
+#include "framework/rtl/StreamTextProbe.h"
 
 using namespace quil;
 
@@ -15,16 +15,6 @@ QStringList Names(const TSQLParams& params) {
   QStringList names;
   for (int index = 0; index < params.Count(); ++index) names.append(params.Items(index)->Name());
   return names;
-}
-
-QString AsText(TMemoryStream& binary) {
-  binary.Seek(0, soBeginning);
-  TMemoryStream text;
-  ObjectBinaryToText(binary, text);
-  QByteArray bytes(int(text.Size()), '\0');
-  text.Seek(0, soBeginning);
-  text.Read(bytes.data(), bytes.size());
-  return QString::fromUtf8(bytes);
 }
 
 TEST(SqlParams, FollowTheNamesOfTheSQLAndKeepTheirValues) {
@@ -52,7 +42,7 @@ TEST(SqlParams, AreWrittenWithTheQueryAndReadBackInBothForms) {
 
   TMemoryStream binary;
   binary.WriteComponent(&query);
-  const QString text = AsText(binary);
+  const QString text = test::ObjectText(binary);
   EXPECT_TRUE(text.contains(QStringLiteral("Params = <"))) << text.toStdString();
   EXPECT_TRUE(text.contains(QStringLiteral("DataType = ftInteger"))) << text.toStdString();
   EXPECT_TRUE(text.contains(QStringLiteral("Value = 40"))) << text.toStdString();
