@@ -30,6 +30,7 @@
 #include <string>
 
 #include "DemoDatabase.h"
+#include "framework/db/DataSource.h"
 #include "framework/db/Field.h"
 #include "framework/db/Fields.h"
 #include "framework/db/SqlTable.h"
@@ -130,13 +131,21 @@ TBench& Bench(int64_t rows) {
   return *bench;
 }
 
-std::unique_ptr<TSQLTable> Orders(TBench& bench) {
-  auto table = std::make_unique<TSQLTable>(nullptr);
-  table->SetConnection(&bench.connection);
-  table->SetTableName(QStringLiteral("orders"));
-  table->SetFetchSize(kScreen);
-  return table;
-}
+// The orders table with a screenful of record buffers, as a grid's link keeps them.
+struct TOrders {
+  explicit TOrders(TBench& bench) {
+    table.SetConnection(&bench.connection);
+    table.SetTableName(QStringLiteral("orders"));
+    source.SetDataSet(&table);
+    link.SetBufferCount(kScreen);
+    link.SetDataSource(&source);
+  }
+  ~TOrders() { link.SetDataSource(nullptr); }
+
+  TSQLTable table{nullptr};
+  TDataSource source{nullptr};
+  TDataLink link;
+};
 
 // Reads every value of a screen of records, moving by `step`; it stops on the screen's
 // last record, as a grid's window does. Both sides read values: turning them into
@@ -192,7 +201,8 @@ const QString kScreenLimit = QStringLiteral(" LIMIT %1").arg(kScreen);
 
 void FirstScreenQuil(benchmark::State& state) {
   if (Skipped(state, state.range(0))) return;
-  Browse(state, *Orders(Bench(state.range(0))), TStart::First);
+  TOrders orders(Bench(state.range(0)));
+  Browse(state, orders.table, TStart::First);
 }
 
 void FirstScreenPeer(benchmark::State& state) {
@@ -202,7 +212,8 @@ void FirstScreenPeer(benchmark::State& state) {
 
 void LastScreenQuil(benchmark::State& state) {
   if (Skipped(state, state.range(0))) return;
-  Browse(state, *Orders(Bench(state.range(0))), TStart::Last);
+  TOrders orders(Bench(state.range(0)));
+  Browse(state, orders.table, TStart::Last);
 }
 
 void LastScreenPeer(benchmark::State& state) {
@@ -211,7 +222,8 @@ void LastScreenPeer(benchmark::State& state) {
 }
 
 void OrderUnindexedQuil(benchmark::State& state) {
-  auto table = Orders(Bench(LargeRows()));
+  TOrders orders(Bench(LargeRows()));
+  TSQLTable* table = &orders.table;
   table->SetIndexFieldNames(QStringLiteral("amount"));
   Browse(state, *table, TStart::First);
 }
@@ -221,7 +233,8 @@ void OrderUnindexedPeer(benchmark::State& state) {
 }
 
 void FilterLikeQuil(benchmark::State& state) {
-  auto table = Orders(Bench(LargeRows()));
+  TOrders orders(Bench(LargeRows()));
+  TSQLTable* table = &orders.table;
   table->SetFilter(QStringLiteral("notes LIKE '%express%'"));
   table->SetFiltered(true);
   Browse(state, *table, TStart::First);
@@ -232,7 +245,8 @@ void FilterLikePeer(benchmark::State& state) {
 }
 
 void RecordCountQuil(benchmark::State& state) {
-  auto table = Orders(Bench(LargeRows()));
+  TOrders orders(Bench(LargeRows()));
+  TSQLTable* table = &orders.table;
   table->SetFilter(QStringLiteral("status = 'Returned'"));
   table->SetFiltered(true);
   for (auto _ : state) {

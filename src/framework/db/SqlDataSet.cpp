@@ -5,6 +5,7 @@
 #include <QSqlIndex>
 #include <QSqlQuery>
 #include <QSqlRecord>
+#include <algorithm>
 #include <map>
 
 #include "framework/db/Field.h"
@@ -346,16 +347,22 @@ void TCustomSQLDataSet::ResetCache(bool atStart, bool atEnd) {
   if (atStart) firstPosition_ = 0;
 }
 
-// One fetch of the rows beyond `anchor` toward `end`, nearest first; without an anchor,
-// the first (or last) rows of the result.
-std::vector<TCustomSQLDataSet::TRowPtr> TCustomSQLDataSet::FetchBeyond(const TRowPtr& anchor, TEnd end) const {
+// One fetch of at most `limit` rows beyond `anchor` toward `end`, nearest first; without
+// an anchor, the first (or last) rows of the result.
+std::vector<TCustomSQLDataSet::TRowPtr> TCustomSQLDataSet::FetchBeyond(const TRowPtr& anchor, TEnd end, int limit) const {
   const bool back = end == TEnd::Back;
   std::vector<TSQLClause> conditions;
   if (anchor)
     conditions.push_back(keyset_.Condition(OrderValues(*anchor),
                                            back ? TSQLKeyset::TDirection::After : TSQLKeyset::TDirection::Before));
   const TSQLClause select = Select(conditions);
-  return FetchRows(select.sql + keyset_.OrderBy(!back) + QStringLiteral(" LIMIT %1").arg(fetchSize_), select.values);
+  return FetchRows(select.sql + keyset_.OrderBy(!back) + QStringLiteral(" LIMIT %1").arg(limit), select.values);
+}
+
+// Starting at an end of the result, the record window is all that is needed: a grid
+// opening on forty rows waits for forty. Reading on from the cache takes FetchSize.
+int TCustomSQLDataSet::FetchLimit() const {
+  return rows_.empty() ? std::clamp(BufferCount(), 1, fetchSize_) : fetchSize_;
 }
 
 // Reads beyond one end of the cache until a row passes OnFilterRecord or the result
@@ -366,9 +373,9 @@ bool TCustomSQLDataSet::Extend(TEnd end) {
   TRowPtr anchor = rows_.empty() ? nullptr : (back ? rows_.back() : rows_.front());
   int added = 0;
   bool reachedEnd = false;
-  while (added == 0 && !reachedEnd) {
-    const std::vector<TRowPtr> fetched = FetchBeyond(anchor, end);
-    reachedEnd = int(fetched.size()) < fetchSize_;
+  for (int limit = FetchLimit(); added == 0 && !reachedEnd; limit = fetchSize_) {
+    const std::vector<TRowPtr> fetched = FetchBeyond(anchor, end, limit);
+    reachedEnd = int(fetched.size()) < limit;
     for (const TRowPtr& row : fetched) {
       if (!Accepts(row)) continue;
       ++added;

@@ -200,7 +200,8 @@ private:
 
   // The cache
   void ResetCache(bool atStart, bool atEnd);
-  std::vector<TRowPtr> FetchBeyond(const TRowPtr& anchor, TEnd end) const;
+  std::vector<TRowPtr> FetchBeyond(const TRowPtr& anchor, TEnd end, int limit) const;
+  int FetchLimit() const;
   bool Extend(TEnd end);
   void Trim(TEnd keep);
   void Seek(const TRow& row);

@@ -130,6 +130,29 @@ TEST_F(SqlDataSetTest, WalksBothWaysAcrossFetchBoundariesWithExactPositions) {
   EXPECT_EQ(backwards, AllIds());
 }
 
+// A grid opening on a window of rows waits for that window alone, at either end; only
+// reading on past it fetches FetchSize rows at a time.
+TEST_F(SqlDataSetTest, OpeningFetchesTheLinksWindowAndReadingOnFetchesFetchSize) {
+  auto table = Table(20);
+  TDataSource source(nullptr);
+  source.SetDataSet(table.get());
+  TDataLink link;
+  link.SetBufferCount(6);
+  link.SetDataSource(&source);
+  table->Open();
+  EXPECT_EQ(table->CachedRowCount(), 6);
+  link.MoveBy(6);
+  EXPECT_EQ(Id(*table), 7);
+  EXPECT_EQ(table->CachedRowCount(), 26);
+  table->Last();
+  EXPECT_EQ(table->CachedRowCount(), 6);
+  EXPECT_EQ(Id(*table), kRows);
+  link.MoveBy(-8);
+  EXPECT_EQ(Id(*table), kRows - 8);
+  table->CheckCacheConsistency();
+  link.SetDataSource(nullptr);
+}
+
 // A grid's view: a link that keeps a window of rows while the cursor pages through.
 // The cache (two fetches of two rows) is smaller than the link's window, so that the
 // active record often lies outside it.
