@@ -5,6 +5,7 @@
 #include "framework/controls/Controls_p.h"
 #include "framework/controls/KeyMapping.h"
 #include "framework/controls/MaskEdit_p.h"
+#include "framework/rtl/FormatSettings.h"
 
 namespace quil {
 
@@ -29,6 +30,18 @@ QChar QtMaskChar(QChar ch) {
 // Characters that Qt's input mask reads as codes and the framework's mask as literals.
 bool IsQtMeta(QChar ch) { return QStringLiteral("AaNnXx90Dd#HhBb><![]{}\\").contains(ch); }
 
+// The literal an unescaped mask character stands for: a blank for '_', and the
+// separators of the format settings in force for ':' and '/', so that one time or date
+// mask serves every locale.
+QChar MaskLiteral(QChar ch) {
+  switch (ch.unicode()) {
+    case '_': return QLatin1Char(' ');
+    case ':': return FormatSettings.TimeSeparator;
+    case '/': return FormatSettings.DateSeparator;
+    default: return ch;
+  }
+}
+
 }  // namespace
 
 TEditMaskInfo ParseEditMask(const QString& editMask) {
@@ -46,11 +59,14 @@ TEditMaskInfo ParseEditMask(const QString& editMask) {
       if (caseOff) ++index;
       continue;
     }
-    if (ch == QLatin1Char('\\') && index + 1 < mask.size()) ch = mask[++index];
-    else if (QChar code = QtMaskChar(ch); !code.isNull()) {
+    if (ch == QLatin1Char('\\') && index + 1 < mask.size()) {
+      ch = mask[++index];
+    } else if (QChar code = QtMaskChar(ch); !code.isNull()) {
       info.InputMask += code;
       info.LiteralPositions += QLatin1Char(' ');
       continue;
+    } else {
+      ch = MaskLiteral(ch);
     }
     if (IsQtMeta(ch)) info.InputMask += QLatin1Char('\\');
     info.InputMask += ch;
