@@ -4,11 +4,11 @@
 // painting what that exposes.
 
 #include <QAbstractTableModel>
-#include <QApplication>
 #include <QHeaderView>
 #include <QTableView>
 #include <benchmark/benchmark.h>
 
+#include "GridBench.h"
 #include "framework/controls/Forms.h"
 #include "framework/db/ClientDataSet.h"
 #include "framework/db/Field.h"
@@ -65,19 +65,7 @@ void BM_ScrollQuil(benchmark::State& state) {
   grid->SetAlign(quil::alClient);
   grid->SetDataSource(&source);
   form.Show();
-  QApplication::processEvents();
-  grid->MoveBy(grid->DataLink()->BufferCount() - 1);
-  for (auto _ : state) {
-    if (dataSet.Eof()) {
-      state.PauseTiming();
-      dataSet.First();
-      grid->MoveBy(grid->DataLink()->BufferCount() - 1);
-      grid->Update();
-      state.ResumeTiming();
-    }
-    dataSet.Next();
-    grid->Update();
-  }
+  quil::bench::ScrollGridByOne(state, *grid);
 }
 
 void BM_ScrollPeer(benchmark::State& state) {
@@ -87,22 +75,7 @@ void BM_ScrollPeer(benchmark::State& state) {
   view.verticalHeader()->setSectionResizeMode(QHeaderView::Fixed);
   view.resize(kWidth, kHeight);
   view.show();
-  QApplication::processEvents();
-  const int visible = view.rowAt(view.viewport()->height() - 1);
-  int row = visible;
-  view.setCurrentIndex(model.index(row, 0));
-  for (auto _ : state) {
-    if (row + 1 >= kRecords) {
-      state.PauseTiming();
-      row = visible;
-      view.setCurrentIndex(model.index(row, 0));
-      view.repaint();
-      state.ResumeTiming();
-    }
-    view.setCurrentIndex(model.index(++row, 0));
-    // Paints what the scroll left dirty, as the event loop would next.
-    QApplication::sendPostedEvents(&view, QEvent::UpdateRequest);
-  }
+  quil::bench::ScrollViewByOne(state, view);
 }
 
 }  // namespace

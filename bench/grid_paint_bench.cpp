@@ -4,11 +4,11 @@
 
 #include <QAbstractTableModel>
 #include <QHeaderView>
-#include <QImage>
 #include <QTableView>
 #include <benchmark/benchmark.h>
 
 #include "../apps/basegrid/CellGrid.h"
+#include "GridBench.h"
 #include "framework/controls/Forms.h"
 
 namespace {
@@ -30,19 +30,6 @@ public:
   }
 };
 
-// Renders the widget into the frame, as a paint of the whole window does. The last frame
-// is saved for a look by eye when QUIL_BENCH_SNAPSHOTS names a folder.
-void PaintFrames(benchmark::State& state, QWidget* widget, const char* side) {
-  QImage frame(kFrameWidth, kFrameHeight, QImage::Format_ARGB32_Premultiplied);
-  for (auto _ : state) {
-    widget->render(&frame);
-    benchmark::DoNotOptimize(frame.constBits());
-  }
-  const QString folder = qEnvironmentVariable("QUIL_BENCH_SNAPSHOTS");
-  if (!folder.isEmpty()) frame.save(folder + QStringLiteral("/grid_paint_%1.png").arg(QLatin1String(side)));
-  state.counters["frames/s"] = benchmark::Counter(double(state.iterations()), benchmark::Counter::kIsRate);
-}
-
 void BM_FullFrameQuil(benchmark::State& state) {
   quil::TForm form(nullptr);
   form.SetBounds(0, 0, kFrameWidth, kFrameHeight);
@@ -50,7 +37,7 @@ void BM_FullFrameQuil(benchmark::State& state) {
   grid->SetParent(&form);
   grid->SetAlign(quil::alClient);
   form.Show();
-  PaintFrames(state, grid->Handle(), "quil");
+  quil::bench::PaintFrames(state, grid->Handle(), "grid_paint_quil");
 }
 
 void BM_FullFramePeer(benchmark::State& state) {
@@ -65,7 +52,7 @@ void BM_FullFramePeer(benchmark::State& state) {
   view.resize(kFrameWidth, kFrameHeight);
   view.setCurrentIndex(model.index(0, 0));
   view.show();
-  PaintFrames(state, &view, "peer");
+  quil::bench::PaintFrames(state, &view, "grid_paint_peer");
 }
 
 }  // namespace

@@ -1,16 +1,20 @@
 // Browsing a generated orders table through TSQLTable against the database running the
-// same statement alone through QSqlQuery. One million orders by default; set
-// QUIL_BENCH_LARGE=1 for ten million, and QUIL_BENCH_HUGE=1 to add the first and last
-// screens of a hundred million (about 8 GB on disk). The million is generated as the
-// demo's database is; the larger tables copy its orders. The SQLite files are kept
-// beside the program in the build folder and reused by later runs.
+// same statement alone through QSqlQuery, and against QSqlQueryModel, which a QTableView
+// reads. The screens are measured on a thousand and a million orders; QUIL_BENCH_LARGE=1
+// adds ten million (and runs the other figures on it), QUIL_BENCH_HUGE=1 a hundred
+// million (about 8 GB on disk). BenchDatabase.h makes and keeps the tables.
 //
-//   first_screen/{quil,peer}/<rows>  open and read the first screen (peer: LIMIT)
-//   last_screen/{quil,peer}/<rows>   open, jump to the last record and read the screen
-//                                    above it (peer: the order reversed, LIMIT)
-//   order_unindexed/{quil,peer}      order by amount, which has no index
-//   filter_like/{quil,peer}          a LIKE filter on the notes
-//   record_count/{quil,peer}         RecordCount of the filtered table (peer: count(*))
+//   first_screen/{quil,peer,model}/<rows>  open and read the first screen (peer: LIMIT)
+//   last_screen/{quil,peer,model}/<rows>   open, jump to the last record and read the
+//                                          screen above it (peer: the order reversed,
+//                                          LIMIT; model: it fetches every row first)
+//   order_unindexed/{quil,peer}            order by amount, which has no index
+//   filter_like/{quil,peer}                a LIKE filter on the notes
+//   record_count/{quil,peer}               RecordCount of the filtered table (peer: count(*))
+//
+// Besides quil/peer, the ratios set each larger table's screens over the thousand's (a
+// screen should cost the same at any size), the model's first screen over LIMIT, and the
+// data set's jump to the last record over the model's.
 //
 // Each peer gives the same rows as the data set: its order ends with the key, as the data
 // set's does to make it total, and a case-sensitive LIKE is SQLite's GLOB, since the
@@ -21,15 +25,16 @@
 #include <QStorageInfo>
 #include <QSqlDatabase>
 #include <QSqlQuery>
+#include <QSqlQueryModel>
 #include <QSqlRecord>
 #include <benchmark/benchmark.h>
-#include <cstdio>
 #include <map>
 #include <memory>
 #include <stdexcept>
 #include <string>
 
-#include "DemoDatabase.h"
+#include "BenchDatabase.h"
+#include "BenchFigures.h"
 #include "framework/db/DataSource.h"
 #include "framework/db/Field.h"
 #include "framework/db/Fields.h"
@@ -42,74 +47,13 @@ namespace {
 constexpr int kScreen = 40;
 constexpr int64_t kSmallRows = 1000;
 
-constexpr int64_t kMillion = 1000000;
+constexpr int64_t kMillion = bench::kMillion;
 constexpr int64_t kHugeRows = 100 * kMillion;
 constexpr int64_t kHugeBytes = 20LL * 1024 * 1024 * 1024;  // the file, its journal and room to spare
 
-int64_t LargeRows() { return qEnvironmentVariableIsSet("QUIL_BENCH_LARGE") ? 10 * kMillion : kMillion; }
-
-QString PathFor(int64_t rows) {
-  return QCoreApplication::applicationDirPath() + QStringLiteral("/sql_browse_%1.sqlite").arg(rows);
-}
-
-void Exec(QSqlDatabase& db, const QString& sql) {
-  QSqlQuery query(db);
-  if (!query.exec(sql)) throw std::runtime_error(("cannot " + sql).toStdString());
-}
-
-// Ten or a hundred million: the million's orders copied with shifted keys, by SQLite
-// itself, without the secondary indexes that browsing does not use.
-void MultiplyOrders(const QString& file, const QString& source, int64_t rows) {
-  QSqlDatabase db = QSqlDatabase::addDatabase(QStringLiteral("QSQLITE"), QStringLiteral("multiply"));
-  db.setDatabaseName(file);
-  if (!db.open()) throw std::runtime_error("cannot open the copy of the bench database");
-  Exec(db, QStringLiteral("PRAGMA journal_mode = OFF"));
-  Exec(db, QStringLiteral("PRAGMA synchronous = OFF"));
-  Exec(db, QStringLiteral("DROP INDEX IF EXISTS orders_customer"));
-  Exec(db, QStringLiteral("DROP INDEX IF EXISTS orders_parent"));
-  Exec(db, QStringLiteral("ATTACH DATABASE '%1' AS source").arg(source));
-  for (int64_t copy = 1; copy < rows / kMillion; ++copy) {
-    const int64_t shift = copy * kMillion;
-    Exec(db, QStringLiteral("INSERT INTO orders SELECT id + %1, customer_id, parent_id + %1, order_date, ship_date, "
-                            "status, paid, amount, notes FROM source.orders")
-                 .arg(shift));
-  }
-  db.close();
-  db = QSqlDatabase();
-  QSqlDatabase::removeDatabase(QStringLiteral("multiply"));
-}
-
-QString DatabaseFile(int64_t rows) {
-  const QString path = PathFor(rows);
-  if (QFile::exists(path)) return path;
-  const QString partial = path + QStringLiteral(".partial");
-  QFile::remove(partial);
-  std::fprintf(stderr, "generating %lld orders into %s (once)\n", static_cast<long long>(rows), qPrintable(path));
-  if (rows > kMillion) {
-    const QString million = DatabaseFile(kMillion);
-    QFile::copy(million, partial);
-    MultiplyOrders(partial, million, rows);
-    QFile::rename(partial, path);
-    return path;
-  }
-  {
-    QSqlDatabase db = QSqlDatabase::addDatabase(QStringLiteral("QSQLITE"), QStringLiteral("generate"));
-    db.setDatabaseName(partial);
-    if (!db.open()) throw std::runtime_error("cannot create the bench database");
-    demo::GenerateOptions options;
-    options.orders = rows;
-    options.ordersWithLines = 1000;
-    demo::GenerateDemoDatabase(QStringLiteral("generate"), options);
-    db.close();
-  }
-  QSqlDatabase::removeDatabase(QStringLiteral("generate"));
-  QFile::rename(partial, path);
-  return path;
-}
-
 // One connection for the data set and one for the peer, on the same file.
 struct TBench {
-  explicit TBench(int64_t rows) : file(DatabaseFile(rows)) {
+  explicit TBench(int64_t rows) : file(bench::OrdersDatabase(rows)) {
     connection.SetDatabaseName(file);
     connection.Open();
     peer = QSqlDatabase::addDatabase(QStringLiteral("QSQLITE"), QStringLiteral("peer-%1").arg(rows));
@@ -183,9 +127,25 @@ void Peer(benchmark::State& state, int64_t rows, const QString& sql) {
   for (auto _ : state) ReadPeer(bench.peer, sql);
 }
 
+// The model runs the statement and fetches as far as the screen's rows, or all of them
+// for the last screen, then gives the screen's values as a table view asks for them.
+void Model(benchmark::State& state, int64_t rows, TStart start) {
+  TBench& bench = Bench(rows);
+  for (auto _ : state) {
+    QSqlQueryModel model;
+    model.setQuery(QStringLiteral("SELECT * FROM orders ORDER BY id"), bench.peer);
+    if (start == TStart::Last)
+      while (model.canFetchMore()) model.fetchMore();
+    const int first = start == TStart::Last ? std::max(0, model.rowCount() - kScreen) : 0;
+    for (int row = first; row < std::min(first + kScreen, model.rowCount()); ++row)
+      for (int column = 0; column < model.columnCount(); ++column)
+        benchmark::DoNotOptimize(model.data(model.index(row, column)));
+  }
+}
+
 // The hundred million only on request, and only where it fits.
 bool Skipped(benchmark::State& state, int64_t rows) {
-  if (rows != kHugeRows || QFile::exists(PathFor(rows))) return false;
+  if (rows != kHugeRows || QFile::exists(bench::OrdersDatabasePath(rows))) return false;
   const QStorageInfo storage(QCoreApplication::applicationDirPath());
   if (storage.bytesAvailable() >= kHugeBytes) return false;
   static std::string message;
@@ -210,6 +170,11 @@ void FirstScreenPeer(benchmark::State& state) {
   Peer(state, state.range(0), QStringLiteral("SELECT * FROM orders ORDER BY id") + kScreenLimit);
 }
 
+void FirstScreenModel(benchmark::State& state) {
+  if (Skipped(state, state.range(0))) return;
+  Model(state, state.range(0), TStart::First);
+}
+
 void LastScreenQuil(benchmark::State& state) {
   if (Skipped(state, state.range(0))) return;
   TOrders orders(Bench(state.range(0)));
@@ -221,19 +186,29 @@ void LastScreenPeer(benchmark::State& state) {
   Peer(state, state.range(0), QStringLiteral("SELECT * FROM orders ORDER BY id DESC") + kScreenLimit);
 }
 
+void LastScreenModel(benchmark::State& state) {
+  if (Skipped(state, state.range(0))) return;
+  // The model keeps every row it fetched: about 50 bytes a value, 4.5 GB for ten million.
+  if (state.range(0) > 10 * kMillion) {
+    state.SkipWithError("the model would hold every row of the table in memory");
+    return;
+  }
+  Model(state, state.range(0), TStart::Last);
+}
+
 void OrderUnindexedQuil(benchmark::State& state) {
-  TOrders orders(Bench(LargeRows()));
+  TOrders orders(Bench(bench::LargeRows()));
   TSQLTable* table = &orders.table;
   table->SetIndexFieldNames(QStringLiteral("amount"));
   Browse(state, *table, TStart::First);
 }
 
 void OrderUnindexedPeer(benchmark::State& state) {
-  Peer(state, LargeRows(), QStringLiteral("SELECT * FROM orders ORDER BY amount, id") + kScreenLimit);
+  Peer(state, bench::LargeRows(), QStringLiteral("SELECT * FROM orders ORDER BY amount, id") + kScreenLimit);
 }
 
 void FilterLikeQuil(benchmark::State& state) {
-  TOrders orders(Bench(LargeRows()));
+  TOrders orders(Bench(bench::LargeRows()));
   TSQLTable* table = &orders.table;
   table->SetFilter(QStringLiteral("notes LIKE '%express%'"));
   table->SetFiltered(true);
@@ -241,11 +216,12 @@ void FilterLikeQuil(benchmark::State& state) {
 }
 
 void FilterLikePeer(benchmark::State& state) {
-  Peer(state, LargeRows(), QStringLiteral("SELECT * FROM orders WHERE notes GLOB '*express*' ORDER BY id") + kScreenLimit);
+  Peer(state, bench::LargeRows(),
+       QStringLiteral("SELECT * FROM orders WHERE notes GLOB '*express*' ORDER BY id") + kScreenLimit);
 }
 
 void RecordCountQuil(benchmark::State& state) {
-  TOrders orders(Bench(LargeRows()));
+  TOrders orders(Bench(bench::LargeRows()));
   TSQLTable* table = &orders.table;
   table->SetFilter(QStringLiteral("status = 'Returned'"));
   table->SetFiltered(true);
@@ -257,22 +233,40 @@ void RecordCountQuil(benchmark::State& state) {
 }
 
 void RecordCountPeer(benchmark::State& state) {
-  Peer(state, LargeRows(), QStringLiteral("SELECT count(*) FROM orders WHERE status = 'Returned'"));
+  Peer(state, bench::LargeRows(), QStringLiteral("SELECT count(*) FROM orders WHERE status = 'Returned'"));
 }
 
 // Both ends at each size: the screens must cost the same whatever the table's size.
-void Sizes(benchmark::internal::Benchmark* bench) {
-  bench->Arg(kSmallRows)->Arg(LargeRows());
-  if (qEnvironmentVariableIsSet("QUIL_BENCH_HUGE")) bench->Arg(kHugeRows);
-  bench->Unit(benchmark::kMicrosecond);
+void Sizes(benchmark::internal::Benchmark* registered) {
+  registered->Arg(kSmallRows)->Arg(kMillion);
+  if (bench::LargeRows() > kMillion) registered->Arg(bench::LargeRows());
+  if (qEnvironmentVariableIsSet("QUIL_BENCH_HUGE")) registered->Arg(kHugeRows);
+  registered->Unit(benchmark::kMicrosecond);
 }
+
+// The ratios beyond quil/peer, for every size that may run; those not measured print none.
+bool AskRatios() {
+  for (const int64_t rows : {kSmallRows, kMillion, 10 * kMillion, kHugeRows}) {
+    const std::string size = '/' + std::to_string(rows);
+    bench::AddRatio({"first_screen" + size, "model/LIMIT", "first_screen/model" + size, "first_screen/peer" + size});
+    bench::AddRatio({"last_screen" + size, "quil/model", "last_screen/quil" + size, "last_screen/model" + size});
+    if (rows == kSmallRows) continue;
+    for (const char* screen : {"first_screen/quil", "first_screen/model", "last_screen/quil", "last_screen/model"})
+      bench::AddRatio({screen + size, std::to_string(rows / kMillion) + "m/1k", screen + size,
+                       screen + ('/' + std::to_string(kSmallRows))});
+  }
+  return true;
+}
+const bool kRatiosAsked = AskRatios();
 
 }  // namespace
 
 BENCHMARK(FirstScreenQuil)->Name("first_screen/quil")->Apply(Sizes);
 BENCHMARK(FirstScreenPeer)->Name("first_screen/peer")->Apply(Sizes);
+BENCHMARK(FirstScreenModel)->Name("first_screen/model")->Apply(Sizes);
 BENCHMARK(LastScreenQuil)->Name("last_screen/quil")->Apply(Sizes);
 BENCHMARK(LastScreenPeer)->Name("last_screen/peer")->Apply(Sizes);
+BENCHMARK(LastScreenModel)->Name("last_screen/model")->Apply(Sizes);
 BENCHMARK(OrderUnindexedQuil)->Name("order_unindexed/quil")->Unit(benchmark::kMillisecond);
 BENCHMARK(OrderUnindexedPeer)->Name("order_unindexed/peer")->Unit(benchmark::kMillisecond);
 BENCHMARK(FilterLikeQuil)->Name("filter_like/quil")->Unit(benchmark::kMicrosecond);
