@@ -10,6 +10,7 @@
 #include "framework/controls/Timer.h"
 #include "framework/graphics/StyleServices.h"
 #include "framework/rtl/FactoryPart.h"
+#include "grid/QuilDBGridCellTypes.h"
 #include "grid/QuilDBGridColumns.h"
 #include "grid/QuilDBGridFilter.h"
 #include "grid/QuilDBGridGlyphs.h"
@@ -312,7 +313,29 @@ public:
   TField* GetFields(int index) const;
   bool ValidFieldIndex(int index) const;
   TField* GetColField(int dataCol) const;
+  // The column's display text; empty where GetColField has no field.
   QString GetFieldValue(int dataCol) const;
+
+  // --- Cell text (QuilDBGridText.cpp): each text between a field and a cell, an editor,
+  // a list or the clipboard passes ColGetText or ColSetText with its kind.
+  virtual QString ColGetText(TQuilColumn* column, const QString& text, TTextKind textKind);
+  virtual QString ColSetText(TQuilColumn* column, const QString& text);
+  // One item between its stored and its shown form: lookup, pick list, record number.
+  virtual QString ColGetItem(TQuilColumn* column, const QString& text, TTextKind textKind);
+  virtual QString ColSetItem(TQuilColumn* column, const QString& text);
+  // An edit reached the column's field; fires OnColTextChanged.
+  virtual void ColTextChanged(TQuilColumn* column);
+  // Whether a check box or a list may write into the column now; puts the data set in
+  // edit state and marks the record modified when it may.
+  bool CanColumnModify(TQuilColumn* column);
+  // The text last given to or taken from the in-place editor.
+  const QString& CellEditText() const { return editText_; }
+  void SetCellEditText(const QString& value) { editText_ = value; }
+  TColGetTextEvent OnColGetText;
+  TColSetTextEvent OnColSetText;
+  TDBGridClickEvent OnColTextChanged;
+  TNotifyEvent OnColEnter;
+  TNotifyEvent OnColExit;
 
   // --- Deferred work
   void UpdateTotals(bool automatic);
@@ -472,8 +495,13 @@ protected:
   virtual TQuilScrollProp* CreateScrollProp();
   virtual TQuilDBGridGradient* CreateGradient();
   TInplaceEdit* CreateEditor() override;
-  // The text the editor starts from: the selected field's edit text.
+  // The selected column's edit text, kept as the edit text too.
   QString GetEditText(int col, int row) override;
+  void SetEditText(int col, int row, const QString& value) override;
+  int GetEditLimit() override;
+  QString GetEditMask(int col, int row) override;
+  bool CanEditModify() override;
+  bool CanEditShow() override;
   void TitleFontChanged(TObject* sender);
   void GradientChanged(TObject* sender);
   virtual TTimer* CreateTimer(TQuilDelayTimer which);
@@ -482,8 +510,8 @@ protected:
   virtual bool UpdateSequenceValues();
   virtual void UpdateScrollBar();
   virtual void TotalsChanged();
-  virtual void ColEnter() {}
-  virtual void ColExit() {}
+  virtual void ColEnter();
+  virtual void ColExit();
 
   void CMDeferLayout(TMessage& message);
   void DelayUpdateTotals(TObject* sender);
@@ -596,6 +624,7 @@ private:
   int busyCount_ = 0;
   bool inColExit_ = false;
   int lastDrawnCurrentRow_ = -1;
+  QString editText_;
 
   TGridStreamingState streamingState_;
   bool updateFields_ = true;
