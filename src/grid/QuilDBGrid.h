@@ -10,6 +10,7 @@
 #include "framework/controls/Timer.h"
 #include "framework/graphics/StyleServices.h"
 #include "framework/rtl/FactoryPart.h"
+#include "grid/QuilDBGridCellTypes.h"
 #include "grid/QuilDBGridColumns.h"
 #include "grid/QuilDBGridFilter.h"
 #include "grid/QuilDBGridGlyphs.h"
@@ -27,6 +28,8 @@ namespace quil {
 
 class TDataLink;
 class TDataSet;
+struct TCellLook;
+struct TCellTextMatch;
 class TDataSource;
 class TField;
 class TPopupMenu;
@@ -312,7 +315,56 @@ public:
   TField* GetFields(int index) const;
   bool ValidFieldIndex(int index) const;
   TField* GetColField(int dataCol) const;
+  // The column's display text; empty where GetColField has no field.
   QString GetFieldValue(int dataCol) const;
+
+  // --- Cell text (QuilDBGridText.cpp): each text between a field and a cell, an editor,
+  // a list or the clipboard passes ColGetText or ColSetText with its kind.
+  virtual QString ColGetText(TQuilColumn* column, const QString& text, TTextKind textKind);
+  virtual QString ColSetText(TQuilColumn* column, const QString& text);
+  // One item between its stored and its shown form: lookup, pick list, record number.
+  virtual QString ColGetItem(TQuilColumn* column, const QString& text, TTextKind textKind);
+  virtual QString ColSetItem(TQuilColumn* column, const QString& text);
+  // An edit reached the column's field; fires OnColTextChanged.
+  virtual void ColTextChanged(TQuilColumn* column);
+  // Whether a check box or a list may write into the column now; puts the data set in
+  // edit state and marks the record modified when it may.
+  bool CanColumnModify(TQuilColumn* column);
+  // The text last given to or taken from the in-place editor.
+  const QString& CellEditText() const { return editText_; }
+  void SetCellEditText(const QString& value) { editText_ = value; }
+  TColGetTextEvent OnColGetText;
+  TColSetTextEvent OnColSetText;
+  TDBGridClickEvent OnColTextChanged;
+  TNotifyEvent OnColEnter;
+  TNotifyEvent OnColExit;
+
+  // FIXME: row and column selection keep the selected rows and columns; until then the
+  // kind stays msRows, no column restricts a selection and no cell is multi-selected.
+  TMultiSelection MultiSelect() const { return msRows; }
+  bool IsColMultiSelected(int dataCol) const;
+  bool IsCellMultiSelected(int dataCol) const;
+
+  // --- Painting (QuilDBGridPaint*.cpp). While a cell paints, the grid holds its raw
+  // cell, the row offset of its record from the active one, Highlight and Selections;
+  // outside a paint the cell is -1, -1.
+  int PaintedCol() const { return paint_.rawCol; }
+  int PaintedRow() const { return paint_.rawRow; }
+  int PaintedRowOffset() const { return paint_.rowOffset; }
+  bool CellHighlight() const { return paint_.highlight; }
+  TSelections CellSelections() const { return paint_.selections; }
+  // Whether the cell's text takes the selection's text color.
+  virtual bool HighlightCell(int dataCol, int dataRow, const QString& value, TGridDrawState state);
+  // The default drawing of a data cell again, as an OnDrawColumnCell handler may call it.
+  void DefaultDrawColumnCell(const TRect& rect, int dataCol, TQuilColumn* column, TGridDrawState state);
+  // The field's display text, alone, with the field's alignment.
+  void DefaultDrawDataCell(const TRect& rect, TField* field, TGridDrawState state);
+  bool UseRightToLeftAlignmentForField(const TField* field, TAlignment alignment) const;
+  bool UseRightToLeftAlignmentForColumn(const TQuilColumn* column) const;
+  TCalcImageIndexEvent OnCalcImageIndex;
+  TDrawColumnCellEvent OnDrawColumnCell;
+  TDrawDataCellEvent OnDrawDataCell;
+  TPaintColumnCellEvent OnPaintColumnCell;
 
   // --- Deferred work
   void UpdateTotals(bool automatic);
@@ -472,8 +524,24 @@ protected:
   virtual TQuilScrollProp* CreateScrollProp();
   virtual TQuilDBGridGradient* CreateGradient();
   TInplaceEdit* CreateEditor() override;
-  // The text the editor starts from: the selected field's edit text.
+  // The selected column's edit text, kept as the edit text too.
   QString GetEditText(int col, int row) override;
+  void SetEditText(int col, int row, const QString& value) override;
+  int GetEditLimit() override;
+  QString GetEditMask(int col, int row) override;
+  bool CanEditModify() override;
+  bool CanEditShow() override;
+  // Painting hooks; each fires the event of its name.
+  virtual void CalcImageIndex(TQuilColumn* column, int& index);
+  virtual void PaintColumnCell(const TRect& rect, int dataCol, TQuilColumn* column, bool highlight,
+                               TSelections selections, TColor& color, TFont* font, TPersistent*& image);
+  virtual void DrawDataCell(const TRect& rect, TField* field, TGridDrawState state);
+  virtual void DrawColumnCell(const TRect& rect, int dataCol, TQuilColumn* column, TGridDrawState state);
+  // Keeps the font color that PaintColumnCell chose under a style; cleared per cell.
+  bool StyleLock() const { return paint_.styleLock; }
+  void SetStyleLock(bool value) { paint_.styleLock = value; }
+  // The cells draw their own focus frame; the base draws only the one of a whole row.
+  void DrawFocus(const TGridDrawInfo& info) override;
   void TitleFontChanged(TObject* sender);
   void GradientChanged(TObject* sender);
   virtual TTimer* CreateTimer(TQuilDelayTimer which);
@@ -482,8 +550,8 @@ protected:
   virtual bool UpdateSequenceValues();
   virtual void UpdateScrollBar();
   virtual void TotalsChanged();
-  virtual void ColEnter() {}
-  virtual void ColExit() {}
+  virtual void ColEnter();
+  virtual void ColExit();
 
   void CMDeferLayout(TMessage& message);
   void DelayUpdateTotals(TObject* sender);
@@ -539,9 +607,40 @@ private:
   void LoadIndicatorList(int ppi, const QString& styleName);
   void LoadBoxLists(int ppi);
   QString GlyphStyleName() const;
-  // Painting
-  void DrawTitleCell(int dataCol, const TRect& rect);
-  void DrawDataCell(int dataCol, int bufferRow, const TRect& rect);
+  // Painting: the frame and the fixed cells (QuilDBGridPaint.cpp)
+  TCellLook MakeCellLook(TGridDrawState state) const;
+  void FitCellRect(TRect& rect, const TCellLook& look) const;
+  void MergeTotalCell(TRect& rect, TCellLook& look) const;
+  void DrawIndicatorCell(const TRect& rect, const TCellLook& look);
+  void DrawTitleCell(const TRect& rect, TQuilColumn* column);
+  void DrawTotalCell(const TRect& rect, TQuilColumn* column);
+  bool FocusTest(TGridDrawState state) const;
+  // Rows 0 to L (QuilDBGridPaintData.cpp)
+  void DrawRowCell(TRect rect, TQuilColumn* column, TGridDrawState state, TCellLook& look);
+  void FirstColors(const TRect& rect, TQuilColumn* column, TCellLook& look);
+  void StripeBrush(TCellLook& look);
+  void DrawDataRowCell(TRect rect, TQuilColumn* column, TGridDrawState state, TCellLook& look);
+  void ChooseDataBrush(const TCellLook& look, TQuilColumn* column);
+  void FrozenSelectionColors(const TRect& rect, const TCellLook& look);
+  bool DataGradientFlag(const TCellLook& look) const;
+  void DefaultDrawCell(const TRect& rect, TQuilColumn* column, const QString& text, TCellLook& look);
+  void StyleFontColor(const TCellLook& look);
+  void StyleBackground(TCellLook& look);
+  void DrawCellContent(const TRect& rect, TQuilColumn* column, const QString& text, TPersistent* image,
+                       const TCellLook& look);
+  // Lines, selection fill, search match, focus frame (QuilDBGridPaintLines.cpp)
+  // The data cell element of the drawing style in force.
+  TThemedGrid GridElement(TThemedGrid element) const;
+  TColor OpenEdgeLineColor(const TCellLook& look) const;
+  bool LineLeftOut(TColor color, const TCellLook& look, bool& skipped) const;
+  void DrawRowLine(const TRect& rect, TCellLook& look);
+  void DrawColLine(const TRect& rect, TCellLook& look);
+  void DrawLineRun(TColor color, const TCellLook& look, TPoint from, TPoint to, TPoint step, int count);
+  TRect GrowOverSkippedLines(TRect rect) const;
+  void SelectionFill(TRect rect, const TCellLook& look);
+  void SelectionElement(TRect rect, const TCellLook& look);
+  void SearchHighlight(const TCellTextMatch& match, const TCellLook& look);
+  void DrawCellFocus(TRect rect, const TCellLook& look);
   TRect RowBox(int row) const;
   void ScrollDataRows(int distance);
   // Visual styles
@@ -596,6 +695,19 @@ private:
   int busyCount_ = 0;
   bool inColExit_ = false;
   int lastDrawnCurrentRow_ = -1;
+  QString editText_;
+  // What the grid holds while a cell paints.
+  struct TCellPaint {
+    int rawCol = -1;
+    int rawRow = -1;
+    int rowOffset = 0;
+    bool highlight = false;
+    TSelections selections;
+    bool colLineSkipped = false;
+    bool rowLineSkipped = false;
+    bool styleLock = false;
+  };
+  TCellPaint paint_;
 
   TGridStreamingState streamingState_;
   bool updateFields_ = true;

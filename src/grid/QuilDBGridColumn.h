@@ -36,6 +36,10 @@ class TStrings;
 class TQuilCustomDBGrid;
 class TQuilDBGridColumns;
 
+// The format of FormatPickText when a column has none, "%1:s - %0:s"; an application
+// may change it before use.
+extern QString DefPickTextFormat;
+
 class TQuilColumn : public TCollectionItem {
 public:
   TQuilColumn();
@@ -259,6 +263,13 @@ public:
   void SetWordWrap(bool value);
   // The shown text of a multi-select list cell.
   virtual QString FormatText(const QString& text) const;
+  // The cell's text and the editor's, from the field through the grid's ColGetText
+  // (QuilDBGridColumnText.cpp); empty without a field unless the grid makes one.
+  QString GetDisplayText() const;
+  QString GetEditText() const;
+  // Writes an edited text through the grid's ColSetText into the field; the field's
+  // own refusal raises.
+  void SetEditText(const QString& value);
 
   // --- Filter
   // Made on first read.
@@ -292,6 +303,9 @@ public:
   bool GetCalendarActive() const;
   bool GetMultiSelectList() const;
   bool MultiSelectList() const { return GetMultiSelectList(); }
+  // A pick row: PickTextFormat, or DefPickTextFormat when empty, of the text, the value
+  // and index; empty for a negative index.
+  QString FormatPickText(int index) const;
   // The pick data changed: cells and an open list show it anew.
   void PickDataChanged();
 
@@ -381,6 +395,8 @@ private:
   void FreeLists();
   void SetWidthToField(int value);
   void StoreWidth(int value);
+  // The bound field's text through the grid's ColGetText, as an editor gets it.
+  QString CheckBoxText() const;
   void MoveGroup(int target);
   void MoveByField(int target);
   void ExpandWithGrid(bool value);

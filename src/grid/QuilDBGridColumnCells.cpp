@@ -52,27 +52,31 @@ void TQuilColumn::SetCheckBoxValues(const QString& value) {
 
 bool TQuilColumn::IsCheckBoxValuesStored() const { return CheckBoxValues() != DefaultCheckBoxValues(); }
 
-// FIXME: row selection answers for a column without field by the row's selection, and
-// cell text passes the column's text pipeline (ColGetText); until then a column without
-// field is never checked and the field's edit text is compared.
-bool TQuilColumn::IsCheckBoxValue(bool checked) const {
+// The field's text as the editor would see it.
+QString TQuilColumn::CheckBoxText() const {
   TField* field = Field();
-  if (!field) return false;
-  const auto [trueText, falseText] = SplitCheckBoxValues(CheckBoxValues());
-  return field->Text().compare(checked ? trueText : falseText, Qt::CaseInsensitive) == 0;
+  TQuilCustomDBGrid* grid = Grid();
+  return grid ? grid->ColGetText(const_cast<TQuilColumn*>(this), field->Text(), tkEdit) : field->Text();
 }
 
-// FIXME: cell text writes through the column's text pipeline (CanColumnModify,
-// ColSetText, ColTextChanged), and row selection toggles the row of a column without
-// field; until then the field's text is written directly.
+// FIXME: row selection answers for a column without field by the row's selection; until
+// then a column without field is never checked.
+bool TQuilColumn::IsCheckBoxValue(bool checked) const {
+  if (!Field()) return false;
+  const auto [trueText, falseText] = SplitCheckBoxValues(CheckBoxValues());
+  return CheckBoxText().compare(checked ? trueText : falseText, Qt::CaseInsensitive) == 0;
+}
+
+// FIXME: row selection toggles the row of a column without field.
 void TQuilColumn::ToggleCheckBoxValue() {
   TQuilCustomDBGrid* grid = Grid();
   if (!p_.checkBox || !grid || !grid->DataLink()->Active() || grid->DataSet()->IsEmpty()) return;
   TField* field = Field();
-  if (!field || !field->CanModify() || !grid->DataLink()->Edit()) return;
+  if (!field || !grid->CanColumnModify(this)) return;
   const auto [trueText, falseText] = SplitCheckBoxValues(CheckBoxValues());
-  const bool checked = field->Text().compare(trueText, Qt::CaseInsensitive) == 0;
-  field->SetAsString(checked ? falseText : trueText);
+  const bool checked = CheckBoxText().compare(trueText, Qt::CaseInsensitive) == 0;
+  field->SetAsString(grid->ColSetText(this, checked ? falseText : trueText));
+  grid->ColTextChanged(this);
 }
 
 void TQuilColumn::SetCheckBox(bool value) {

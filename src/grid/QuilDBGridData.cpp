@@ -116,15 +116,10 @@ void TQuilCustomDBGrid::RecordChanged(TField* field) {
   if (field) CopyLookupResults(field);
 }
 
-// FIXME: the grid editor passes the text through the column's text pipeline.
-QString TQuilCustomDBGrid::GetEditText(int col, int) {
-  TField* field = GetColField(RawToDataColumn(col));
-  return field ? field->Text() : QString();
-}
-
 bool TQuilCustomDBGrid::EditTextDiffers() {
   const QString editorText = InplaceEditor() ? InplaceEditor()->Text() : QString();
-  return SelectedColumn() && GetEditText(Col(), Row()) != editorText;
+  TQuilColumn* column = SelectedColumn();
+  return column && column->GetEditText() != editorText;
 }
 
 void TQuilCustomDBGrid::EditingChanged() {
@@ -173,8 +168,9 @@ void TQuilCustomDBGrid::CopyLookupResults(TField* field) {
   }
 }
 
-// FIXME: the grid editor writes its text into the selected field here.
-void TQuilCustomDBGrid::UpdateData() {}
+void TQuilCustomDBGrid::UpdateData() {
+  if (TQuilColumn* column = SelectedColumn()) column->SetEditText(editText_);
+}
 
 void TQuilCustomDBGrid::Scroll(int distance) {
   if (!HandleAllocated()) return;

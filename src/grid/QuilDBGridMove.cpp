@@ -115,10 +115,4 @@ TField* TQuilCustomDBGrid::GetColField(int dataCol) const {
   return columns_->Items(dataCol)->Field();
 }
 
-// FIXME: cell text passes the column's text pipeline.
-QString TQuilCustomDBGrid::GetFieldValue(int dataCol) const {
-  TField* field = GetColField(dataCol);
-  return field ? field->DisplayText() : QString();
-}
-
 }  // namespace quil

@@ -23,9 +23,22 @@
 // (field, grid) until assigned. A column stream (SaveToStream) writes a
 // TQuilColumnsWrapper component in the framework's stream format.
 //
-// How a paint travels: the base grid's Paint visits the cells that meet the update
-// region; DrawCell sets the link's ActiveRecord to the cell's buffered record, reads the
-// field and puts ActiveRecord back.
+// How a cell's text travels: the column reads its field (GetDisplayText for a cell,
+// GetEditText for the editor) and hands the text to the grid's ColGetText, which passes
+// each item of a multi-select value, or the whole text, through ColGetItem (record
+// number, lookup, pick list), formats a cell's text and ends in OnColGetText. An edit
+// goes back the other way: OnColSetText, ColSetText and ColSetItem, the field,
+// OnColTextChanged.
+//
+// How a paint travels: the base grid's Paint draws the lines, then visits the cells that
+// meet the update region. DrawCell works out the cell's look (TCellLook) and sends title,
+// indicator and total cells to their fixed faces. A row cell takes its first colors (the
+// column's color, stripes); a data cell then sets the link's ActiveRecord to its buffered
+// record, reads its text, decides Highlight and Selections, lets the selection rules
+// choose the brush, draws its own lines, and runs the default drawing (image,
+// PaintColumnCell, the style's font and background, the selection fill, image and text
+// through CellTextOut, the search mark) before OnDrawDataCell and OnDrawColumnCell. It puts
+// ActiveRecord back and draws the focus frame last.
 
 #include "grid/QuilColumnsWrapper.h"
 #include "grid/QuilDBGrid.h"

@@ -24,6 +24,10 @@ class TProbeGrid : public quil::TQuilDBGrid {
 public:
   using TQuilDBGrid::TQuilDBGrid;
   using TQuilDBGrid::ColExit;
+  using TQuilDBGrid::GetEditLimit;
+  using TQuilDBGrid::GetEditMask;
+  using TQuilDBGrid::GetEditText;
+  using TQuilDBGrid::SetEditText;
 
   // Cells drawn since the last ClearDrawn, by base grid row and column.
   std::map<std::pair<int, int>, int> drawn;

@@ -64,10 +64,17 @@ void TCustomGrid::Paint() {
   if (rightToLeft) ChangeGridOrientation(false);
 }
 
-// Draws the cells from firstCol/firstRow on, starting at the given client origins, up to
-// the limits or the client's edge, whichever comes first.
+// Draws the lines and then the cells from firstCol/firstRow on, starting at the given
+// client origins, up to the limits or the client's edge, whichever comes first.
 void TCustomGrid::DrawBlock(const TGridDrawInfo& info, int firstCol, int colOrigin, int colLimit,
                             int firstRow, int rowOrigin, int rowLimit, bool fixed) {
+  // Lines go first: a cell may paint over the line beside it in a color of its own.
+  bool fixedLines = fixed || firstCol < fixedCols_;
+  // The framework's black and silver lines; a custom style has line colors of its own.
+  TColor lineColor = fixedLines ? clBlack : clSilver;
+  if (TStyleManager::IsCustomStyleActive()) lineColor = StyleServices()->Scheme()[fixedLines ? srBorder : srGridLine];
+  if (options_.Intersects(fixedLines ? TGridOptions{goFixedVertLine, goFixedHorzLine} : TGridOptions{goVertLine, goHorzLine}))
+    DrawLines(info, firstCol, colOrigin, colLimit, firstRow, rowOrigin, rowLimit, lineColor);
   QRegion region = PaintRegion(Canvas());
   TRect clip = FromQRect(region.boundingRect());
   bool focused = IsActiveControl();
@@ -92,12 +99,6 @@ void TCustomGrid::DrawBlock(const TGridDrawInfo& info, int firstCol, int colOrig
     }
     top = bottom + rowLine;
   }
-  bool fixedLines = fixed || firstCol < fixedCols_;
-  // The framework's black and silver lines; a custom style has line colors of its own.
-  TColor lineColor = fixedLines ? clBlack : clSilver;
-  if (TStyleManager::IsCustomStyleActive()) lineColor = StyleServices()->Scheme()[fixedLines ? srBorder : srGridLine];
-  if (options_.Intersects(fixedLines ? TGridOptions{goFixedVertLine, goFixedHorzLine} : TGridOptions{goVertLine, goHorzLine}))
-    DrawLines(info, firstCol, colOrigin, colLimit, firstRow, rowOrigin, rowLimit, lineColor);
 }
 
 void TCustomGrid::DrawLines(const TGridDrawInfo& info, int firstCol, int colOrigin, int colLimit,

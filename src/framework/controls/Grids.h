@@ -270,6 +270,9 @@ protected:
   virtual QString GetEditText(int col, int row) { return QString(); }
   virtual void SetEditText(int col, int row, const QString& value) {}
   virtual bool SelectCell(int col, int row) { return true; }
+  // The dotted frame of the current cell, or of the row with goRowSelect, after the
+  // cells; a grid whose cells draw their own frame draws only what they leave.
+  virtual void DrawFocus(const TGridDrawInfo& info);
 
   virtual void ColumnMoved(int fromIndex, int toIndex) {}
   virtual void RowMoved(int fromIndex, int toIndex) {}
@@ -336,7 +339,6 @@ private:
   void DrawLines(const TGridDrawInfo& info, int firstCol, int colOrigin, int colLimit, int firstRow,
                  int rowOrigin, int rowLimit, TColor color);
   TGridDrawState CellState(int col, int row, bool fixed, bool focused) const;
-  void DrawFocus(const TGridDrawInfo& info);
   void DrawDragMarks(const TGridDrawInfo& info);
   TRect SizingLineRect() const;
   TRect MoveMarkRect() const;

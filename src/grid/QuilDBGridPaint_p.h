@@ -1,0 +1,56 @@
+#pragma once
+// What DrawCell works out for one cell and hands down its steps.
+
+#include "framework/controls/Grids.h"
+#include "framework/graphics/Colors.h"
+#include "grid/QuilDBGridCellTypes.h"
+
+namespace quil {
+
+struct TCellLook {
+  // The look of the system or a custom style decides: the data cells, their font, the
+  // grid's own background.
+  bool systemStyle = false;
+  bool styled = false;
+  bool styledFont = false;
+  bool styledClient = false;
+  // The base grid's state of the cell, with gdFixed for total rows.
+  TGridDrawState state;
+  // gdFixed: a title, indicator or total cell, or a frozen column.
+  bool fixed = false;
+  int textMargin = 2;
+  // Fixed cells with both lines drawn by the theme or a gradient.
+  bool themed = false;
+  bool gradient = false;
+  // The background is a selection fill (a gradient or, with elementFill, a theme element).
+  bool gradientFlag = false;
+  bool elementFill = false;
+  // A total cell drawn as one with its neighbours.
+  bool merged = false;
+  // The cell without the title offset and the indicator, as DrawCell's ACol and ARow.
+  int dataCol = 0;
+  int dataRow = 0;
+  // L: the row after the last data row; the blank row when there are total rows.
+  int lastRow = 0;
+  // The row of the active record, before a cell moved it.
+  int activeRow = -1;
+};
+
+// The selection colors as painting resolves them; clNone where one is off.
+struct TSelectionColors {
+  TColor selection = clNone;
+  TColor selectRow = clNone;
+  TColor selectCell = clNone;
+};
+
+// The brush of a data cell after the selection rules, each overriding the one before:
+// multi-selected, the current row, the current cell. A current cell without a color of
+// its own takes back the column's font color instead.
+struct TDataCellBrush {
+  TColor brush = clNone;
+  bool columnFontColor = false;
+};
+TDataCellBrush ChooseDataCellBrush(TColor brush, bool highlight, TSelections selections, bool fixed, bool activeRow,
+                                   const TSelectionColors& colors);
+
+}  // namespace quil

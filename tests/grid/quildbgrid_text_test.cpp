@@ -1,0 +1,281 @@
+// The cell text pipeline: field text, record numbers, pick lists, lookups and
+// multi-select values on their way to a cell or an editor and back, with the events
+// that get the last and the first word.
+#include "GridTestKit.h"
+#include "framework/db/Field.h"
+#include "framework/rtl/Strings.h"
+
+using namespace quil;
+using gridtest::GridFixture;
+
+namespace {
+
+// The people grid with customized columns; the City column has the pick list
+// B, O, P for the texts Berlin, Oslo, Paris.
+class GridText : public GridFixture {
+protected:
+  void SetUp() override {
+    Open(5);
+    grid->Columns()->SetState(csCustomized);
+    city = Column("City");
+    city->PickList()->SetText("B\nO\nP");
+    city->PickText()->SetText("Berlin\nOslo\nParis");
+  }
+  TQuilColumn* Column(const char* fieldName) { return grid->ColumnByName(QString::fromLatin1(fieldName)); }
+  TField* Field(const char* fieldName) { return dataSet->FieldByName(QString::fromLatin1(fieldName)); }
+
+  TQuilColumn* city = nullptr;
+};
+
+TEST_F(GridText, CellAndEditorTextComeFromTheField) {
+  TQuilColumn* amount = Column("Amount");
+  Field("Amount")->OnGetText = [](TField*, QString& text, bool displayText) { text = displayText ? "shown" : "edited"; };
+  EXPECT_EQ(amount->GetDisplayText(), QStringLiteral("shown"));
+  EXPECT_EQ(amount->GetEditText(), QStringLiteral("edited"));
+  EXPECT_EQ(grid->GetFieldValue(amount->Index()), QStringLiteral("shown"));
+  EXPECT_EQ(grid->GetFieldValue(-1), QString());
+  EXPECT_EQ(grid->GetFieldValue(grid->Columns()->Count()), QString());
+}
+
+TEST_F(GridText, ARecordNumberColumnNumbersCellsAndEditorsButNotReports) {
+  TQuilColumn* name = Column("Name");
+  name->SetAutoNumber(true);
+  dataSet->Next();
+  EXPECT_EQ(name->GetDisplayText(), QStringLiteral("2."));
+  EXPECT_EQ(name->GetEditText(), QStringLiteral("2."));
+  EXPECT_EQ(grid->ColGetText(name, QStringLiteral("as given"), tkReport), QStringLiteral("as given"));
+}
+
+TEST_F(GridText, WithoutAColumnTheTextPassesUnchanged) {
+  EXPECT_EQ(grid->ColGetText(nullptr, QStringLiteral("O"), tkDisplay), QStringLiteral("O"));
+  EXPECT_EQ(grid->ColSetText(nullptr, QStringLiteral("Oslo")), QStringLiteral("Oslo"));
+}
+
+// --- Pick lists, read and stored
+
+struct PickCase {
+  const char* name;
+  TQuilPickOptions options;
+  const char* text;
+  const char* expected;
+};
+
+void PrintTo(const PickCase& pick, std::ostream* out) { *out << pick.name; }
+
+class PickRead : public GridText, public ::testing::WithParamInterface<PickCase> {};
+
+TEST_P(PickRead, ShowsTheTextOfTheStoredValue) {
+  const PickCase& pick = GetParam();
+  city->SetPickOptions(pick.options);
+  EXPECT_EQ(grid->ColGetItem(city, QString::fromUtf8(pick.text), tkDisplay), QString::fromUtf8(pick.expected));
+}
+
+constexpr TQuilPickOptions Defaults = DefaultPickOptions;
+
+INSTANTIATE_TEST_SUITE_P(
+    GridText, PickRead,
+    ::testing::Values(PickCase{"ValueShowsItsText", Defaults, "O", "Oslo"},
+                      PickCase{"UnknownValueStays", Defaults, "X", "X"},
+                      PickCase{"UnknownValueEmptiesWithListItemsOnly", Defaults + poListItemsOnly, "X", ""},
+                      PickCase{"StoredIndexIsTrimmedAndRead", Defaults + poStoreItemIndex, " 2", "Paris"},
+                      PickCase{"StoredIndexPastTheListStaysAsNumber", Defaults + poStoreItemIndex, " 09", "9"},
+                      PickCase{"FormattedRowShowsValueAndText", Defaults + poFormatPickText, "O", "O - Oslo"},
+                      PickCase{"FormatForTheListOnly", Defaults + poFormatPickText + poFormatListOnly, "O", "Oslo"},
+                      PickCase{"WithoutPickTextTheListAlone", TQuilPickOptions{}, "o", "O"}),
+    [](const ::testing::TestParamInfo<PickCase>& info) { return std::string(info.param.name); });
+
+class PickStore : public GridText, public ::testing::WithParamInterface<PickCase> {};
+
+TEST_P(PickStore, StoresTheValueOfTheTypedText) {
+  const PickCase& pick = GetParam();
+  city->SetPickOptions(pick.options);
+  EXPECT_EQ(grid->ColSetItem(city, QString::fromUtf8(pick.text)), QString::fromUtf8(pick.expected));
+}
+
+INSTANTIATE_TEST_SUITE_P(
+    GridText, PickStore,
+    ::testing::Values(PickCase{"TextGivesItsValue", Defaults, "Oslo", "O"},
+                      PickCase{"AValueIsAccepted", Defaults, "P", "P"},
+                      PickCase{"AValueIsTextWithoutAcceptPickList", Defaults - poAcceptPickList, "P", "P"},
+                      PickCase{"UnknownEmptiesWithListItemsOnly", Defaults - poAcceptPickList + poListItemsOnly, "P", ""},
+                      PickCase{"AnIndexIsAccepted", Defaults + poAcceptItemIndex, "1", "O"},
+                      PickCase{"AnIndexPastTheTextsIsRefused", Defaults + poAcceptItemIndex + poListItemsOnly, "3", ""},
+                      PickCase{"AFormattedRowGivesItsValue", Defaults + poFormatPickText, "P - Paris", "P"},
+                      PickCase{"WithoutPickTextTheListAlone", TQuilPickOptions{poListItemsOnly}, "Oslo", ""}),
+    [](const ::testing::TestParamInfo<PickCase>& info) { return std::string(info.param.name); });
+
+TEST_F(GridText, AStoredIndexIsRightAlignedInTheWidthOfAStringField) {
+  city->SwitchPickOptions({poStoreItemIndex}, true);
+  EXPECT_TRUE(city->PickOptions().Contains(poAcceptItemIndex));
+  const TQuilColumn* name = Column("Name");
+  ASSERT_EQ(name->Field()->Size(), 20);
+  EXPECT_EQ(grid->ColSetItem(city, QStringLiteral("Paris")), QStringLiteral("2").rightJustified(20));
+  EXPECT_EQ(grid->ColGetItem(city, QStringLiteral("2").rightJustified(20), tkDisplay), QStringLiteral("Paris"));
+}
+
+TEST_F(GridText, ANumberFieldStoresThePlainIndex) {
+  TQuilColumn* id = Column("ID");
+  id->PickList()->SetText("10\n20");
+  id->PickText()->SetText("ten\ntwenty");
+  id->SwitchPickOptions({poStoreItemIndex}, true);
+  EXPECT_EQ(grid->ColSetItem(id, QStringLiteral("twenty")), QStringLiteral("1"));
+}
+
+TEST_F(GridText, AFormatOfItsOwnTakesTextValueAndIndex) {
+  city->SetPickTextFormat(QStringLiteral("%2:d %0:s (%1:s)"));
+  EXPECT_EQ(city->FormatPickText(1), QStringLiteral("1 Oslo (O)"));
+  EXPECT_EQ(city->FormatPickText(-1), QString());
+  city->PickList()->Delete(2);
+  EXPECT_EQ(city->FormatPickText(2), QStringLiteral("2 Paris ()")) << "past a list's end its part is empty";
+}
+
+// --- Multi-select values
+
+TEST_F(GridText, EachItemOfAMultiSelectValuePassesAndEmptyItemsDrop) {
+  city->SwitchListOptions({loMultiSelectList}, true);
+  ASSERT_TRUE(city->GetMultiSelectList());
+  EXPECT_EQ(grid->ColGetText(city, QStringLiteral("B,,P"), tkEdit), QStringLiteral("Berlin,Paris"));
+  EXPECT_EQ(grid->ColGetText(city, QStringLiteral("B,,P"), tkDisplay), QStringLiteral("Berlin ..."));
+  EXPECT_EQ(grid->ColSetText(city, QStringLiteral("Oslo,Paris,")), QStringLiteral("O,P"));
+  city->SwitchPickOptions({poListItemsOnly}, true);
+  EXPECT_EQ(grid->ColGetText(city, QStringLiteral("X,O"), tkEdit), QStringLiteral("Oslo")) << "an empty result drops";
+}
+
+TEST_F(GridText, AMultiSelectValueMayHoldOneItemALine) {
+  city->SwitchListOptions({loMultiSelectList}, true);
+  city->SetDelimiterLine(true);
+  EXPECT_EQ(grid->ColGetText(city, QStringLiteral("B\r\nO"), tkEdit), QStringLiteral("Berlin\r\nOslo"));
+  EXPECT_EQ(grid->ColSetText(city, QStringLiteral("Paris\r\n\r\nBerlin")), QStringLiteral("P\r\nB"));
+}
+
+// --- Lookups
+
+class GridLookupText : public GridText {
+protected:
+  void SetUp() override {
+    GridText::SetUp();
+    cities.FieldDefs()->Add("Code", ftString, 20);
+    cities.FieldDefs()->Add("Title", ftString, 20);
+    cities.CreateDataSet();
+    cities.AppendRecord({QStringLiteral("Berlin"), QStringLiteral("City of Berlin")});
+    cities.AppendRecord({QStringLiteral("Oslo"), QStringLiteral("City of Oslo")});
+    city->PickList()->Clear();
+    city->SetLookupDataSet(&cities);
+    city->SetLookupKeyField("Code");
+    city->SetLookupResultField("Title");
+  }
+  dbtest::TWindowCheckedDataSet cities{nullptr};
+};
+
+TEST_F(GridLookupText, AKeyShowsTheLookedUpText) {
+  ASSERT_EQ(city->GetLookupColumn(), lcLookupValueField);
+  cities.FieldByName("Title")->OnGetText = [](TField* field, QString& text, bool displayText) {
+    text = (displayText ? "shown " : "edited ") + field->AsString();
+  };
+  EXPECT_EQ(city->GetDisplayText(), QStringLiteral("shown City of Berlin"));
+  EXPECT_EQ(grid->ColGetItem(city, QStringLiteral("Oslo"), tkEdit), QStringLiteral("edited City of Oslo"));
+}
+
+TEST_F(GridLookupText, AKeyNotFoundShowsAnEmptyCell) {
+  EXPECT_EQ(grid->ColGetItem(city, QStringLiteral("Paris"), tkDisplay), QString());
+}
+
+TEST_F(GridLookupText, AnEmptyKeyStaysEmptyWithoutTouchingTheLookup) {
+  const int reads = cities.reads;
+  EXPECT_EQ(grid->ColGetItem(city, QString(), tkDisplay), QString());
+  EXPECT_EQ(cities.reads, reads);
+}
+
+// --- The events
+
+TEST_F(GridText, OnColGetTextSeesTheFinishedTextAndHasTheLastWord) {
+  city->SwitchListOptions({loMultiSelectList}, true);
+  QString seen;
+  grid->OnColGetText = [&](TQuilColumn* column, QString& text, TTextKind kind) {
+    EXPECT_EQ(column, city);
+    EXPECT_EQ(kind, tkDisplay);
+    seen = text;
+    text = QStringLiteral("two cities");
+  };
+  EXPECT_EQ(grid->ColGetText(city, QStringLiteral("B,O"), tkDisplay), QStringLiteral("two cities"));
+  EXPECT_EQ(seen, QStringLiteral("Berlin ...")) << "after FormatText";
+}
+
+TEST_F(GridText, OnColSetTextRunsFirstOnTheTypedText) {
+  grid->OnColSetText = [](TQuilColumn*, QString& text) { text = text.trimmed(); };
+  EXPECT_EQ(grid->ColSetText(city, QStringLiteral("  Oslo ")), QStringLiteral("O"));
+}
+
+// --- Writing through a column
+
+TEST_F(GridText, SetEditTextWritesTheStoredFormAndTellsOnce) {
+  int changes = 0;
+  grid->OnColTextChanged = [&](TQuilColumn* column) {
+    EXPECT_EQ(column, city);
+    ++changes;
+  };
+  dataSet->Edit();
+  city->SetEditText(QStringLiteral("Berlin"));
+  EXPECT_EQ(changes, 0) << "the text it already has";
+  city->SetEditText(QStringLiteral("Paris"));
+  EXPECT_EQ(Field("City")->AsString(), QStringLiteral("P"));
+  EXPECT_EQ(changes, 1);
+  EXPECT_EQ(city->GetEditText(), QStringLiteral("Paris"));
+}
+
+TEST_F(GridText, AFieldThatRefusesTheTextRaises) {
+  dataSet->Edit();
+  EXPECT_ANY_THROW(Column("ID")->SetEditText(QStringLiteral("not a number")));
+}
+
+TEST_F(GridText, ACheckBoxReadsAndWritesThroughThePipeline) {
+  dataSet->Edit();
+  Field("City")->SetAsString(QStringLiteral("B"));
+  city->SetCheckBox(true);
+  city->SetCheckBoxValues(QStringLiteral("Berlin;Oslo"));
+  EXPECT_TRUE(city->IsCheckBoxValue(true)) << "B shows as Berlin";
+  city->ToggleCheckBoxValue();
+  EXPECT_EQ(Field("City")->AsString(), QStringLiteral("O"));
+  EXPECT_TRUE(city->IsCheckBoxValue(false));
+}
+
+// --- The grid's side of editing
+
+TEST_F(GridText, CanColumnModifyAsksGridLinkColumnAndFieldInTurn) {
+  grid->SetReadOnly(true);
+  EXPECT_FALSE(grid->CanColumnModify(city));
+  grid->SetReadOnly(false);
+  city->SetReadOnly(true);
+  EXPECT_FALSE(grid->CanColumnModify(city));
+  city->SetReadOnly(false);
+  EXPECT_FALSE(grid->CanColumnModify(nullptr));
+  EXPECT_EQ(dataSet->State(), dsBrowse) << "no refusal edits";
+  EXPECT_TRUE(grid->CanColumnModify(city));
+  EXPECT_EQ(dataSet->State(), dsEdit);
+  EXPECT_TRUE(grid->DataLink()->IsModified());
+}
+
+TEST_F(GridText, TheEditorsTextIsKeptAndUpdateDataWritesIt) {
+  grid->SetSelectedColumn(Column("Name"));
+  EXPECT_EQ(grid->GetEditText(grid->Col(), grid->Row()), QStringLiteral("Name001"));
+  EXPECT_EQ(grid->CellEditText(), QStringLiteral("Name001"));
+  grid->SetEditText(grid->Col(), grid->Row(), QStringLiteral("Zed"));
+  EXPECT_EQ(Field("Name")->AsString(), QStringLiteral("Name001")) << "SetEditText only keeps the text";
+  dataSet->Edit();
+  grid->UpdateData();
+  EXPECT_EQ(Field("Name")->AsString(), QStringLiteral("Zed"));
+}
+
+TEST_F(GridText, EditLimitAndMaskFollowTheSelectedField) {
+  grid->SetSelectedColumn(Column("Name"));
+  EXPECT_EQ(grid->GetEditLimit(), 20);
+  Field("Name")->SetEditMask(QStringLiteral("LLLL;0;_"));
+  EXPECT_EQ(grid->GetEditMask(grid->Col(), grid->Row()), QStringLiteral("LLLL;0;_"));
+  grid->SetSelectedColumn(city);
+  EXPECT_EQ(grid->GetEditLimit(), 0) << "a pick text is no field text";
+  EXPECT_EQ(grid->GetEditMask(grid->Col(), grid->Row()), QString());
+  grid->SetSelectedColumn(Column("Amount"));
+  EXPECT_EQ(grid->GetEditLimit(), 0);
+}
+
+}  // namespace
