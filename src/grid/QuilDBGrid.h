@@ -104,6 +104,7 @@ public:
   TQuilDBGridColumns* MakeColumns() { return CreateColumns(); }
   TQuilGridDataLink* DataLink() const { return dataLink_.get(); }
   TQuilGridStyle* GridStyle() const { return gridStyle_.get(); }
+  void SetGridStyle(const TQuilGridStyle* value) { gridStyle_->Assign(value); }
   TQuilDBGridTotals* Totals() const { return totals_.get(); }
   TFont* TitleFont() const { return titleFont_.get(); }
   TFont* HeaderFont() const { return headerFont_.get(); }
@@ -113,6 +114,8 @@ public:
   TQuilDBGridSettings* Settings() const { return settings_.get(); }
   TQuilScrollProp* ScrollProp() const { return scrollProp_.get(); }
   TQuilDBGridGradient* Gradient() const { return gradient_.get(); }
+  // Takes the settings, and repaints when any differs.
+  void SetGradient(const TQuilDBGridGradient* value) { gradient_->Change(value); }
   // The columns whose GetShowing holds, in column order.
   const std::vector<TQuilColumn*>& VisibleColumns() const { return visibleColumns_; }
 

@@ -41,6 +41,12 @@ const TEnumTypeInfo& TypeInfo(TVisualStyle) {
   return info;
 }
 
+const TEnumTypeInfo& TypeInfo(TSystemStyleElement) {
+  static const TEnumTypeInfo info("TSystemStyleElement", {"sseFixed", "sseText", "sseButton", "sseMarker", "sseData",
+                                                          "sseFont", "sseClient", "sseSearch"});
+  return info;
+}
+
 // --- TQuilGridStyle
 
 const TMetaClass& TQuilGridStyle::StaticClass() {
