@@ -106,11 +106,12 @@ void TQuilCustomDBGrid::InvalidateTitle(TQuilColumn* column) {
     return;
   }
   const int rawCol = DataToRawColumn(column->Index());
-  const int lastRawCol = DataToRawColumn(column->GetExpandIndex());
-  // An expanded column's title spans its group on its own row; any other reaches down
-  // to the last title row.
-  const bool expanded = lastRawCol > rawCol;
-  InvalidateRect(BoxRect(rawCol, column->Depth(), lastRawCol, expanded ? column->Depth() : titleOffset_ - 1));
+  // An expanded group's title spans the group on its own row; any other title, a
+  // collapsed group's too, reaches down to the last title row.
+  if (column->GetExpanded())
+    InvalidateRect(BoxRect(rawCol, column->Depth(), DataToRawColumn(column->GetExpandIndex()), column->Depth()));
+  else
+    InvalidateRect(BoxRect(rawCol, column->Depth(), rawCol, titleOffset_ - 1));
 }
 
 void TQuilCustomDBGrid::InvalidateTitles() {

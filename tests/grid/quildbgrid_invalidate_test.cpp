@@ -133,6 +133,38 @@ TEST_F(GridInvalidateTest, InvalidateTitleCoversOneTitleOrAllAndNothingWithoutTi
   EXPECT_TRUE(grid->UpdateRects().empty());
 }
 
+// People's four columns in two groups: ID owns Name and stays expanded, City owns
+// Amount and is collapsed. Titles stand on two rows.
+class GroupedTitlesTest : public GridInvalidateTest {
+protected:
+  void SetUp() override {
+    Open(30);
+    quil::TQuilDBGridColumns* columns = grid->Columns();
+    columns->SetState(quil::csCustomized);
+    columns->Items(0)->SetExpandCols(1);
+    columns->Items(2)->SetExpandCols(1);
+    columns->Items(2)->SetExpanded(false);
+    Settle();
+    ASSERT_EQ(grid->TitleOffset(), 2);
+  }
+  quil::TQuilColumn* Column(int dataCol) const { return grid->Columns()->Items(dataCol); }
+};
+
+TEST_F(GroupedTitlesTest, AnExpandedGroupsTitleSpansTheGroupOnItsOwnRow) {
+  grid->InvalidateTitle(Column(0));
+  EXPECT_EQ(Pending(), Region(grid->BoxRect(1, 0, 2, 0)));
+}
+
+TEST_F(GroupedTitlesTest, AChildsTitleStandsOnItsDepthRowDownToTheLastTitleRow) {
+  grid->InvalidateTitle(Column(1));
+  EXPECT_EQ(Pending(), Region(grid->BoxRect(2, 1, 2, 1)));
+}
+
+TEST_F(GroupedTitlesTest, ACollapsedGroupsTitleReachesDownToTheLastTitleRow) {
+  grid->InvalidateTitle(Column(2));
+  EXPECT_EQ(Pending(), Region(grid->BoxRect(3, 0, 3, 1)));
+}
+
 TEST_F(GridInvalidateTest, InvalidateTitlesCoversTheWidthDownToTheFixedBoundary) {
   Open(30);
   quil::TGridDrawInfo info;
