@@ -430,7 +430,8 @@ public:
   virtual void InvalidateBorder();
 
   // Each invalidates exactly what its change touches; none without a window.
-  // Stands still while the row count is being worked out: that paints once at its end.
+  // Without double buffering, stands still while the row count is being worked out:
+  // that paints once at its end.
   void Invalidate() override;
   void InvalidateBox(int rawCol, int rawRow);
   void InvalidateCol(int rawCol);

@@ -54,11 +54,10 @@ void TQuilCustomDBGrid::WMNCPaint(TMessage& message) {
 
 // --- Invalidation
 
-// The row counts that UpdateRowCount passes through change nothing on screen; what
-// changes is invalidated at its end, so a record coming in at the bottom paints only
-// the row that scrolling exposed.
+// Painted straight to the screen, the row counts that UpdateRowCount passes through
+// would each show; it invalidates what changed at its end instead.
 void TQuilCustomDBGrid::Invalidate() {
-  if (rowCountLock_ == 0) TCustomGrid::Invalidate();
+  if (rowCountLock_ == 0 || DoubleBuffered()) TCustomGrid::Invalidate();
 }
 
 void TQuilCustomDBGrid::InvalidateBox(int rawCol, int rawRow) {

@@ -193,6 +193,21 @@ TEST_F(GridInvalidateTest, InvalidateTotalsCoversTheRowsBelowTheDataAndTheLastCo
   EXPECT_EQ(Pending(), Region(expected));
 }
 
+// Working out the row count passes through counts that never show. Painted straight
+// to the screen they would flicker, so the grid stands still; double-buffered it
+// repaints whole.
+TEST_F(GridInvalidateTest, UnderTheRowCountLockOnlyADoubleBufferedGridRepaints) {
+  Open(30);
+  grid->SetDoubleBuffered(false);
+  Settle();
+  grid->UpdateRowCount();
+  EXPECT_TRUE(grid->UpdateRects().empty());
+  grid->SetDoubleBuffered(true);
+  Settle();
+  grid->UpdateRowCount();
+  EXPECT_EQ(Pending(), Region(grid->ClientRect()));
+}
+
 TEST_F(GridInvalidateTest, WithoutAWindowNothingIsInvalidated) {
   quil::TQuilDBGrid loose(nullptr);
   loose.InvalidateBox(1, 1);
