@@ -316,6 +316,8 @@ void TQuilCustomDBGrid::SwitchMultiSelectOptions(TMultiSelectOptions members, bo
 void TQuilCustomDBGrid::SetSystemStyleElements(TSystemStyleElements value) {
   if (value == systemStyleElements_) return;
   systemStyleElements_ = value;
+  // The glyphs follow the system's look through sseFixed and sseMarker.
+  if (IsSystemStyle({})) RecreateMarkers();
   Invalidate();
 }
 

@@ -349,11 +349,13 @@ bool TQuilCustomDBGrid::FixedLinesShown() const {
   return TStyleManager::IsCustomStyleActive() || GridLineWidth() > 1;
 }
 
-// A switch of style can change what the fixed lines and the spacing resolve to.
+// A switch of style can change what the fixed lines, the spacing and the glyphs'
+// colors resolve to; the base repaints.
 void TQuilCustomDBGrid::CMStyleChanged(TMessage& message) {
   ApplyBaseOptions(options_);
   if (gridStyle_->VisualStyle() == vsDefault) gridStyle_->SetVisualStyle(vsDefault);
   UpdateBorder(false);
+  RecreateMarkers();
   TCustomGrid::CMStyleChanged(message);
 }
 
