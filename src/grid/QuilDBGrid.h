@@ -382,11 +382,19 @@ public:
   virtual THotButtons HotButtonsStyle() const;
   virtual TFocusRect FocusRectStyle() const;
   virtual TListBorder ListBorderStyle() const;
+  // The automatic members by FixedStyle; the others stay.
+  virtual TCheckBoxStyle CheckBoxStyle(TCheckBoxStyle style) const;
 
   // Default colors, for GetTrueColor.
   TColor DefaultSelectCellColor() const;
   TColor DefaultSelectRowColor() const;
   TColor DefaultSelectionColor() const;
+  // Those three as a generation of the system chose them; the ones above ask for the
+  // running system's.
+  struct TSelectionColors {
+    TColor selectCell, selectRow, selection;
+  };
+  static TSelectionColors DefaultSelectionColors(TSystemGeneration generation, bool gradientActive);
   TColor DefaultHighlightText() const { return clHighlightText; }
   TColor DefaultStripeColor() const { return cl3DLight; }
   TColor DefaultEditorColor() const { return clInfoBk; }

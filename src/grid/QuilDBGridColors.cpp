@@ -41,22 +41,29 @@ void TQuilCustomDBGrid::SetFillerColor(TColor value) {
 
 // --- Defaults
 
+TQuilCustomDBGrid::TSelectionColors TQuilCustomDBGrid::DefaultSelectionColors(TSystemGeneration generation,
+                                                                              bool gradientActive) {
+  switch (generation) {
+    case sgWin11:
+      return {TMarlGradient::ShadowColor(clHighlight, -10), TMarlGradient::ShadowColor(clHighlight, 20), clHighlight};
+    case sgVista:
+      if (gradientActive) return {15230976, 14982776, 16743699};
+      return {16743699, 15448477, 16749885};
+    case sgBeforeVista: break;
+  }
+  return {clHighlight, clGradientInactiveCaption, clGradientActiveCaption};
+}
+
 TColor TQuilCustomDBGrid::DefaultSelectCellColor() const {
-  if (IsWin11()) return TMarlGradient::ShadowColor(clHighlight, -10);
-  if (!IsVista()) return clHighlight;
-  return gradient_->Active() ? TColor(15230976) : TColor(16743699);
+  return DefaultSelectionColors(SystemGeneration(), gradient_->Active()).selectCell;
 }
 
 TColor TQuilCustomDBGrid::DefaultSelectRowColor() const {
-  if (IsWin11()) return TMarlGradient::ShadowColor(clHighlight, 20);
-  if (!IsVista()) return clGradientInactiveCaption;
-  return gradient_->Active() ? TColor(14982776) : TColor(15448477);
+  return DefaultSelectionColors(SystemGeneration(), gradient_->Active()).selectRow;
 }
 
 TColor TQuilCustomDBGrid::DefaultSelectionColor() const {
-  if (IsWin11()) return clHighlight;
-  if (!IsVista()) return clGradientActiveCaption;
-  return gradient_->Active() ? TColor(16743699) : TColor(16749885);
+  return DefaultSelectionColors(SystemGeneration(), gradient_->Active()).selection;
 }
 
 // Lines must stand out from a silver background.

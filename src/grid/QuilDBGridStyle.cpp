@@ -292,6 +292,17 @@ THotButtons TQuilCustomDBGrid::HotButtonsStyle() const {
   return byFixedStyle[fixedStyle_];
 }
 
+TCheckBoxStyle TQuilCustomDBGrid::CheckBoxStyle(TCheckBoxStyle style) const {
+  if (style != cbAuto && style != cbAutoGray && style != cbAutoLowered) return style;
+  // Rows by fixed style, columns cbAuto, cbAutoGray, cbAutoLowered.
+  static constexpr TCheckBoxStyle byFixedStyle[][3] = {
+      {cbDefault, cbSoft, cbDefault},                 {cbSoft, cbSoft, cbSoft},
+      {cbLoweredDark, cbLoweredGray, cbLoweredDark},  {cbFlat, cbGray, cbLoweredDark},
+      {cbLoweredGray, cbLoweredGray, cbLoweredGray},  {cbGray, cbGray, cbLoweredGray},
+      {cbLoweredMild, cbLoweredGray, cbLoweredMild},  {cbMild, cbGray, cbLoweredMild}};
+  return byFixedStyle[fixedStyle_][style - cbAuto];
+}
+
 TFocusRect TQuilCustomDBGrid::FocusRectStyle() const { return focusRect_ == frAuto ? frDefault : focusRect_; }
 
 TListBorder TQuilCustomDBGrid::ListBorderStyle() const {

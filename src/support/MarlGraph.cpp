@@ -336,6 +336,11 @@ bool IsWin11() {
   return answer;
 }
 
+TSystemGeneration SystemGeneration() {
+  if (IsWin11()) return sgWin11;
+  return IsVista() ? sgVista : sgBeforeVista;
+}
+
 bool StylesEnabled() { return TStyleManager::IsCustomStyleActive(); }
 
 bool ThemesEnabled(const TControl*) { return StyleServices()->Enabled(); }

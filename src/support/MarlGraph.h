@@ -171,6 +171,10 @@ bool IsWin08();
 bool IsWin11();
 bool IsWin08Version(int major, int minor);
 bool IsWin11Version(int major, int build);
+// The generations whose default colors differ: before Vista, Vista up to the last
+// before Windows 11, and Windows 11 on.
+enum TSystemGeneration { sgBeforeVista, sgVista, sgWin11 };
+TSystemGeneration SystemGeneration();
 
 // A custom style is active.
 bool StylesEnabled();

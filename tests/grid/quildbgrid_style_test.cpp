@@ -1,5 +1,10 @@
 #include <gtest/gtest.h>
 
+#include <cmath>
+#include <functional>
+#include <string>
+#include <utility>
+
 #include "GridTestKit.h"
 #include "framework/graphics/GraphUtil.h"
 #include "framework/graphics/StyleServices.h"
@@ -51,6 +56,45 @@ TEST_F(GridStyleTest, DefaultColorsFollowTheActiveStyle) {
   EXPECT_EQ(grid->DefaultHighlightText(), clHighlightText);
   EXPECT_EQ(grid->DefaultStripeColor(), cl3DLight);
   EXPECT_EQ(grid->DefaultEditorColor(), clInfoBk);
+}
+
+struct GenerationCase {
+  const char* name;
+  TSystemGeneration generation;
+  bool gradientActive;
+  TColor selectCell, selectRow, selection;
+};
+
+class DefaultSelectionColorsTest : public ::testing::TestWithParam<GenerationCase> {};
+
+TEST_P(DefaultSelectionColorsTest, FollowTheSystemGeneration) {
+  const GenerationCase& row = GetParam();
+  const TQuilCustomDBGrid::TSelectionColors colors =
+      TQuilCustomDBGrid::DefaultSelectionColors(row.generation, row.gradientActive);
+  EXPECT_EQ(colors.selectCell, row.selectCell);
+  EXPECT_EQ(colors.selectRow, row.selectRow);
+  EXPECT_EQ(colors.selection, row.selection);
+}
+
+INSTANTIATE_TEST_SUITE_P(
+    Table, DefaultSelectionColorsTest,
+    ::testing::Values(
+        GenerationCase{"Win11", sgWin11, false, TMarlGradient::ShadowColor(clHighlight, -10),
+                       TMarlGradient::ShadowColor(clHighlight, 20), clHighlight},
+        GenerationCase{"Win11WithGradient", sgWin11, true, TMarlGradient::ShadowColor(clHighlight, -10),
+                       TMarlGradient::ShadowColor(clHighlight, 20), clHighlight},
+        GenerationCase{"VistaWithGradient", sgVista, true, 15230976, 14982776, 16743699},
+        GenerationCase{"Vista", sgVista, false, 16743699, 15448477, 16749885},
+        GenerationCase{"BeforeVista", sgBeforeVista, true, clHighlight, clGradientInactiveCaption,
+                       clGradientActiveCaption}),
+    [](const ::testing::TestParamInfo<GenerationCase>& info) { return std::string(info.param.name); });
+
+TEST_F(GridStyleTest, TheDefaultsAreThoseOfTheRunningSystem) {
+  ASSERT_EQ(SystemGeneration(), sgWin11);
+  const TQuilCustomDBGrid::TSelectionColors win11 = TQuilCustomDBGrid::DefaultSelectionColors(sgWin11, false);
+  EXPECT_EQ(grid->DefaultSelectCellColor(), win11.selectCell);
+  EXPECT_EQ(grid->DefaultSelectRowColor(), win11.selectRow);
+  EXPECT_EQ(grid->DefaultSelectionColor(), win11.selection);
 }
 
 TEST_F(GridStyleTest, DataLinesStandOutFromASilverBackground) {
@@ -246,6 +290,33 @@ INSTANTIATE_TEST_SUITE_P(Table, FixedStyleTableTest,
                                            FixedStyleCase{fsGray, hbLowered, lbGray, cl3DDkShadow},
                                            FixedStyleCase{fsFine, hbTile, lbMild, clBtnShadow},
                                            FixedStyleCase{fsMild, hbTile, lbMild, clBtnShadow}));
+
+struct CheckBoxCase {
+  TFixedStyle fixedStyle;
+  TCheckBoxStyle automatic, automaticGray, automaticLowered;
+};
+
+class CheckBoxStyleTableTest : public ::testing::TestWithParam<CheckBoxCase> {};
+
+TEST_P(CheckBoxStyleTableTest, ResolvesTheAutomaticMembersAndKeepsTheOthers) {
+  TQuilDBGrid grid(nullptr);
+  grid.SetFixedStyle(GetParam().fixedStyle);
+  EXPECT_EQ(grid.CheckBoxStyle(cbAuto), GetParam().automatic);
+  EXPECT_EQ(grid.CheckBoxStyle(cbAutoGray), GetParam().automaticGray);
+  EXPECT_EQ(grid.CheckBoxStyle(cbAutoLowered), GetParam().automaticLowered);
+  for (TCheckBoxStyle style : {cbDefault, cbSoft, cbLoweredDark, cbLoweredGray, cbLoweredMild, cbFlat, cbGray, cbMild})
+    EXPECT_EQ(grid.CheckBoxStyle(style), style);
+}
+
+INSTANTIATE_TEST_SUITE_P(Table, CheckBoxStyleTableTest,
+                         ::testing::Values(CheckBoxCase{fsDefault, cbDefault, cbSoft, cbDefault},
+                                           CheckBoxCase{fsSoft, cbSoft, cbSoft, cbSoft},
+                                           CheckBoxCase{fsNice, cbLoweredDark, cbLoweredGray, cbLoweredDark},
+                                           CheckBoxCase{fsFlat, cbFlat, cbGray, cbLoweredDark},
+                                           CheckBoxCase{fsGreat, cbLoweredGray, cbLoweredGray, cbLoweredGray},
+                                           CheckBoxCase{fsGray, cbGray, cbGray, cbLoweredGray},
+                                           CheckBoxCase{fsFine, cbLoweredMild, cbLoweredGray, cbLoweredMild},
+                                           CheckBoxCase{fsMild, cbMild, cbGray, cbLoweredMild}));
 
 TEST_F(GridStyleTest, ResolvedStylesGiveWayToWhatIsSet) {
   grid->SetHotButtons(hbNone);
