@@ -5,6 +5,7 @@
 #include <QHash>
 #include <initializer_list>
 
+#include "framework/graphics/StyleScheme.h"
 #include "grid/QuilDBGrid.h"
 #include "support/MarlGraph.h"
 
@@ -208,6 +209,13 @@ TStyleTables::TStyleTables() {
         "Windows10 OxfordBlue", "Windows10 Solitude", "Windows10 Vulcan", "Windows10 Vulcan LE",
         "Windows10 WhiteSmoke", "Windows10 Zodiac", "Windows10 Zodiac 2", "Zircon", "Zircon SE", "Zodiac",
         "Zodiac LE"});
+
+  // The library's own styles are flat. Selected fixed text is the highlight shaded
+  // away from the face, so that it reads at a contrast of 4.5 to 1 or more.
+  const QString light = LightStyleScheme().Name, dark = DarkStyleScheme().Name;
+  for (const QString& name : {light, dark}) flat.insert(Key(name), 1);
+  fixedText.insert(Key(light), -20);
+  fixedText.insert(Key(dark), 70);
 }
 
 // Made on first use, which is at module start for any grid, and kept to the end.

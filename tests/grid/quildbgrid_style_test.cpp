@@ -358,8 +358,18 @@ TEST_F(GridStyleTest, StyleTablesAnswerForTheNamesTheyHold) {
   EXPECT_TRUE(TQuilCustomDBGrid::GetFlatStyle(QStringLiteral("Windows")));
 }
 
+// Made active by name; registered once, with the colors of the light style.
+void ActivateStyleNamed(const QString& name) {
+  if (!TStyleManager::StyleNames().contains(name)) {
+    TStyleScheme scheme = LightStyleScheme();
+    scheme.Name = name;
+    TStyleManager::RegisterStyle(scheme);
+  }
+  TStyleManager::SetStyle(name);
+}
+
 TEST_F(GridStyleTest, AStyleNameNoTableHasGivesNoShadeNoFrameAndIsNotFlat) {
-  TStyleManager::SetStyle(QStringLiteral("Quil Light"));
+  ActivateStyleNamed(QStringLiteral("Unlisted Test Style"));
   EXPECT_EQ(TQuilCustomDBGrid::GetFixedTextActiveStyle(), 0);
   EXPECT_EQ(TQuilCustomDBGrid::GetSelectRowActiveStyle(), 0);
   EXPECT_EQ(TQuilCustomDBGrid::GetCellFrameActiveStyle(), 0);
@@ -373,7 +383,7 @@ TEST_F(GridStyleTest, AStyleNameNoTableHasGivesNoShadeNoFrameAndIsNotFlat) {
 }
 
 TEST_F(GridStyleTest, EntriesAddedForTheActiveStyleReachTheNextQuestion) {
-  TStyleManager::SetStyle(QStringLiteral("Quil Dark"));
+  ActivateStyleNamed(QStringLiteral("Test Style With Entries"));
   TQuilCustomDBGrid::SetSelectRowActiveStyle(15);
   TQuilCustomDBGrid::SetFixedTextActiveStyle(-20);
   TQuilCustomDBGrid::SetCellFrameActiveStyle(3);
@@ -385,7 +395,7 @@ TEST_F(GridStyleTest, EntriesAddedForTheActiveStyleReachTheNextQuestion) {
   TRect rect = Rect(10, 10, 20, 20);
   TQuilCustomDBGrid::GetCellFrameRect(rect);
   EXPECT_EQ(rect, Rect(7, 7, 23, 23));
-  EXPECT_EQ(TQuilCustomDBGrid::GetSelectRowStyle(QStringLiteral("quil dark")), 15);
+  EXPECT_EQ(TQuilCustomDBGrid::GetSelectRowStyle(QStringLiteral("test style with entries")), 15);
   TQuilCustomDBGrid::SetSelectRowActiveStyle(0);
   TQuilCustomDBGrid::SetFixedTextActiveStyle(0);
   TQuilCustomDBGrid::SetCellFrameActiveStyle(0);
@@ -393,15 +403,42 @@ TEST_F(GridStyleTest, EntriesAddedForTheActiveStyleReachTheNextQuestion) {
 }
 
 TEST_F(GridStyleTest, NamedStylesWithoutAShadeHaveAFixedTextColor) {
-  if (!TStyleManager::StyleNames().contains(QStringLiteral("Ruby Graphite"))) {
-    TStyleScheme scheme = LightStyleScheme();
-    scheme.Name = QStringLiteral("Ruby Graphite");
-    TStyleManager::RegisterStyle(scheme);
-  }
-  TStyleManager::SetStyle(QStringLiteral("Ruby Graphite"));
+  ActivateStyleNamed(QStringLiteral("Ruby Graphite"));
   EXPECT_EQ(TQuilCustomDBGrid::GetFixedTextSelected(), 255);
   EXPECT_EQ(TQuilCustomDBGrid::GetCellFrameActiveStyle(), 1);
 }
+
+// The contrast of two colors by their relative luminance, from 1 to 21.
+double Contrast(TColor first, TColor second) {
+  auto luminance = [](TColor color) {
+    auto channel = [](int value) {
+      const double share = value / 255.0;
+      return share <= 0.03928 ? share / 12.92 : std::pow((share + 0.055) / 1.055, 2.4);
+    };
+    const TColor rgb = ColorToRGB(color);
+    return 0.2126 * channel(GetRValue(rgb)) + 0.7152 * channel(GetGValue(rgb)) + 0.0722 * channel(GetBValue(rgb));
+  };
+  const double a = luminance(first), b = luminance(second);
+  return (std::max(a, b) + 0.05) / (std::min(a, b) + 0.05);
+}
+
+class LibraryStyleTest : public ::testing::TestWithParam<const char*> {
+protected:
+  void SetUp() override { TStyleManager::SetStyle(QString::fromLatin1(GetParam())); }
+  void TearDown() override { TStyleManager::SetStyle(TStyleManager::SystemStyleName()); }
+};
+
+TEST_P(LibraryStyleTest, IsFlatWithReadableSelectedTitlesAndRows) {
+  EXPECT_TRUE(TQuilCustomDBGrid::IsFlatStyle());
+  EXPECT_GE(Contrast(TQuilCustomDBGrid::GetFixedTextSelected(), clBtnFace), 4.5);
+  EXPECT_GE(Contrast(TQuilCustomDBGrid::GetSelectRowSelected(), clHighlightText), 4.5);
+  EXPECT_EQ(TQuilCustomDBGrid::GetCellFrameActiveStyle(), 0);
+}
+
+INSTANTIATE_TEST_SUITE_P(Named, LibraryStyleTest, ::testing::Values("Quil Light", "Quil Dark"),
+                         [](const ::testing::TestParamInfo<const char*>& info) {
+                           return QString::fromLatin1(info.param).remove(QLatin1Char(' ')).toStdString();
+                         });
 
 // --- The border
 
