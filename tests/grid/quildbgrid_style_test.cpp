@@ -211,6 +211,19 @@ TEST_F(GridStyleTest, GridStyleNumbersReachTheRowHeights) {
 
 // --- Drawing style and the style questions
 
+TEST_F(GridStyleTest, AtDesignTimeTheDrawingStyleAlsoSetsTheFixedStyleAndTheGradientsOptions) {
+  grid->SetDesigning(true);
+  grid->SetDrawingStyle(gdsGradient);
+  EXPECT_EQ(grid->FixedStyle(), fsGray);
+  EXPECT_EQ(grid->Gradient()->Options(), (TMarlGradientOptions{goGradient, goHotButton, goHotTrack, goHotColor}));
+  grid->SetDrawingStyle(gdsClassic);
+  EXPECT_EQ(grid->FixedStyle(), fsDefault);
+  EXPECT_EQ(grid->Gradient()->Options(), (TMarlGradientOptions{goGradient, goHotButton}));
+  grid->SetFixedStyle(fsMild);
+  grid->SetDrawingStyle(gdsThemed);
+  EXPECT_EQ(grid->FixedStyle(), fsDefault);
+}
+
 TEST_F(GridStyleTest, DrawingStyleFollowsThemeAndGradient) {
   EXPECT_EQ(grid->DrawingStyle(), gdsThemed);
   grid->SetDrawingStyle(gdsClassic);
@@ -333,6 +346,45 @@ TEST_F(GridStyleTest, ResolvedStylesGiveWayToWhatIsSet) {
   EXPECT_EQ(grid->ListBorderStyle(), lbGray);
   TStyleManager::SetStyle(QStringLiteral("Quil Dark"));
   EXPECT_EQ(grid->ListBorderStyle(), lbDefault);
+}
+
+// The fixed cell element gives the face's text; the root element gives no text color,
+// and the style's font stands in.
+TEST_F(GridStyleTest, StyleFontColorTakesTheElementsTextBeforeTheStylesFont) {
+  TStyleManager::SetStyle(QStringLiteral("Quil Dark"));
+  const TCustomStyleServices* style = StyleServices();
+  ASSERT_NE(style->GetStyleFontColor(sfButtonTextDisabled), style->GetSystemColor(clBtnText));
+  EXPECT_EQ(grid->GetStyleFontColor(sfButtonTextDisabled, tgFixedCellNormal), style->GetSystemColor(clBtnText));
+  EXPECT_EQ(grid->GetStyleFontColor(sfButtonTextDisabled, tgRoot), style->GetStyleFontColor(sfButtonTextDisabled));
+}
+
+// Each of these changes what a cell looks like, and so lays the grid out; the editor's
+// color shows only when it opens.
+TEST(GridStyleSetters, LookSettersLayOutAndTheEditorColorDoesNot) {
+  gridtest::TProbeGrid grid(nullptr);
+  const std::pair<const char*, std::function<void()>> setters[] = {
+      {"HighlightText", [&] { grid.SetHighlightText(clRed); }},
+      {"SelectCellColor", [&] { grid.SetSelectCellColor(clRed); }},
+      {"SelectRowColor", [&] { grid.SetSelectRowColor(clRed); }},
+      {"SelectionColor", [&] { grid.SetSelectionColor(clRed); }},
+      {"StripeColor", [&] { grid.SetStripeColor(clRed); }},
+      {"DataColLineColor", [&] { grid.SetDataColLineColor(clRed); }},
+      {"DataRowLineColor", [&] { grid.SetDataRowLineColor(clRed); }},
+      {"FocusRect", [&] { grid.SetFocusRect(frGray); }},
+      {"HotButtons", [&] { grid.SetHotButtons(hbTile); }},
+      {"ListBorder", [&] { grid.SetListBorder(lbMild); }}};
+  for (const auto& [name, set] : setters) {
+    grid.layoutSources.clear();
+    set();
+    EXPECT_FALSE(grid.layoutSources.empty()) << name;
+    grid.layoutSources.clear();
+    set();
+    EXPECT_TRUE(grid.layoutSources.empty()) << name << " set again";
+  }
+  grid.layoutSources.clear();
+  grid.SetEditorColor(clRed);
+  EXPECT_TRUE(grid.layoutSources.empty());
+  EXPECT_EQ(grid.EditorColor(), clRed);
 }
 
 TEST_F(GridStyleTest, FixedLinesUnderAThemeFollowTheSystemTheme) {
