@@ -47,6 +47,7 @@ enum TGridStreaming { gsReading, gsWriting };
 using TGridStreamingState = TSet<TGridStreaming>;
 
 using TDBGridClickEvent = TEvent<void(TQuilColumn* column)>;
+using TDBGridColumnScrollEvent = TEvent<void(int dataCol)>;
 
 class TQuilCustomDBGrid : public TCustomGrid {
 public:
@@ -167,8 +168,11 @@ public:
   virtual void ColExpand(TQuilColumn* column);
   // An expand box was toggled; fires OnCellExpand.
   virtual void CellExpand(TQuilColumn* column);
+  // The first scrollable column shown changed; fires OnColumnScroll with its data column.
+  virtual void ColumnScroll(int dataCol);
   TDBGridClickEvent OnColExpand;
   TDBGridClickEvent OnCellExpand;
+  TDBGridColumnScrollEvent OnColumnScroll;
 
   // FIXME: column sizing stretches the visible columns over the client width; until
   // then StretchMode is only stored and stretch never becomes active.
@@ -449,6 +453,9 @@ public:
   void InvalidateTitle(TQuilColumn* column);
   void InvalidateTitles();
   void InvalidateTotals();
+  // The whole grid when a showing column's image tiles by kind or over the grid; true
+  // when it did.
+  bool InvalidateTile(TImageDraw kind);
 
   void DefineProperties(TFiler* filer) override;
   // True when a field is referenced by more than one column or total cell, so that
@@ -470,6 +477,7 @@ protected:
   void DrawCell(int col, int row, const TRect& rect, TGridDrawState state) override;
   void WMSize(TMessage& message) override;
   void RowHeightsChanged() override;
+  void TopLeftChanged() override;
   void CMExit(TMessage& message) override;
 
   virtual TQuilDBGridColumns* CreateColumns();
@@ -608,6 +616,7 @@ private:
   int busyCount_ = 0;
   bool inColExit_ = false;
   int lastDrawnCurrentRow_ = -1;
+  int lastLeftCol_ = 0;  // the raw LeftCol that OnColumnScroll last heard of
 
   TGridStreamingState streamingState_;
   bool updateFields_ = true;

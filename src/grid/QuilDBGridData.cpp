@@ -202,8 +202,9 @@ void TQuilCustomDBGrid::Scroll(int distance) {
   InvalidateRect(newBox);
   if (distance != 0) {
     HideEditor();
-    // FIXME: gradients invalidate the whole grid when a tile moves with the data.
-    if (std::abs(distance) > GetVisibleRowCount() || stripeColor_ != clNone) {
+    if (InvalidateTile(idTileCol)) {
+      // A tile that moves with the data repainted the whole grid.
+    } else if (std::abs(distance) > GetVisibleRowCount() || stripeColor_ != clNone) {
       InvalidateData();
     } else {
       if (options_.Contains(dgIndicator)) InvalidateCell(0, oldRow);

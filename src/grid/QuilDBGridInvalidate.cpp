@@ -1,4 +1,8 @@
-// What the grid repaints when its look changes, and its border.
+// What the grid repaints when its look changes, and its border. The grid keeps the base
+// paint: the window system buffers every paint, right to left too, so there is no
+// buffer of its own to draw through.
+#include <algorithm>
+
 #include "framework/graphics/Canvas.h"
 #include "framework/graphics/FrameDrawing.h"
 #include "framework/rtl/ScopeExit.h"
@@ -118,6 +122,14 @@ void TQuilCustomDBGrid::InvalidateTitles() {
   TGridDrawInfo info;
   CalcFixedInfo(info);
   InvalidateRect(Rect(0, 0, ClientWidth(), info.Vert.FixedBoundary));
+}
+
+bool TQuilCustomDBGrid::InvalidateTile(TImageDraw kind) {
+  const bool tiled = std::any_of(visibleColumns_.begin(), visibleColumns_.end(), [kind](const TQuilColumn* column) {
+    return column->ImageDraw() == kind || column->ImageDraw() == idTileGrid;
+  });
+  if (tiled) Invalidate();
+  return tiled;
 }
 
 void TQuilCustomDBGrid::InvalidateTotals() {

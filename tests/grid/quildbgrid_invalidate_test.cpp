@@ -208,6 +208,70 @@ TEST_F(GridInvalidateTest, UnderTheRowCountLockOnlyADoubleBufferedGridRepaints) 
   EXPECT_EQ(Pending(), Region(grid->ClientRect()));
 }
 
+// People's columns, customized so that their image settings stay.
+class TiledColumnsTest : public GridInvalidateTest {
+protected:
+  void SetUp() override {
+    Open(100);
+    grid->Columns()->SetState(quil::csCustomized);
+    Settle();
+  }
+  quil::TQuilColumn* Column(int dataCol) const { return grid->Columns()->Items(dataCol); }
+  void Tile(int dataCol, quil::TImageDraw kind) {
+    Column(dataCol)->SetImageDraw(kind);
+    Settle();
+  }
+};
+
+TEST_F(TiledColumnsTest, InvalidateTileRepaintsWholeForAShowingColumnTiledThatWay) {
+  EXPECT_FALSE(grid->InvalidateTile(quil::idTileCol));
+  Tile(1, quil::idTileCol);
+  EXPECT_FALSE(grid->InvalidateTile(quil::idTileRow));
+  EXPECT_TRUE(grid->UpdateRects().empty());
+  EXPECT_TRUE(grid->InvalidateTile(quil::idTileCol));
+  EXPECT_EQ(Pending(), Region(grid->ClientRect()));
+  Settle();
+  // A tile over the whole grid moves either way.
+  Tile(1, quil::idTileGrid);
+  EXPECT_TRUE(grid->InvalidateTile(quil::idTileRow));
+  Settle();
+  Column(1)->SetVisible(false);
+  Settle();
+  EXPECT_FALSE(grid->InvalidateTile(quil::idTileRow));
+  EXPECT_TRUE(grid->UpdateRects().empty());
+}
+
+// Painted straight to the screen, so that the row counts repaint nothing: without the
+// tile only the rows that scrolling touches paint.
+TEST_F(TiledColumnsTest, ScrollingRepaintsTheWholeGridUnderATileThatMovesWithTheData) {
+  grid->SetDoubleBuffered(false);
+  Tile(2, quil::idTileCol);
+  grid->MoveBy(grid->DataLink()->BufferCount() - 1);
+  Settle();
+  dataSet->Next();
+  Paint();
+  EXPECT_EQ(int(grid->DrawnRows().size()), grid->RowCount());
+}
+
+TEST_F(TiledColumnsTest, ANewLeftColumnRepaintsARowTileAndIsReported) {
+  for (int dataCol = 0; dataCol < 4; ++dataCol) Column(dataCol)->SetWidth(200);
+  Settle();
+  std::vector<int> scrolledTo;
+  grid->OnColumnScroll = [&](int dataCol) { scrolledTo.push_back(dataCol); };
+  grid->SetLeftCol(grid->LeftCol() + 1);
+  EXPECT_NE(Pending(), Region(grid->ClientRect())) << "only what the scroll exposes";
+  EXPECT_EQ(scrolledTo, std::vector<int>{grid->RawToDataColumn(grid->LeftCol())});
+  Settle();
+  Tile(3, quil::idTileRow);
+  grid->SetLeftCol(grid->LeftCol() + 1);
+  EXPECT_EQ(Pending(), Region(grid->ClientRect()));
+  EXPECT_EQ(scrolledTo.size(), 2u);
+  Settle();
+  // A move of the rows alone is no column scroll.
+  grid->MoveBy(30);
+  EXPECT_EQ(scrolledTo.size(), 2u);
+}
+
 TEST_F(GridInvalidateTest, WithoutAWindowNothingIsInvalidated) {
   quil::TQuilDBGrid loose(nullptr);
   loose.InvalidateBox(1, 1);
