@@ -440,6 +440,8 @@ public:
   void UpdateBorder(bool recreate);
   // Draws that frame; only inside the paint of the window's frame, which calls it.
   virtual void InvalidateBorder();
+  // The square between the scroll bars, in the same paint; the base fills it.
+  virtual void InvalidateCorner();
 
   // Each invalidates exactly what its change touches; none without a window.
   // Without double buffering, stands still while the row count is being worked out:

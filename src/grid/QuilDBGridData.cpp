@@ -238,7 +238,8 @@ void TQuilCustomDBGrid::WMSize(TMessage& message) {
   dataLink_->UpdateRecord();
   if (updateLock_ == 0) UpdateRowCount();
   UpdateScrollBar();
-  // FIXME: the search panel, borders, corner, totals and stretching follow the size.
+  // A new size repaints the whole window, its frame too. FIXME: the search panel and
+  // stretching follow the size.
   InvalidateEditor();
 }
 

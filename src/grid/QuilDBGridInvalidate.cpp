@@ -49,11 +49,19 @@ void TQuilCustomDBGrid::InvalidateBorder() {
     BorderFrame(this, frameCanvas_, false);
 }
 
+// The base fills the square with the face color of the style in force, on either side
+// the vertical scroll bar stands.
+void TQuilCustomDBGrid::InvalidateCorner() {
+  // FIXME: a search panel below the grid moves the square up by the panel's height,
+  // and fills the strip beside a panel taller than the scroll bar's room.
+}
+
 void TQuilCustomDBGrid::WMNCPaint(TMessage& message) {
   TCustomGrid::WMNCPaint(message);
   frameCanvas_ = reinterpret_cast<TCanvas*>(message.WParam);
   TScopeExit release([this] { frameCanvas_ = nullptr; });
   InvalidateBorder();
+  InvalidateCorner();
 }
 
 // --- Invalidation

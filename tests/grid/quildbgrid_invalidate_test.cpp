@@ -34,20 +34,11 @@ protected:
     grid->SwitchOptionsEx({quil::dgTotalFooter}, true);
     Settle();
   }
-  QImage Grab() const { return grid->Handle()->grab().toImage(); }
   // A client point in the pixels of the grid's window, frame included.
   quil::TPoint ClientToWidget(quil::TPoint point) const {
     const quil::TPoint screen = grid->ClientToScreen(point);
     const QPoint local = grid->Handle()->mapFromGlobal(QPoint(screen.X, screen.Y));
     return quil::Point(local.x(), local.y());
-  }
-  static quil::TColor At(const QImage& image, int x, int y) {
-    const QRgb pixel = image.pixel(x, y);
-    return quil::RGB(qRed(pixel), qGreen(pixel), qBlue(pixel));
-  }
-  static void Save(const QImage& image, const char* name) {
-    const QString folder = qEnvironmentVariable("QUIL_GRAPHICS_SNAPSHOTS");
-    if (!folder.isEmpty()) image.save(folder + QLatin1Char('/') + QLatin1String(name) + ".png");
   }
 };
 
@@ -82,6 +73,17 @@ TEST_F(GridInvalidateTest, AMergedTotalCellTakesTheLineOnItsLeft) {
   Settle();
   grid->InvalidateBox(2, totalRow);
   EXPECT_EQ(Pending(), Region(grid->BoxRect(2, totalRow, 2, totalRow)));
+}
+
+TEST_F(GridInvalidateTest, RightToLeftAMergedTotalCellTakesTheLineOnItsRight) {
+  OpenWithFooter();
+  grid->SetBiDiMode(quil::bdRightToLeft);
+  Settle();
+  const int totalRow = LastRow();
+  TRect expected = grid->BoxRect(2, totalRow, 2, totalRow);
+  ++expected.Right;
+  grid->InvalidateBox(2, totalRow);
+  EXPECT_EQ(Pending(), Region(expected));
 }
 
 TEST_F(GridInvalidateTest, InvalidateColCoversTheColumnFromTitleToLastRow) {
@@ -281,51 +283,45 @@ TEST_F(GridInvalidateTest, WithoutAWindowNothingIsInvalidated) {
   loose.InvalidateTitle(nullptr);
   loose.InvalidateTitles();
   loose.InvalidateTotals();
+  loose.Invalidate();
   EXPECT_FALSE(loose.HandleAllocated());
   EXPECT_TRUE(loose.UpdateRects().empty());
 }
 
+// The switch itself must leave the whole client pending: grabbing would paint anyway,
+// so the pixels tell only what the repaint looks like.
 TEST_F(GridInvalidateTest, SwitchingStyleAtRunTimeRepaintsWithTheNewColors) {
   Open(30);
   const TRect cell = grid->CellRect(2, 3);
   const quil::TPoint inside = ClientToWidget(quil::Point(cell.Right - 3, cell.Top + 2));
+  const TRect titleCell = grid->CellRect(2, 0);
+  const quil::TPoint title = ClientToWidget(quil::Point(titleCell.Right - 3, titleCell.Top + 2));
   const QImage system = Grab();
   Save(system, "grid_style_system");
   EXPECT_EQ(At(system, inside.X, inside.Y), quil::ColorToRGB(quil::clWindow));
+  const quil::TImageList* markers = grid->Markers();
+  const quil::TImageList* indicators = grid->Indicators();
 
   quil::TStyleManager::SetStyle(QStringLiteral("Quil Dark"));
+  EXPECT_EQ(Pending(), Region(grid->ClientRect()));
+  // The glyphs take the new style's colors without waiting for a layout.
+  EXPECT_NE(grid->Markers(), markers);
+  EXPECT_NE(grid->Indicators(), indicators);
   Settle();
   const QImage dark = Grab();
   Save(dark, "grid_style_dark");
   EXPECT_EQ(At(dark, inside.X, inside.Y), quil::ColorToRGB(quil::clWindow));
   EXPECT_NE(At(dark, inside.X, inside.Y), At(system, inside.X, inside.Y));
+  EXPECT_NE(At(dark, title.X, title.Y), At(system, title.X, title.Y));
   // Under a custom style the fixed cells get their lines as well.
   EXPECT_TRUE(grid->quil::TCustomGrid::Options().Contains(quil::goFixedVertLine));
 
   quil::TStyleManager::SetStyle(QStringLiteral("Quil Light"));
+  EXPECT_EQ(Pending(), Region(grid->ClientRect()));
   Settle();
   const QImage light = Grab();
   Save(light, "grid_style_light");
   EXPECT_EQ(At(light, inside.X, inside.Y), quil::ColorToRGB(quil::clWindow));
-}
-
-TEST_F(GridInvalidateTest, SofterFixedStylesFrameTheBorderThemselves) {
-  Open(30);
-  grid->SetFixedTheme(quil::ftNone);
-  ASSERT_FALSE(grid->GridCtl3D());
-  Settle();
-  const quil::TColor plainFrame = At(Grab(), 0, 0);
-  EXPECT_EQ(plainFrame, quil::ColorToRGB(quil::clWindowFrame));
-  grid->SetFixedStyle(quil::fsFine);
-  Settle();
-  QImage mild = Grab();
-  Save(mild, "grid_border_mild");
-  EXPECT_EQ(At(mild, 0, 0), quil::ColorToRGB(quil::clBtnShadow));
-  EXPECT_EQ(At(mild, mild.width() - 1, mild.height() - 1), quil::ColorToRGB(quil::clBtnShadow));
-  // Without row lines the base's frame stands.
-  grid->SwitchOptions({quil::dgRowLines}, false);
-  Settle();
-  EXPECT_EQ(At(Grab(), 0, 0), plainFrame);
 }
 
 }  // namespace
