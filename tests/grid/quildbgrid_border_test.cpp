@@ -31,6 +31,13 @@ protected:
     return corners;
   }
   static std::pair<TColor, TColor> Both(TColor color) { return {ColorToRGB(color), ColorToRGB(color)}; }
+  // The windows made for the grid while action runs.
+  template <typename Action>
+  int WindowsMadeBy(Action action) {
+    grid->windowsMade = 0;
+    action();
+    return grid->windowsMade;
+  }
 };
 
 TEST_F(GridBorderTest, SofterFixedStylesFrameTheBorderThemselves) {
@@ -103,21 +110,14 @@ TEST_F(GridBorderTest, EachPaintOfTheFrameReachesTheCorner) {
 TEST_F(GridBorderTest, UpdateBorderRecreatesOnlyASingleFlatBorder) {
   Open(30);
   grid->SetCtl3D(false);
-  grid->windowsMade = 0;
-  grid->UpdateBorder(false);
-  EXPECT_EQ(grid->windowsMade, 0);
-  grid->UpdateBorder(true);
-  EXPECT_EQ(grid->windowsMade, 1);
+  EXPECT_EQ(WindowsMadeBy([&] { grid->UpdateBorder(false); }), 0);
+  EXPECT_EQ(WindowsMadeBy([&] { grid->UpdateBorder(true); }), 1);
   EXPECT_TRUE(grid->HandleAllocated());
   grid->SetCtl3D(true);
-  grid->windowsMade = 0;
-  grid->UpdateBorder(true);
-  EXPECT_EQ(grid->windowsMade, 0);
+  EXPECT_EQ(WindowsMadeBy([&] { grid->UpdateBorder(true); }), 0);
   grid->SetCtl3D(false);
   grid->SetBorderStyle(bsNone);
-  grid->windowsMade = 0;
-  grid->UpdateBorder(true);
-  EXPECT_EQ(grid->windowsMade, 0);
+  EXPECT_EQ(WindowsMadeBy([&] { grid->UpdateBorder(true); }), 0);
 }
 
 // While Ctl3DAuto holds, a border that must turn is turned, and that is all.
@@ -126,22 +126,16 @@ TEST_F(GridBorderTest, UpdateBorderTurnsAnAutomaticBorderInsteadOfRecreating) {
   grid->SetFixedTheme(ftNone);
   ASSERT_TRUE(grid->Ctl3DAuto());
   ASSERT_FALSE(grid->GridCtl3D());
-  grid->windowsMade = 0;
-  grid->SetFixedTheme(ftDefault);
+  EXPECT_EQ(WindowsMadeBy([&] { grid->SetFixedTheme(ftDefault); }), 0);
   EXPECT_TRUE(grid->GridCtl3D());
-  EXPECT_EQ(grid->windowsMade, 0);
 }
 
 TEST_F(GridBorderTest, AThemeChangeAcrossNoneRecreatesTheWindow) {
   Open(30);
   grid->SetCtl3D(false);
-  grid->windowsMade = 0;
-  grid->SetFixedTheme(ftTabs);
-  EXPECT_EQ(grid->windowsMade, 0) << "both themed";
-  grid->SetFixedTheme(ftNone);
-  EXPECT_EQ(grid->windowsMade, 1);
-  grid->SetFixedTheme(ftButtons);
-  EXPECT_EQ(grid->windowsMade, 2);
+  EXPECT_EQ(WindowsMadeBy([&] { grid->SetFixedTheme(ftTabs); }), 0) << "both themed";
+  EXPECT_EQ(WindowsMadeBy([&] { grid->SetFixedTheme(ftNone); }), 1);
+  EXPECT_EQ(WindowsMadeBy([&] { grid->SetFixedTheme(ftButtons); }), 1);
 }
 
 TEST_F(GridBorderTest, AFixedStyleChangeRecreatesAnUnthemedWindowAndCountsTheRowsAgain) {
@@ -151,17 +145,13 @@ TEST_F(GridBorderTest, AFixedStyleChangeRecreatesAnUnthemedWindowAndCountsTheRow
   const int rowCount = grid->RowCount();
   grid->BeginLayout();
   grid->SetRowCount(rowCount + 5);
-  grid->windowsMade = 0;
-  grid->SetFixedStyle(fsGray);
+  EXPECT_EQ(WindowsMadeBy([&] { grid->SetFixedStyle(fsGray); }), 1);
   // The layout waits for the transaction; the rows are counted now.
   EXPECT_EQ(grid->RowCount(), rowCount);
-  EXPECT_EQ(grid->windowsMade, 1);
   grid->EndLayout();
   // Themed, the style leaves the window.
   grid->SetFixedTheme(ftDefault);
-  grid->windowsMade = 0;
-  grid->SetFixedStyle(fsSoft);
-  EXPECT_EQ(grid->windowsMade, 0);
+  EXPECT_EQ(WindowsMadeBy([&] { grid->SetFixedStyle(fsSoft); }), 0);
 }
 
 }  // namespace

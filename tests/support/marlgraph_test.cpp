@@ -419,38 +419,40 @@ TEST_F(MarlGraphTest, FillStyleRectRunsFromLighterToDarkerAndPlainWithoutGradien
   EXPECT_EQ(Pixel(50, 0), color);
 }
 
-TEST_F(MarlGraphTest, FillStyleBackTakesTheStyleElementsColors) {
+struct StyleBackCase {
+  const char* name;
+  bool hot, pressed;
+  TThemedGrid gradientPart, classicPart;
+};
+
+class FillStyleBackTest : public MarlGraphTest, public ::testing::WithParamInterface<StyleBackCase> {};
+
+// The fixed grid cell of the button's state: its gradient pair with gradients on, else
+// its fill.
+TEST_P(FillStyleBackTest, TakesTheColorsOfTheStylesElementForTheState) {
   TStyleManager::SetStyle(QStringLiteral("Quil Dark"));
+  const StyleBackCase& row = GetParam();
   const TCustomStyleServices* style = StyleServices();
+  const TThemedElementDetails gradientPart = TCustomStyleServices::GetElementDetails(row.gradientPart);
   TColor top = clNone, bottom = clNone, classic = clNone;
-  style->GetElementColor(TCustomStyleServices::GetElementDetails(tgGradientFixedCellHot), ecGradientColor1, top);
-  style->GetElementColor(TCustomStyleServices::GetElementDetails(tgGradientFixedCellHot), ecGradientColor2, bottom);
-  style->GetElementColor(TCustomStyleServices::GetElementDetails(tgClassicFixedCellPressed), ecFillColor, classic);
+  style->GetElementColor(gradientPart, ecGradientColor1, top);
+  style->GetElementColor(gradientPart, ecGradientColor2, bottom);
+  style->GetElementColor(TCustomStyleServices::GetElementDetails(row.classicPart), ecFillColor, classic);
   TMarlGradient gradient(nullptr);
-  gradient.FillStyleBack(canvas(), Rect(0, 0, 20, 40), clWhite, 0, 0, true, false, false);
+  gradient.FillStyleBack(canvas(), Rect(0, 0, 20, 40), clWhite, 0, 0, row.hot, row.pressed, false);
   ExpectNear(Pixel(10, 0), top);
   ExpectNear(Pixel(10, 39), bottom);
   gradient.SetOptions({});
-  gradient.FillStyleBack(canvas(), Rect(20, 0, 40, 40), clWhite, 0, 0, false, true, false);
+  gradient.FillStyleBack(canvas(), Rect(20, 0, 40, 40), clWhite, 0, 0, row.hot, row.pressed, false);
   EXPECT_EQ(Pixel(30, 20), classic);
 }
 
-TEST_F(MarlGraphTest, FillStyleBackOfANormalButtonTakesTheNormalElements) {
-  TStyleManager::SetStyle(QStringLiteral("Quil Dark"));
-  const TCustomStyleServices* style = StyleServices();
-  TColor top = clNone, bottom = clNone, classic = clNone;
-  style->GetElementColor(TCustomStyleServices::GetElementDetails(tgGradientFixedCellNormal), ecGradientColor1, top);
-  style->GetElementColor(TCustomStyleServices::GetElementDetails(tgGradientFixedCellNormal), ecGradientColor2,
-                         bottom);
-  style->GetElementColor(TCustomStyleServices::GetElementDetails(tgClassicFixedCellNormal), ecFillColor, classic);
-  TMarlGradient gradient(nullptr);
-  gradient.FillStyleBack(canvas(), Rect(0, 0, 20, 40), clWhite, 0, 0, false, false, false);
-  ExpectNear(Pixel(10, 0), top);
-  ExpectNear(Pixel(10, 39), bottom);
-  gradient.SetOptions({});
-  gradient.FillStyleBack(canvas(), Rect(20, 0, 40, 40), clWhite, 0, 0, false, false, false);
-  EXPECT_EQ(Pixel(30, 20), classic);
-}
+INSTANTIATE_TEST_SUITE_P(
+    States, FillStyleBackTest,
+    ::testing::Values(StyleBackCase{"Normal", false, false, tgGradientFixedCellNormal, tgClassicFixedCellNormal},
+                      StyleBackCase{"Hot", true, false, tgGradientFixedCellHot, tgClassicFixedCellHot},
+                      StyleBackCase{"Pressed", false, true, tgGradientFixedCellPressed, tgClassicFixedCellPressed}),
+    [](const ::testing::TestParamInfo<StyleBackCase>& info) { return std::string(info.param.name); });
 
 }  // namespace
 }  // namespace quil
