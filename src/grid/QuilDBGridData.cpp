@@ -198,8 +198,9 @@ void TQuilCustomDBGrid::Scroll(int distance) {
   InvalidateRect(newBox);
   if (distance != 0) {
     HideEditor();
-    // FIXME: gradients invalidate the whole grid when a tile moves with the data.
-    if (std::abs(distance) > GetVisibleRowCount() || stripeColor_ != clNone) {
+    if (InvalidateTile(idTileCol)) {
+      // A tile that moves with the data repainted the whole grid.
+    } else if (std::abs(distance) > GetVisibleRowCount() || stripeColor_ != clNone) {
       InvalidateData();
     } else {
       if (options_.Contains(dgIndicator)) InvalidateCell(0, oldRow);
@@ -233,7 +234,8 @@ void TQuilCustomDBGrid::WMSize(TMessage& message) {
   dataLink_->UpdateRecord();
   if (updateLock_ == 0) UpdateRowCount();
   UpdateScrollBar();
-  // FIXME: the search panel, borders, corner, totals and stretching follow the size.
+  // A new size repaints the whole window, its frame too. FIXME: the search panel and
+  // stretching follow the size.
   InvalidateEditor();
 }
 

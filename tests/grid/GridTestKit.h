@@ -3,6 +3,7 @@
 // its protected hooks, and a shown form with the grid over an in-memory people table.
 
 #include <QCoreApplication>
+#include <QImage>
 #include <QWidget>
 #include <gtest/gtest.h>
 #include <map>
@@ -32,11 +33,19 @@ public:
   // Cells drawn since the last ClearDrawn, by base grid row and column.
   std::map<std::pair<int, int>, int> drawn;
   int colExits = 0;
+  // Windows made for the grid, the first one included.
+  int windowsMade = 0;
+  // Paints of the window's frame that reached the corner between the scroll bars.
+  int cornerPaints = 0;
   // LayoutFromDataSet at each LayoutChanged.
   std::vector<bool> layoutSources;
   // Where ColExit moves the cursor to itself; -1 leaves it.
   int exitMovesTo = -1;
 
+  void InvalidateCorner() override {
+    ++cornerPaints;
+    TQuilDBGrid::InvalidateCorner();
+  }
   void ClearDrawn() { drawn.clear(); }
   int DrawnCount() const {
     int count = 0;
@@ -67,6 +76,10 @@ protected:
   void ColExit() override {
     ++colExits;
     if (exitMovesTo >= 0) SetCol(exitMovesTo);
+  }
+  void CreateWnd() override {
+    ++windowsMade;
+    TQuilDBGrid::CreateWnd();
   }
 };
 
@@ -101,6 +114,18 @@ protected:
   void Paint() {
     grid->Update();
     QCoreApplication::processEvents();
+  }
+  // What the grid's window shows, frame included. Grabbing paints whatever is pending,
+  // so it tells what a paint looks like, never whether the grid asked for one.
+  QImage Grab() const { return grid->Handle()->grab().toImage(); }
+  static quil::TColor At(const QImage& image, int x, int y) {
+    const QRgb pixel = image.pixel(x, y);
+    return quil::RGB(qRed(pixel), qGreen(pixel), qBlue(pixel));
+  }
+  // Saves the image for a look by eye when QUIL_GRAPHICS_SNAPSHOTS names a folder.
+  static void Save(const QImage& image, const char* name) {
+    const QString folder = qEnvironmentVariable("QUIL_GRAPHICS_SNAPSHOTS");
+    if (!folder.isEmpty()) image.save(folder + QLatin1Char('/') + QLatin1String(name) + ".png");
   }
   // Data rows that fit, worked out from the row heights alone; the last row's bottom
   // line may fall outside.
