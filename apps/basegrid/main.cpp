@@ -11,7 +11,9 @@
 #include <QApplication>
 #include <QCommandLineParser>
 #include <QTimer>
+#include <QDeadlineTimer>
 #include <QPixmap>
+#include <QWindow>
 #include <QScreen>
 #include <QWidget>
 #include <cstdio>
@@ -76,6 +78,12 @@ void ApplyOptions(quil::demo::TCellGrid& grid, const Options& options) {
   if (options.edit) grid.SetEditorMode(true);
 }
 
+void WaitUntilShown(QWidget* window) {
+  QDeadlineTimer deadline(5000);
+  while (!deadline.hasExpired() && !(window->windowHandle()->isExposed() && window->isActiveWindow()))
+    QCoreApplication::processEvents(QEventLoop::AllEvents, 50);
+}
+
 // Offscreen there is no screen to read: the window paints itself into the picture.
 QPixmap Picture(QWidget* window) {
   if (QGuiApplication::platformName() == QLatin1String("offscreen")) return window->grab();
@@ -110,8 +118,10 @@ int main(int argc, char** argv) {
   grid->SetOnKeyDown(quil::TKeyEvent(&switcher, &StyleSwitcher::KeyDown));
   form.Show();
   form.Handle()->activateWindow();
-  // The options wait for the window to be active, so that the grid can take the focus.
+  // The options and the script wait for the window to be shown and active, so that the
+  // grid can take the focus and the mouse meets the window where the screen shows it.
   QTimer::singleShot(0, &app, [&] {
+    WaitUntilShown(form.Handle());
     ApplyOptions(*grid, options);
     try {
       if (script) demo::PlayScript(*script, *grid);
