@@ -23,6 +23,8 @@ using quil::TRect;
 class TProbeGrid : public quil::TQuilDBGrid {
 public:
   using TQuilDBGrid::TQuilDBGrid;
+  using TQuilDBGrid::CanEditModify;
+  using TQuilDBGrid::CanEditShow;
   using TQuilDBGrid::ColExit;
   using TQuilDBGrid::GetEditLimit;
   using TQuilDBGrid::GetEditMask;
@@ -34,7 +36,7 @@ public:
   int colExits = 0;
   // LayoutFromDataSet at each LayoutChanged.
   std::vector<bool> layoutSources;
-  // Where ColExit moves the cursor to itself; -1 leaves it.
+  // Where ColExit moves the cursor to itself; -1 leaves it to the grid's own exit.
   int exitMovesTo = -1;
 
   void ClearDrawn() { drawn.clear(); }
@@ -67,6 +69,7 @@ protected:
   void ColExit() override {
     ++colExits;
     if (exitMovesTo >= 0) SetCol(exitMovesTo);
+    else TQuilDBGrid::ColExit();
   }
 };
 
