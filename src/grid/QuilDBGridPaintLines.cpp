@@ -72,8 +72,7 @@ void TQuilCustomDBGrid::DrawColLine(const TRect& rect, TCellLook& look) {
   int below = width - 1;
   const bool noLines = dataColLineColor_ == clNone && dataRowLineColor_ == clNone;
   const bool blankRow = look.dataRow == look.lastRow;
-  const bool aboveTallBlank = look.dataRow == look.lastRow - 1 && optionsEx_.Contains(dgBlankRow) &&
-                              GetBlankHeight() >= GetRowHeight();
+  const bool aboveTallBlank = look.dataRow == look.lastRow - 1 && GetBlankHeight() >= GetRowHeight();
   if (noLines && (blankRow || aboveTallBlank)) below -= width;
   const TColor lineColor = color == clNone ? Canvas()->Brush()->Color() : color;
   DrawLineRun(lineColor, look, Point(rect.Right, bottom + below), Point(rect.Right, rect.Top - 1), Point(1, 0), width);
