@@ -638,7 +638,9 @@ private:
   void DrawLineRun(TColor color, const TCellLook& look, TPoint from, TPoint to, TPoint step, int count);
   TRect GrowOverSkippedLines(TRect rect) const;
   void SelectionFill(TRect rect, const TCellLook& look);
+  void GradientFill(const TRect& rect, TColor color);
   void SelectionElement(TRect rect, const TCellLook& look);
+  void DrawSelectionElement(TThemedGrid element, const TRect& rect, const TRect& clip, const TCellLook& look);
   void SearchHighlight(const TCellTextMatch& match, const TCellLook& look);
   void DrawCellFocus(TRect rect, const TCellLook& look);
   TRect RowBox(int row) const;
