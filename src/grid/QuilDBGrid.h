@@ -128,6 +128,8 @@ public:
   int RawToDataColumn(int raw) const { return raw - indicatorOffset_; }
   int DataToRawColumn(int data) const { return data + indicatorOffset_; }
   int SelectedIndex() const { return RawToDataColumn(Col()); }
+  // The data column at LeftCol: the first that scrolls, as the base grid keeps LeftCol past the frozen ones.
+  int GetDataLeftCol() const { return RawToDataColumn(LeftCol()); }
   void SetSelectedIndex(int dataCol);
   TQuilColumn* SelectedColumn() const;
   void SetSelectedColumn(TQuilColumn* column);
