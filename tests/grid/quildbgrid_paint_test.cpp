@@ -212,6 +212,15 @@ TEST_F(GridPaint, ASearchTextIsMarkedInTheCellsThatHoldIt) {
   Save(image, "search");
   EXPECT_TRUE(marked(image, Cell(NameCol, 3)));
   EXPECT_FALSE(marked(image, Cell(CityCol, 3)));
+  grid->Search()->SetOptions(grid->Search()->Options() + soCurrentCol);
+  grid->Invalidate();
+  Paint();
+  EXPECT_FALSE(marked(Grab(), Cell(NameCol, 3))) << "only the selected column is searched";
+  grid->SetSelectedIndex(NameCol - 1);
+  grid->Search()->SetText(QStringLiteral("ame00"));  // leaving a column clears the search
+  grid->Invalidate();
+  Paint();
+  EXPECT_TRUE(marked(Grab(), Cell(NameCol, 3)));
   grid->Search()->SetColor(clNone);
   Paint();
   EXPECT_FALSE(marked(Grab(), Cell(NameCol, 3)));
