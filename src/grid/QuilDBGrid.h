@@ -140,6 +140,8 @@ public:
   int RawToDataColumn(int raw) const { return raw - indicatorOffset_; }
   int DataToRawColumn(int data) const { return data + indicatorOffset_; }
   int SelectedIndex() const { return RawToDataColumn(Col()); }
+  // The data column at LeftCol: the first that scrolls, as the base grid keeps LeftCol past the frozen ones.
+  int GetDataLeftCol() const { return RawToDataColumn(LeftCol()); }
   void SetSelectedIndex(int dataCol);
   TQuilColumn* SelectedColumn() const;
   void SetSelectedColumn(TQuilColumn* column);
@@ -665,7 +667,9 @@ private:
   void DrawLineRun(TColor color, const TCellLook& look, TPoint from, TPoint to, TPoint step, int count);
   TRect GrowOverSkippedLines(TRect rect) const;
   void SelectionFill(TRect rect, const TCellLook& look);
+  void GradientFill(const TRect& rect, TColor color);
   void SelectionElement(TRect rect, const TCellLook& look);
+  void DrawSelectionElement(TThemedGrid element, const TRect& rect, const TRect& clip, const TCellLook& look);
   void SearchHighlight(const TCellTextMatch& match, const TCellLook& look);
   void DrawCellFocus(TRect rect, const TCellLook& look);
   TRect RowBox(int row) const;

@@ -331,6 +331,7 @@ bool IsWin08() {
   return answer;
 }
 
+// True everywhere: the framework draws the current flat look on every platform, and the grid follows it.
 bool IsWin11() {
   static const bool answer = IsWin11Version(PlatformMajor, PlatformBuild);
   return answer;

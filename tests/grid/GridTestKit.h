@@ -24,6 +24,8 @@ using quil::TRect;
 class TProbeGrid : public quil::TQuilDBGrid {
 public:
   using TQuilDBGrid::TQuilDBGrid;
+  using TQuilDBGrid::CanEditModify;
+  using TQuilDBGrid::CanEditShow;
   using TQuilDBGrid::ColExit;
   using TQuilDBGrid::GetEditLimit;
   using TQuilDBGrid::GetEditMask;
@@ -39,7 +41,7 @@ public:
   int cornerPaints = 0;
   // LayoutFromDataSet at each LayoutChanged.
   std::vector<bool> layoutSources;
-  // Where ColExit moves the cursor to itself; -1 leaves it.
+  // Where ColExit moves the cursor to itself; -1 leaves it to the grid's own exit.
   int exitMovesTo = -1;
 
   void InvalidateCorner() override {
@@ -76,6 +78,7 @@ protected:
   void ColExit() override {
     ++colExits;
     if (exitMovesTo >= 0) SetCol(exitMovesTo);
+    else TQuilDBGrid::ColExit();
   }
   void CreateWnd() override {
     ++windowsMade;
