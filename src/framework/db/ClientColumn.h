@@ -42,6 +42,12 @@ public:
     return true;
   }
   Variant Value(int row) const;
+  bool IsNull(int row) const { return nulls_[size_t(row)] != 0; }
+  // The stored value of a row, for a column whose kind stores T; reads nothing else.
+  template <typename T>
+  const T& At(int row) const {
+    return (*std::get_if<std::vector<T>>(&values_))[size_t(row)];
+  }
   // Null or Unassigned clears the value; raises EVariantError when value does not fit.
   void Write(int row, const Variant& value);
   // Null first; text code unit by code unit, or without case.
