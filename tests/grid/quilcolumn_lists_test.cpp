@@ -1,0 +1,66 @@
+// The lists a column's value is picked from: pick options, multi-select lists and
+// lookups.
+#include "ColumnTestKit.h"
+#include "framework/rtl/Strings.h"
+
+using namespace quil;
+
+namespace {
+
+TEST(QuilColumnAlone, PickOptionsKeepTheirPairs) {
+  TQuilDBGridColumns columns(nullptr);
+  TQuilColumn* column = columns.Add();
+  column->SwitchPickOptions({poAutoLoadList}, true);
+  EXPECT_FALSE(column->PickOptions().Contains(poSelectPickText)) << "a loaded list holds values only";
+  column->SwitchPickOptions({poStoreItemIndex}, true);
+  EXPECT_TRUE(column->PickOptions().Contains(poAcceptItemIndex));
+}
+
+class QuilColumnLists : public gridtest::ColumnFixture {};
+
+TEST_F(QuilColumnLists, MultiSelectListsShowTheirFirstItemAndAnEllipsis) {
+  Open(5);
+  TQuilColumn* name = ColumnOf("Name");
+  name->PickList()->Add("a");
+  EXPECT_FALSE(name->GetMultiSelectList());
+  EXPECT_EQ(name->FormatText(""), QString());
+  name->SwitchListOptions({loMultiSelectList}, true);
+  EXPECT_TRUE(name->GetMultiSelectList());
+  EXPECT_EQ(name->FormatText(""), QStringLiteral("..."));
+  EXPECT_EQ(name->FormatText("a,b"), QStringLiteral("a ..."));
+  EXPECT_EQ(name->FormatText("a"), QStringLiteral("a"));
+  EXPECT_FALSE(ColumnOf("ID")->GetMultiSelectList()) << "numbers hold no lists";
+}
+
+TEST_F(QuilColumnLists, LookupKindFollowsKeyAndResultFields) {
+  Open(5);
+  dbtest::TWindowCheckedDataSet cities(nullptr);
+  cities.FieldDefs()->Add("Code", ftString, 20);
+  cities.FieldDefs()->Add("Title", ftString, 20);
+  cities.CreateDataSet();
+  grid->Columns()->SetState(csCustomized);
+  TQuilColumn* city = ColumnOf("City");
+  EXPECT_EQ(city->GetLookupColumn(), lcNotDefined);
+  city->SetLookupDataSet(&cities);
+  city->SetLookupKeyField("Code");
+  EXPECT_EQ(city->GetLookupColumn(), lcLookupKeyField) << "the key field is the column's own";
+  EXPECT_EQ(city->LookupResultField(), QStringLiteral("Code"));
+  city->SetLookupResultField("Title");
+  EXPECT_EQ(city->GetLookupColumn(), lcLookupValueField);
+  EXPECT_EQ(city->GetDisplayName(), QStringLiteral("Title[City]"));
+  EXPECT_EQ(city->LookupListFields(), QStringLiteral("Title"));
+  city->SetKeyField("Name");
+  EXPECT_EQ(city->KeyField(), QStringLiteral("Name"));
+  EXPECT_EQ(city->LookupKeyField(), QStringLiteral("Code"));
+  EXPECT_EQ(city->LookupResultField(), QStringLiteral("Title"));
+  EXPECT_EQ(city->LookupDataSet(), &cities);
+  EXPECT_EQ(city->GetLookupColumn(), lcLookupResultField);
+  city->SetKeyField("City");
+  EXPECT_EQ(city->KeyField(), QStringLiteral("City"));
+  EXPECT_FALSE(city->IsKeyFieldStored()) << "a key equal to the column's field is not kept";
+  EXPECT_THROW(city->SetLookupDataSet(dataSet), EDatabaseError);
+  city->SetLookupDataSet(nullptr);
+  EXPECT_EQ(city->GetLookupColumn(), lcNotDefined);
+}
+
+}  // namespace

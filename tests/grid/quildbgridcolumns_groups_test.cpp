@@ -1,0 +1,169 @@
+// Groups of expandable columns: parents and depth, showing and expanding, moving a
+// group as a block, and the columns of object fields.
+#include "ColumnTestKit.h"
+#include "framework/db/ObjectFields.h"
+#include "framework/db/StringFields.h"
+
+using namespace quil;
+using gridtest::FieldNames;
+
+namespace {
+
+class QuilDBGridColumnGroups : public gridtest::ColumnFixture {
+protected:
+  // Customized columns ID, Name (owns City and Amount).
+  void OpenGroup() {
+    Open(5);
+    grid->Columns()->SetState(csCustomized);
+    group = grid->Columns()->Items(1);
+    group->SetExpandCols(2);
+  }
+  TQuilColumn* Column(int index) { return grid->Columns()->Items(index); }
+  void TearDown() override {
+    if (grid) grid->Columns()->CheckConsistency();
+    ColumnFixture::TearDown();
+  }
+  TQuilColumn* group = nullptr;
+};
+
+TEST_F(QuilDBGridColumnGroups, ACollapsedGroupShowsAloneAndAnExpandedOneShowsItsChildren) {
+  OpenGroup();
+  EXPECT_TRUE(group->GetExpandable());
+  EXPECT_EQ(Column(2)->ParentColumn(), group);
+  EXPECT_EQ(Column(3)->ParentColumn(), group);
+  EXPECT_EQ(Column(3)->Depth(), 1);
+  EXPECT_EQ(group->GetExpandIndex(), 3);
+  EXPECT_FALSE(group->GetShowing()) << "expanded by default, it gives its room to its children";
+  group->SetExpanded(false);
+  EXPECT_TRUE(group->GetShowing());
+  EXPECT_FALSE(Column(2)->GetShowing());
+  EXPECT_FALSE(Column(3)->GetShowing());
+  EXPECT_EQ(grid->TitleOffset(), 1) << "only shown columns count for the title rows";
+  group->SetExpanded(true);
+  EXPECT_FALSE(group->GetShowing());
+  EXPECT_TRUE(Column(2)->GetShowing());
+  EXPECT_TRUE(Column(3)->GetShowing());
+  EXPECT_EQ(grid->TitleOffset(), 2);
+  EXPECT_EQ(grid->VisibleColumns().size(), 3u);
+}
+
+TEST_F(QuilDBGridColumnGroups, TheExpandedStartDefaultHasNoRoomBeforeTheGroupIsLaidOut) {
+  OpenGroup();
+  group->SetExpanded(false);
+  EXPECT_EQ(grid->ColWidths(grid->DataToRawColumn(2)), -grid->GetColLineWidth());
+}
+
+TEST_F(QuilDBGridColumnGroups, ExpandingFiresOnColExpandAndKeepsTheCursorOnAShownColumn) {
+  OpenGroup();
+  group->SetExpanded(false);
+  struct Counter {
+    int count = 0;
+    void OnColExpand(TQuilColumn*) { ++count; }
+  } counter;
+  grid->OnColExpand = TDBGridClickEvent(&counter, &Counter::OnColExpand);
+  grid->SetSelectedIndex(1);
+  group->SetExpanded(true);
+  EXPECT_EQ(counter.count, 1);
+  EXPECT_TRUE(grid->SelectedColumn()->GetShowing());
+  EXPECT_EQ(grid->SelectedIndex(), 2) << "expanding steps right into the group";
+  grid->SetSelectedIndex(3);
+  group->SetExpanded(false);
+  EXPECT_EQ(grid->SelectedColumn(), group) << "collapsing steps left onto the group";
+}
+
+TEST_F(QuilDBGridColumnGroups, HidingAParentHidesItsChildren) {
+  OpenGroup();
+  group->SetVisible(false);
+  EXPECT_FALSE(Column(2)->GetVisible());
+  EXPECT_TRUE(Column(2)->GetVisibility());
+  EXPECT_EQ(group->GetExpandWidth(), 0);
+}
+
+TEST_F(QuilDBGridColumnGroups, ExpandWidthIsTheSumOfTheChildren) {
+  OpenGroup();
+  const int line = grid->GetColLineWidth();
+  EXPECT_EQ(group->GetExpandWidth(), Column(2)->Width() + line + Column(3)->Width() + line);
+  group->SetExpanded(false);
+  EXPECT_EQ(group->GetExpandWidth(), group->Width() + line);
+}
+
+TEST_F(QuilDBGridColumnGroups, AGroupMovesWithItsChildren) {
+  OpenGroup();
+  group->SetExpanded(false);
+  group->SetIndex(0);
+  EXPECT_EQ(FieldNames(grid->Columns()), QStringList({"Name", "City", "Amount", "ID"}));
+  EXPECT_EQ(Column(0), group);
+  Column(3)->SetIndex(0);
+  EXPECT_EQ(FieldNames(grid->Columns()), QStringList({"ID", "Name", "City", "Amount"}));
+  group->SetIndex(3);
+  EXPECT_EQ(FieldNames(grid->Columns()), QStringList({"ID", "Name", "City", "Amount"}))
+      << "a move inside its own group changes nothing";
+}
+
+TEST_F(QuilDBGridColumnGroups, AGroupMovedRightEndsOnTheTarget) {
+  Open(5);
+  grid->Columns()->SetState(csCustomized);
+  grid->Columns()->Items(0)->SetExpandCols(1);
+  grid->Columns()->Items(0)->SetIndex(3);
+  EXPECT_EQ(FieldNames(grid->Columns()), QStringList({"City", "Amount", "ID", "Name"}));
+}
+
+TEST_F(QuilDBGridColumnGroups, AtDesignTimeColumnsOfGroupsMoveOnlyInADesignUpdate) {
+  OpenGroup();
+  grid->SetDesigning(true);
+  Column(3)->SetIndex(0);
+  EXPECT_EQ(FieldNames(grid->Columns()), QStringList({"ID", "Name", "City", "Amount"}));
+  grid->Columns()->BeginDesignUpdate();
+  Column(0)->SetIndex(3);
+  grid->Columns()->EndDesignUpdate();
+  EXPECT_EQ(FieldNames(grid->Columns()), QStringList({"Name", "City", "Amount", "ID"}));
+  grid->Columns()->EndDesignUpdate();
+  EXPECT_EQ(grid->Columns()->DesignUpdateCount(), 0) << "never below zero";
+}
+
+TEST_F(QuilDBGridColumnGroups, ExpandColsIsLimitedToTheColumnsThatFollow) {
+  OpenGroup();
+  group->SetExpandCols(10);
+  EXPECT_EQ(group->ExpandCols(), 2);
+}
+
+TEST_F(QuilDBGridColumnGroups, FrozenColumnsNeverCutAGroup) {
+  Open(5);
+  grid->Columns()->SetState(csCustomized);
+  grid->Columns()->Add()->SetFieldName("ID");
+  grid->Columns()->Items(0)->SetExpandCols(2);
+  grid->SetFixedCols(2);
+  EXPECT_EQ(grid->FixedCols(), 3);
+}
+
+TEST_F(QuilDBGridColumnGroups, ObjectFieldsOwnTheColumnsOfTheirChildren) {
+  form = new TForm(nullptr);
+  auto* people = new dbtest::TWindowCheckedDataSet(form);
+  auto* name = new TStringField(people);
+  name->SetFieldName("Name");
+  name->SetDataSet(people);
+  auto* address = new TADTField(people);
+  address->SetFieldName("Address");
+  address->SetDataSet(people);
+  auto* street = new TStringField(people);
+  street->SetFieldName("Street");
+  street->SetParentField(address);
+  auto* town = new TStringField(people);
+  town->SetFieldName("Town");
+  town->SetParentField(address);
+  source = new TDataSource(form);
+  source->SetDataSet(people);
+  grid = new gridtest::TProbeGrid(form);
+  grid->SetDataSource(source);
+  grid->Columns()->RebuildColumns();
+  EXPECT_EQ(FieldNames(grid->Columns()), QStringList({"Name", "Address", "Address.Street", "Address.Town"}));
+  TQuilColumn* group = grid->Columns()->Items(1);
+  EXPECT_TRUE(group->GetExpandable());
+  EXPECT_EQ(grid->Columns()->Items(3)->ParentColumn(), group);
+  EXPECT_EQ(grid->Columns()->Items(3)->Depth(), 1);
+  EXPECT_EQ(grid->Columns()->Items(3)->GetDisplayName(), QStringLiteral("Address.Town"));
+  EXPECT_EQ(group->GetExpandIndex(), 3);
+  EXPECT_EQ(grid->Columns()->Items(0)->ParentColumn(), nullptr);
+}
+
+}  // namespace
