@@ -102,6 +102,8 @@ public:
   TQuilDBGridColumns* Columns() const { return columns_.get(); }
   // A new, empty collection of the grid's own column kind, owned by the caller.
   TQuilDBGridColumns* MakeColumns() { return CreateColumns(); }
+  // False for a collection from MakeColumns: its changes must not reach the grid.
+  bool OwnsColumns(const TQuilDBGridColumns* columns) const { return columns_.Made() && columns_.get() == columns; }
   TQuilGridDataLink* DataLink() const { return dataLink_.get(); }
   TQuilGridStyle* GridStyle() const { return gridStyle_.get(); }
   TQuilDBGridTotals* Totals() const { return totals_.get(); }

@@ -37,6 +37,11 @@ TQuilCustomDBGrid* TQuilColumn::Grid() const {
   return columns ? columns->Grid() : nullptr;
 }
 
+TQuilCustomDBGrid* TQuilColumn::ShowingGrid() const {
+  TQuilDBGridColumns* columns = Columns();
+  return columns && columns->ShownByGrid() ? columns->Grid() : nullptr;
+}
+
 // --- Owned parts
 
 TQuilColumnTitle* TQuilColumn::CreateTitle() { return new TQuilColumnTitle(this); }

@@ -367,6 +367,9 @@ protected:
 private:
   friend class TQuilColumnTitle;
 
+  // The grid for work on the grid itself (layout, cursor, stretching); none for a
+  // column of a collection that the grid does not show.
+  TQuilCustomDBGrid* ShowingGrid() const;
   void FontChanged(TObject* sender);
   void MarkAssigned(TQuilColumnValue member) { assignedValues_.Include(member); }
   bool IsAssigned(TQuilColumnValue member) const { return assignedValues_.Contains(member); }

@@ -277,7 +277,7 @@ void TQuilColumn::SetPickOptions(TQuilPickOptions value) {
   const bool autoLoadOn = value.Contains(poAutoLoadList) && !p_.pickOptions.Contains(poAutoLoadList);
   if (!Store(p_.pickOptions, value)) return;
   PickDataChanged();
-  if (autoLoadOn && Grid()) Grid()->UpdateListItems(false);
+  if (autoLoadOn && ShowingGrid()) ShowingGrid()->UpdateListItems(false);
 }
 
 void TQuilColumn::SwitchPickOptions(TQuilPickOptions options, bool on) {

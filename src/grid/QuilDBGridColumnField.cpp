@@ -293,9 +293,10 @@ void TQuilColumn::StoreWidth(int value) {
   const int shownBefore = GetWidth();
   p_.width = value;
   MarkAssigned(cvWidth);
-  if (grid && GetWidth() != shownBefore) {
-    grid->SetResizedCol(grid->DataToRawColumn(Index()));
-    grid->StretchGrid();
+  TQuilCustomDBGrid* shown = ShowingGrid();
+  if (shown && GetWidth() != shownBefore) {
+    shown->SetResizedCol(shown->DataToRawColumn(Index()));
+    shown->StretchGrid();
     Synchronize();
   }
   Changed(false);

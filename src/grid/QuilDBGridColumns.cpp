@@ -213,11 +213,13 @@ void TQuilDBGridColumns::Notify(TCollectionItem* item, TCollectionNotification a
   RemoveFromOrder(column);
   for (TQuilColumn* other : *this)
     if (other->ParentColumn() == column) other->SetParentColumn(nullptr);
-  if (grid_) grid_->ForgetColumn(column);
+  if (ShownByGrid()) grid_->ForgetColumn(column);
 }
 
+bool TQuilDBGridColumns::ShownByGrid() const { return grid_ && grid_->OwnsColumns(this); }
+
 void TQuilDBGridColumns::Update(TCollectionItem* item) {
-  if (!grid_ || grid_->ComponentState().Contains(csLoading)) return;
+  if (!ShownByGrid() || grid_->ComponentState().Contains(csLoading)) return;
   if (!item) {
     grid_->LayoutChanged();
     return;

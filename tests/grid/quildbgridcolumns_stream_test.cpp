@@ -185,3 +185,83 @@ TEST_F(QuilDBGridColumnStream, AWidthOf64IsWrittenEvenWhenItIsTheDefault) {
 }
 
 }  // namespace
+
+// --- Reading a stream into a shown grid
+
+// A grid whose column collections note, for each column that comes in, whether it came
+// into the grid's own collection and in which streaming state.
+class TStreamProbeGrid : public gridtest::TProbeGrid {
+public:
+  using TProbeGrid::TProbeGrid;
+  struct TArrival {
+    bool own;
+    TGridStreamingState state;
+  };
+  std::vector<TArrival> arrivals;
+
+protected:
+  TQuilDBGridColumns* CreateColumns() override { return new TNotingColumns(this); }
+
+private:
+  class TNotingColumns : public TQuilDBGridColumns {
+  public:
+    explicit TNotingColumns(TStreamProbeGrid* grid) : TQuilDBGridColumns(grid), probe_(grid) {}
+
+  protected:
+    void Notify(TCollectionItem* item, TCollectionNotification action) override {
+      if (action == cnAdded) probe_->arrivals.push_back({probe_->OwnsColumns(this), probe_->StreamingState()});
+      TQuilDBGridColumns::Notify(item, action);
+    }
+
+  private:
+    TStreamProbeGrid* probe_;
+  };
+};
+
+class QuilDBGridColumnLoad : public gridtest::ColumnFixture {
+protected:
+  // Customized columns on a grid that notes arrivals; City owns Amount and is collapsed.
+  void OpenCollapsed() {
+    form = new TForm(nullptr);
+    form->SetBounds(0, 0, 520, 280);
+    dataSet = new dbtest::TWindowCheckedDataSet(form);
+    dbtest::FillPeople(*dataSet, 5);
+    source = new TDataSource(form);
+    source->SetDataSet(dataSet);
+    grid = probe = new TStreamProbeGrid(form);
+    grid->SetParent(form);
+    grid->SetBounds(10, 10, 480, 240);
+    grid->SetDataSource(source);
+    form->Show();
+    grid->Columns()->SetState(csCustomized);
+    grid->Columns()->Items(2)->SetExpandCols(1);
+    grid->Columns()->Items(2)->SetExpanded(false);
+    Settle();
+  }
+  TStreamProbeGrid* probe = nullptr;
+};
+
+TEST_F(QuilDBGridColumnLoad, ColumnsAreReadApartAndCopiedInWithoutExpandingOrMovingTheCursor) {
+  OpenCollapsed();
+  TMemoryStream stream;
+  grid->Columns()->SaveToStream(stream);
+  struct Counter {
+    int count = 0;
+    void OnColExpand(TQuilColumn*) { ++count; }
+  } counter;
+  grid->OnColExpand = TDBGridClickEvent(&counter, &Counter::OnColExpand);
+  grid->SetSelectedIndex(3);
+  const int cursor = grid->Col();
+  probe->arrivals.clear();
+  grid->layoutSources.clear();
+  stream.Seek(0, soBeginning);
+  grid->Columns()->LoadFromStream(stream);
+  EXPECT_EQ(counter.count, 0) << "nothing was expanded or collapsed by a user";
+  EXPECT_EQ(grid->Col(), cursor);
+  EXPECT_EQ(grid->layoutSources.size(), 1u) << "one layout, for the copy";
+  ASSERT_EQ(probe->arrivals.size(), 8u);
+  for (const TStreamProbeGrid::TArrival& arrival : probe->arrivals)
+    EXPECT_EQ(arrival.state.Contains(gsReading), !arrival.own) << "read apart, copied in after reading";
+  EXPECT_FALSE(grid->Columns()->Items(2)->Expanded());
+  EXPECT_TRUE(grid->StreamingState().Empty());
+}
