@@ -222,17 +222,8 @@ class QuilDBGridColumnLoad : public gridtest::ColumnFixture {
 protected:
   // Customized columns on a grid that notes arrivals; City owns Amount and is collapsed.
   void OpenCollapsed() {
-    form = new TForm(nullptr);
-    form->SetBounds(0, 0, 520, 280);
-    dataSet = new dbtest::TWindowCheckedDataSet(form);
-    dbtest::FillPeople(*dataSet, 5);
-    source = new TDataSource(form);
-    source->SetDataSet(dataSet);
-    grid = probe = new TStreamProbeGrid(form);
-    grid->SetParent(form);
-    grid->SetBounds(10, 10, 480, 240);
-    grid->SetDataSource(source);
-    form->Show();
+    Open<TStreamProbeGrid>(5);
+    probe = static_cast<TStreamProbeGrid*>(grid);
     grid->Columns()->SetState(csCustomized);
     grid->Columns()->Items(2)->SetExpandCols(1);
     grid->Columns()->Items(2)->SetExpanded(false);
