@@ -166,6 +166,8 @@ public:
   virtual void ColExpand(TQuilColumn* column);
   // An expand box was toggled; fires OnCellExpand.
   virtual void CellExpand(TQuilColumn* column);
+  // Tells a form designer that the columns changed; a design-time host overrides it.
+  virtual void UpdateDesigner() {}
   TDBGridClickEvent OnColExpand;
   TDBGridClickEvent OnCellExpand;
 

@@ -146,8 +146,10 @@ void TQuilColumn::ExpandWithGrid(bool value) {
   }
   if (pauseStretch) grid->SetStretchMode(true);
   grid->SetEditorMode(editorMode);
+  grid->UpdateDesigner();
   grid->StretchGrid();
   grid->Synchronize();
+  // FIXME: flat scroll bars follow the new width of the columns here.
   if (GetExpandable()) grid->ColExpand(this);
 }
 

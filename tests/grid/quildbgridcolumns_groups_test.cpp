@@ -9,11 +9,24 @@ using gridtest::FieldNames;
 
 namespace {
 
+// A grid that counts what it tells a form designer.
+class TDesignedGrid : public gridtest::TProbeGrid {
+public:
+  using TProbeGrid::TProbeGrid;
+  void UpdateDesigner() override { ++designerUpdates; }
+  int designerUpdates = 0;
+};
+
+struct TExpandCounter {
+  int count = 0;
+  void OnColExpand(TQuilColumn*) { ++count; }
+};
+
 class QuilDBGridColumnGroups : public gridtest::ColumnFixture {
 protected:
   // Customized columns ID, Name (owns City and Amount).
   void OpenGroup() {
-    Open(5);
+    Open<TDesignedGrid>(5);
     grid->Columns()->SetState(csCustomized);
     group = grid->Columns()->Items(1);
     group->SetExpandCols(2);
@@ -56,19 +69,34 @@ TEST_F(QuilDBGridColumnGroups, TheExpandedStartDefaultHasNoRoomBeforeTheGroupIsL
 TEST_F(QuilDBGridColumnGroups, ExpandingFiresOnColExpandAndKeepsTheCursorOnAShownColumn) {
   OpenGroup();
   group->SetExpanded(false);
-  struct Counter {
-    int count = 0;
-    void OnColExpand(TQuilColumn*) { ++count; }
-  } counter;
-  grid->OnColExpand = TDBGridClickEvent(&counter, &Counter::OnColExpand);
+  TExpandCounter counter;
+  grid->OnColExpand = TDBGridClickEvent(&counter, &TExpandCounter::OnColExpand);
   grid->SetSelectedIndex(1);
+  const int designerUpdates = static_cast<TDesignedGrid*>(grid)->designerUpdates;
   group->SetExpanded(true);
   EXPECT_EQ(counter.count, 1);
+  EXPECT_EQ(static_cast<TDesignedGrid*>(grid)->designerUpdates, designerUpdates + 1);
   EXPECT_TRUE(grid->SelectedColumn()->GetShowing());
   EXPECT_EQ(grid->SelectedIndex(), 2) << "expanding steps right into the group";
   grid->SetSelectedIndex(3);
   group->SetExpanded(false);
   EXPECT_EQ(grid->SelectedColumn(), group) << "collapsing steps left onto the group";
+}
+
+TEST_F(QuilDBGridColumnGroups, InsideALayoutTransactionTheLayoutPutsTheCursorOnAShownColumn) {
+  OpenGroup();
+  group->SetExpanded(false);
+  TExpandCounter counter;
+  grid->OnColExpand = TDBGridClickEvent(&counter, &TExpandCounter::OnColExpand);
+  grid->SetSelectedIndex(1);
+  const int designerUpdates = static_cast<TDesignedGrid*>(grid)->designerUpdates;
+  grid->BeginLayout();
+  group->SetExpanded(true);
+  EXPECT_EQ(grid->SelectedIndex(), 1) << "the old layout is not worked on";
+  grid->EndLayout();
+  EXPECT_TRUE(grid->SelectedColumn()->GetShowing());
+  EXPECT_EQ(counter.count, 0) << "a change made with others is no user's expansion";
+  EXPECT_EQ(static_cast<TDesignedGrid*>(grid)->designerUpdates, designerUpdates);
 }
 
 TEST_F(QuilDBGridColumnGroups, HidingAParentHidesItsChildren) {
