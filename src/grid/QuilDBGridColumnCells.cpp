@@ -243,7 +243,7 @@ bool TQuilColumn::GetMultiSelectList() const {
 QString TQuilColumn::FormatText(const QString& text) const {
   if (!GetMultiSelectList() || p_.multiSelectText != mstEllipsis) return text;
   if (text.isEmpty()) return QStringLiteral("...");
-  const QString delimiter = p_.delimiterLine ? QStringLiteral("\n") : QString(p_.delimiterChar);
+  const QString delimiter = p_.delimiterLine ? QStringLiteral("\r\n") : QString(p_.delimiterChar);
   const qsizetype at = text.indexOf(delimiter);
   return at < 0 ? text : text.left(at) + QStringLiteral(" ...");
 }

@@ -29,6 +29,9 @@ TEST_F(QuilColumnLists, MultiSelectListsShowTheirFirstItemAndAnEllipsis) {
   EXPECT_EQ(name->FormatText(""), QStringLiteral("..."));
   EXPECT_EQ(name->FormatText("a,b"), QStringLiteral("a ..."));
   EXPECT_EQ(name->FormatText("a"), QStringLiteral("a"));
+  name->SetDelimiterLine(true);
+  EXPECT_EQ(name->FormatText("a\r\nb"), QStringLiteral("a ..."));
+  EXPECT_EQ(name->FormatText("a\nb,c"), QStringLiteral("a\nb,c")) << "only a whole line break divides the items";
   EXPECT_FALSE(ColumnOf("ID")->GetMultiSelectList()) << "numbers hold no lists";
 }
 
@@ -62,5 +65,46 @@ TEST_F(QuilColumnLists, LookupKindFollowsKeyAndResultFields) {
   city->SetLookupDataSet(nullptr);
   EXPECT_EQ(city->GetLookupColumn(), lcNotDefined);
 }
+
+// --- Which list settings repaint the column
+
+struct RepaintCase {
+  const char* name;
+  bool multiSelect;  // the column holds a multi-select list before the change
+  void (*change)(TQuilColumn* column);
+  bool repaints;
+};
+
+class QuilColumnListRepaint : public gridtest::ColumnFixture, public ::testing::WithParamInterface<RepaintCase> {};
+
+// The delimiter and the ellipsis show only in the cells of a multi-select list.
+TEST_P(QuilColumnListRepaint, OnlyWhatTheCellsShow) {
+  const RepaintCase& row = GetParam();
+  Open(5);
+  TQuilColumn* name = ColumnOf("Name");
+  name->PickList()->Add("a");
+  name->SwitchListOptions({loMultiSelectList}, row.multiSelect);
+  Settle();
+  row.change(name);
+  Paint();
+  EXPECT_EQ(grid->DrawnCols().count(grid->DataToRawColumn(name->Index())) == 1, row.repaints);
+}
+
+INSTANTIATE_TEST_SUITE_P(
+    Table, QuilColumnListRepaint,
+    ::testing::Values(
+        RepaintCase{"DelimiterCharOfAList", true, [](TQuilColumn* c) { c->SetDelimiterChar(';'); }, true},
+        RepaintCase{"DelimiterCharOfText", false, [](TQuilColumn* c) { c->SetDelimiterChar(';'); }, false},
+        RepaintCase{"DelimiterLineOfAList", true, [](TQuilColumn* c) { c->SetDelimiterLine(true); }, true},
+        RepaintCase{"DelimiterLineOfText", false, [](TQuilColumn* c) { c->SetDelimiterLine(true); }, false},
+        RepaintCase{"MultiSelectTextOfAList", true, [](TQuilColumn* c) { c->SetMultiSelectText(mstDefault); }, true},
+        RepaintCase{"MultiSelectTextOfText", false, [](TQuilColumn* c) { c->SetMultiSelectText(mstDefault); }, false},
+        RepaintCase{"ListOptionsKeepingAList", true, [](TQuilColumn* c) { c->SwitchListOptions({loShowToday}, false); },
+                    false},
+        RepaintCase{"ListOptionsMakingAList", false,
+                    [](TQuilColumn* c) { c->SwitchListOptions({loMultiSelectList}, true); }, true},
+        RepaintCase{"ListOptionsEndingAList", true,
+                    [](TQuilColumn* c) { c->SwitchListOptions({loMultiSelectList}, false); }, true}),
+    [](const auto& info) { return std::string(info.param.name); });
 
 }  // namespace
