@@ -131,10 +131,13 @@ void TQuilDBGridColumns::SetState(TDBGridColumnsState value) {
   else Clear();
 }
 
+// A structured field's children stand right behind it; a nested data set's fields are
+// edited apart, in a grid of their own.
 void TQuilDBGridColumns::AddFieldColumns(const TFields* fields) {
   for (TField* field : *fields) {
     Add()->SetFieldName(field->FullName());
-    if (auto* object = dynamic_cast<const TObjectField*>(field)) AddFieldColumns(object->Fields());
+    if (field->DataType() == ftADT || field->DataType() == ftArray)
+      AddFieldColumns(static_cast<const TObjectField*>(field)->Fields());
   }
 }
 

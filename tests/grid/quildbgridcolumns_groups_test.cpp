@@ -164,34 +164,43 @@ TEST_F(QuilDBGridColumnGroups, FrozenColumnsNeverCutAGroup) {
   EXPECT_EQ(grid->FixedCols(), 3);
 }
 
-TEST_F(QuilDBGridColumnGroups, ObjectFieldsOwnTheColumnsOfTheirChildren) {
+// Only structured fields have columns for their children: a nested data set is edited
+// apart, so its fields stay out of the grid.
+TEST_F(QuilDBGridColumnGroups, StructuredFieldsOwnTheColumnsOfTheirChildrenAtEveryDepth) {
   form = new TForm(nullptr);
   auto* people = new dbtest::TWindowCheckedDataSet(form);
-  auto* name = new TStringField(people);
-  name->SetFieldName("Name");
-  name->SetDataSet(people);
+  auto add = [people](TField* field, const char* name, TObjectField* parent) {
+    field->SetFieldName(name);
+    if (parent) field->SetParentField(parent);
+    else field->SetDataSet(people);
+  };
+  add(new TStringField(people), "Name", nullptr);
   auto* address = new TADTField(people);
-  address->SetFieldName("Address");
-  address->SetDataSet(people);
-  auto* street = new TStringField(people);
-  street->SetFieldName("Street");
-  street->SetParentField(address);
-  auto* town = new TStringField(people);
-  town->SetFieldName("Town");
-  town->SetParentField(address);
+  add(address, "Address", nullptr);
+  add(new TStringField(people), "Street", address);
+  auto* geo = new TADTField(people);
+  add(geo, "Geo", address);
+  add(new TStringField(people), "Lat", geo);
+  auto* orders = new TDataSetField(people);
+  add(orders, "Orders", nullptr);
+  add(new TStringField(people), "Item", orders);
   source = new TDataSource(form);
   source->SetDataSet(people);
   grid = new gridtest::TProbeGrid(form);
   grid->SetDataSource(source);
   grid->Columns()->RebuildColumns();
-  EXPECT_EQ(FieldNames(grid->Columns()), QStringList({"Name", "Address", "Address.Street", "Address.Town"}));
-  TQuilColumn* group = grid->Columns()->Items(1);
+  EXPECT_EQ(FieldNames(grid->Columns()),
+            QStringList({"Name", "Address", "Address.Street", "Address.Geo", "Address.Geo.Lat", "Orders"}));
+  TQuilColumn* group = Column(1);
   EXPECT_TRUE(group->GetExpandable());
-  EXPECT_EQ(grid->Columns()->Items(3)->ParentColumn(), group);
-  EXPECT_EQ(grid->Columns()->Items(3)->Depth(), 1);
-  EXPECT_EQ(grid->Columns()->Items(3)->GetDisplayName(), QStringLiteral("Address.Town"));
-  EXPECT_EQ(group->GetExpandIndex(), 3);
-  EXPECT_EQ(grid->Columns()->Items(0)->ParentColumn(), nullptr);
+  EXPECT_EQ(Column(2)->ParentColumn(), group);
+  EXPECT_EQ(Column(3)->ParentColumn(), group);
+  EXPECT_EQ(Column(4)->ParentColumn(), Column(3));
+  EXPECT_EQ(Column(4)->Depth(), 2);
+  EXPECT_EQ(Column(4)->GetDisplayName(), QStringLiteral("Address.Geo.Lat"));
+  EXPECT_EQ(group->GetExpandIndex(), 4) << "the group reaches to its grandchildren";
+  EXPECT_EQ(Column(0)->ParentColumn(), nullptr);
+  EXPECT_EQ(Column(5)->ParentColumn(), nullptr);
 }
 
 }  // namespace
