@@ -156,9 +156,14 @@ void TQuilColumn::ExpandWithGrid(bool value) {
 // --- Moving
 
 void TQuilColumn::SetIndex(int value) {
-  TQuilCustomDBGrid* grid = Grid();
   TQuilDBGridColumns* columns = Columns();
-  if (grid && columns && grid->ComponentState().Contains(csDesigning) &&
+  // Groups and automatic columns exist only in a column collection.
+  if (!columns) {
+    TCollectionItem::SetIndex(value);
+    return;
+  }
+  TQuilCustomDBGrid* grid = Grid();
+  if (grid && grid->ComponentState().Contains(csDesigning) &&
       !grid->ComponentState().Contains(csLoading) && grid->LayoutLock() == 0 && columns->DesignUpdateCount() == 0 &&
       columns->AnyExpandable())
     return;

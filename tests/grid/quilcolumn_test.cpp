@@ -66,6 +66,18 @@ TEST(QuilColumnAlone, AMenuTurnsTheAutomaticButtonIntoAMenuButtonAndBack) {
   EXPECT_EQ(column->ExpandStyle(), cesAuto);
 }
 
+TEST(QuilColumnAlone, OutsideAColumnCollectionAColumnMovesAsAnyItem) {
+  TQuilColumn loose;
+  loose.SetIndex(0);
+  EXPECT_EQ(loose.Index(), -1);
+  TCollection plain(TQuilColumn::StaticClass());
+  TCollectionItem* first = plain.Add();
+  TCollectionItem* second = plain.Add();
+  static_cast<TQuilColumn*>(second)->SetIndex(0);
+  EXPECT_EQ(plain.Items(0), second);
+  EXPECT_EQ(plain.Items(1), first);
+}
+
 TEST(QuilColumnAlone, DisplayNameFallsBackToTheCaptionThenTheClass) {
   TQuilDBGridColumns columns(nullptr);
   TQuilColumn* column = columns.Add();
