@@ -379,6 +379,9 @@ private:
   bool GridWriting() const;
   bool GridStreaming() const;
   void MakeTotals() const;
+  // What an expand box brings with it, whether or not it was on: no check box, a
+  // transparent cell and an image draw that places a box.
+  void TakeExpandBoxLook();
   void ResetMembers();
   void CopyMembers(const TQuilColumn& source);
   void FreeLists();

@@ -91,26 +91,28 @@ void TQuilColumn::SetCheckBox(bool value) {
 void TQuilColumn::SetExpandBox(bool value) {
   if (p_.expandBox == value) return;
   p_.expandBox = value;
-  if (value) {
-    p_.checkBox = false;
-    p_.transparent = true;
-    SetImageDraw(p_.imageDraw);
-  } else {
-    p_.expandBoxTree = false;
-  }
+  if (value) TakeExpandBoxLook();
+  else p_.expandBoxTree = false;
   Changed(true);
+}
+
+void TQuilColumn::TakeExpandBoxLook() {
+  p_.checkBox = false;
+  p_.transparent = true;
+  SetImageDraw(p_.imageDraw);
 }
 
 // The tree box sits in the image margin, which it makes room for.
 void TQuilColumn::SetExpandBoxTree(bool value) {
   if (p_.expandBoxTree == value) return;
-  SetExpandBox(value);
+  p_.expandBox = value;
   p_.expandBoxTree = value;
   if (!value) {
     p_.imageMargin = 0;
-  } else if (p_.imageMargin == 0) {
+  } else {
+    TakeExpandBoxLook();
     TQuilCustomDBGrid* grid = Grid();
-    p_.imageMargin = MulDiv(20, grid ? grid->GetCurrentPPI() : 96, 96);
+    if (p_.imageMargin == 0) p_.imageMargin = MulDiv(20, grid ? grid->GetCurrentPPI() : 96, 96);
   }
   Changed(true);
 }

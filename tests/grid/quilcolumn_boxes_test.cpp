@@ -1,9 +1,11 @@
 // What a column's cells show beside text: check boxes, expand boxes and images.
 #include "ColumnTestKit.h"
+#include "framework/controls/Application.h"
 #include "framework/graphics/Bitmap.h"
 #include "framework/graphics/Brush.h"
 #include "framework/graphics/Canvas.h"
 #include "framework/graphics/ImageList.h"
+#include "framework/rtl/ScopeExit.h"
 
 using namespace quil;
 
@@ -41,6 +43,34 @@ TEST(QuilColumnAlone, CheckBoxAndExpandBoxExcludeEachOther) {
   column->SetExpandBoxTree(true);
   column->SetExpandBox(false);
   EXPECT_FALSE(column->ExpandBoxTree());
+}
+
+TEST(QuilColumnAlone, TheTreeBoxIsAnExpandBoxInAMarginOfItsOwn) {
+  TQuilDBGridColumns columns(nullptr);
+  TQuilColumn* column = columns.Add();
+  column->SetExpandBox(true);
+  column->SetTransparent(false);
+  column->SetImageDraw(idOpposite);
+  column->SetExpandBoxTree(true);
+  EXPECT_TRUE(column->Transparent()) << "also over an expand box that was on";
+  EXPECT_EQ(column->ImageDraw(), idOpposite);
+  EXPECT_EQ(column->ImageMargin(), 20);
+  column->SetImageMargin(30);
+  column->SetExpandBoxTree(false);
+  EXPECT_EQ(column->ImageMargin(), 0) << "the margin was the tree box's";
+  EXPECT_FALSE(column->ExpandBox());
+  column->SetImageMargin(12);
+  column->SetExpandBoxTree(true);
+  EXPECT_EQ(column->ImageMargin(), 12) << "a margin that is there is kept";
+}
+
+TEST(QuilColumnAlone, TheTreeBoxsMarginFollowsThePixelsPerInch) {
+  Screen->SetPixelsPerInchOverride(144);
+  TScopeExit restore([] { Screen->SetPixelsPerInchOverride(0); });
+  TQuilDBGrid grid(nullptr);
+  TQuilColumn* column = grid.Columns()->Add();
+  column->SetExpandBoxTree(true);
+  EXPECT_EQ(column->ImageMargin(), 30);
 }
 
 TEST(QuilColumnAlone, EditorShowsOnlyOnPlainTextCells) {
