@@ -196,6 +196,28 @@ TEST_F(QuilColumn, AStoredColumnKeepsItsValuesToItself) {
   EXPECT_EQ(name->AssignedValues(), TQuilColumnValues{cvAlignment});
 }
 
+TEST_F(QuilColumn, RestoreDefaultsLetsGoOfMenusAndFiltersAndLaysOutAfterAnOwnFont) {
+  Open(5);
+  grid->Columns()->SetState(csCustomized);
+  TQuilColumn* name = ColumnOf("Name");
+  TPopupMenu menu(nullptr);
+  name->Title()->SetDropDownMenu(&menu);
+  name->Title()->SetPopupMenu(&menu);
+  name->FilterList()->Add("Name001");
+  name->Font()->SetSize(20);
+  grid->layoutSources.clear();
+  name->RestoreDefaults();
+  EXPECT_FALSE(grid->layoutSources.empty()) << "the font was the column's own";
+  EXPECT_EQ(name->Title()->DropDownMenu(), nullptr);
+  EXPECT_EQ(name->Title()->PopupMenu(), nullptr);
+  EXPECT_FALSE(name->HasDropDownButton());
+  EXPECT_FALSE(name->GetFiltered());
+  name->SetColor(clRed);
+  grid->layoutSources.clear();
+  name->RestoreDefaults();
+  EXPECT_TRUE(grid->layoutSources.empty()) << "the column only repaints";
+}
+
 TEST_F(QuilColumn, AFieldFreedLeavesAnAutomaticColumnWithoutNameOrValues) {
   Open(5);
   TQuilColumn* city = ColumnOf("City");
