@@ -290,7 +290,7 @@ public:
   bool GetPickDataActive() const;
   bool GetPickTextActive() const;
   bool GetCalendarActive() const;
-  bool GetMultiSelectList() const;
+  virtual bool GetMultiSelectList() const;
   bool MultiSelectList() const { return GetMultiSelectList(); }
   // The pick data changed: cells and an open list show it anew.
   void PickDataChanged();

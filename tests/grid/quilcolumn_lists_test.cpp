@@ -16,6 +16,18 @@ TEST(QuilColumnAlone, PickOptionsKeepTheirPairs) {
   EXPECT_TRUE(column->PickOptions().Contains(poAcceptItemIndex));
 }
 
+// A descendant that decides for itself which cells hold a multi-select list.
+class TAlwaysListColumn : public TQuilColumn {
+public:
+  bool GetMultiSelectList() const override { return true; }
+};
+
+TEST(QuilColumnAlone, ADescendantDecidesWhatIsAMultiSelectList) {
+  TAlwaysListColumn column;
+  EXPECT_TRUE(column.MultiSelectList());
+  EXPECT_EQ(column.FormatText("a,b"), QStringLiteral("a ..."));
+}
+
 class QuilColumnLists : public gridtest::ColumnFixture {};
 
 TEST_F(QuilColumnLists, MultiSelectListsShowTheirFirstItemAndAnEllipsis) {
