@@ -258,12 +258,18 @@ bool TQuilColumn::IsWidthStored() const {
 void TQuilColumn::SetWidthMax(int value) { StoreAndRepaint(*this, p_.widthMax, std::max(value, -1)); }
 void TQuilColumn::SetWidthMin(int value) { StoreAndRepaint(*this, p_.widthMin, std::max(value, -1)); }
 
-// An automatic column keeps its width on the field as characters of the column's font.
+// An automatic column keeps its width on the field as characters of the column's font:
+// digits, or average characters in a font whose digit zero takes no room.
 void TQuilColumn::SetWidthToField(int value) {
   TCanvas* canvas = Grid()->Canvas();
   canvas->SetFont(Font());
   const int digit = canvas->TextWidth(QStringLiteral("0"));
-  if (digit > 0) Field()->SetDisplayWidth((value + digit / 2 - 4) / digit);
+  if (digit > 0) {
+    Field()->SetDisplayWidth((value + digit / 2 - 4) / digit);
+    return;
+  }
+  const int average = canvas->AverageCharWidth();
+  if (average > 0) Field()->SetDisplayWidth((value + average / 2 - 3) / average);
 }
 
 void TQuilColumn::SetWidth(int value) {
