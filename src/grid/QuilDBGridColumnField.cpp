@@ -255,8 +255,13 @@ bool TQuilColumn::IsWidthStored() const {
   return width == 64 || width != DefaultWidth();
 }
 
-void TQuilColumn::SetWidthMax(int value) { StoreAndRepaint(*this, p_.widthMax, std::max(value, -1)); }
-void TQuilColumn::SetWidthMin(int value) { StoreAndRepaint(*this, p_.widthMin, std::max(value, -1)); }
+void TQuilColumn::SetWidthMax(int value) {
+  if (value >= -1) StoreAndRepaint(*this, p_.widthMax, value);
+}
+
+void TQuilColumn::SetWidthMin(int value) {
+  if (value >= -1) StoreAndRepaint(*this, p_.widthMin, value);
+}
 
 // An automatic column keeps its width on the field as characters of the column's font:
 // digits, or average characters in a font whose digit zero takes no room.

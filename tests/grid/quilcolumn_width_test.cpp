@@ -47,6 +47,8 @@ TEST_F(QuilColumnWidth, WidthHonoursItsLimitsAndRefusesWhatCannotShow) {
   grid->Columns()->SetState(csCustomized);
   TQuilColumn* name = ColumnOf("Name");
   name->SetWidthMax(100);
+  name->SetWidthMax(-5);
+  EXPECT_EQ(name->WidthMax(), 100) << "a value below the range is ignored";
   name->SetWidth(300);
   EXPECT_EQ(name->Width(), 100);
   name->SetWidthMin(40);
