@@ -430,6 +430,7 @@ void TQuilColumn::SetPopupMenu(TPopupMenu* value) {
   if (p_.popupMenu == value) return;
   p_.popupMenu = value;
   if (value && Grid()) value->FreeNotification(Grid());
+  Changed(false);
 }
 
 // A menu turns the automatic button into a menu button, and its loss turns it back.
