@@ -409,6 +409,7 @@ private:
     TAlignment alignment = taLeftJustify;
     TColor color = clWindow;
     TImeMode imeMode = imDontCare;
+    // The screen's default input method: Qt picks the platform's own and names none.
     TImeName imeName;
     bool readOnly = false;
     int width = 64;

@@ -172,6 +172,37 @@ TEST_F(QuilColumn, DefaultsFollowTheGridAndTheField) {
   EXPECT_EQ(amount->Font()->Size(), 8);
 }
 
+TEST_F(QuilColumn, InputMethodsFollowTheGridUntilSet) {
+  Open(5);
+  TQuilColumn* name = ColumnOf("Name");
+  grid->SetImeMode(imClose);
+  grid->SetImeName("Kana");
+  EXPECT_EQ(name->ImeMode(), imClose);
+  EXPECT_EQ(name->ImeName(), QStringLiteral("Kana"));
+  name->SetImeMode(imOpen);
+  name->SetImeName("Hangul");
+  grid->SetImeMode(imDisable);
+  grid->SetImeName("Pinyin");
+  EXPECT_EQ(name->ImeMode(), imOpen);
+  EXPECT_EQ(name->ImeName(), QStringLiteral("Hangul"));
+  EXPECT_TRUE(name->IsImeModeStored());
+  EXPECT_TRUE(name->IsImeNameStored());
+}
+
+TEST_F(QuilColumn, ANewFontRefreshesTheOpenEditor) {
+  Open(5);
+  grid->SwitchOptions({dgEditing}, true);
+  grid->SetSelectedIndex(1);
+  grid->SetFocus();
+  grid->ShowEditor();
+  ASSERT_NE(grid->InplaceEditor(), nullptr);
+  grid->InplaceEditor()->SetText("stale");
+  TFont font;
+  font.SetSize(14);
+  ColumnOf("Name")->SetFont(&font);
+  EXPECT_EQ(grid->InplaceEditor()->Text(), dataSet->FieldByName("Name")->Text());
+}
+
 TEST_F(QuilColumn, AnAutomaticColumnOfAnActiveGridWritesAlignmentAndCaptionToItsField) {
   Open(5);
   TQuilColumn* name = ColumnOf("Name");
