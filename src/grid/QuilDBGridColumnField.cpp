@@ -121,7 +121,8 @@ void TQuilColumn::SetLookupDataSet(TDataSet* value) {
 }
 
 void TQuilColumn::SetKeyField(const QString& value) {
-  QString name = SameName(value, fieldName_) ? QString() : value;
+  TField* field = Field();
+  QString name = SameName(value, IsLookupField(field) ? field->KeyFields() : fieldName_) ? QString() : value;
   if (!name.isEmpty() && Grid()) name = ValidFieldNames(Grid()->DataSet(), name, true);
   p_.keyField = name;
   SetLookupResultField(p_.lookupResultField);

@@ -1,5 +1,4 @@
-// The lists a column's value is picked from: pick options, multi-select lists and
-// lookups.
+// The lists a column's value is picked from: pick options and multi-select lists.
 #include "ColumnTestKit.h"
 #include "framework/rtl/Strings.h"
 
@@ -45,37 +44,6 @@ TEST_F(QuilColumnLists, MultiSelectListsShowTheirFirstItemAndAnEllipsis) {
   EXPECT_EQ(name->FormatText("a\r\nb"), QStringLiteral("a ..."));
   EXPECT_EQ(name->FormatText("a\nb,c"), QStringLiteral("a\nb,c")) << "only a whole line break divides the items";
   EXPECT_FALSE(ColumnOf("ID")->GetMultiSelectList()) << "numbers hold no lists";
-}
-
-TEST_F(QuilColumnLists, LookupKindFollowsKeyAndResultFields) {
-  Open(5);
-  dbtest::TWindowCheckedDataSet cities(nullptr);
-  cities.FieldDefs()->Add("Code", ftString, 20);
-  cities.FieldDefs()->Add("Title", ftString, 20);
-  cities.CreateDataSet();
-  grid->Columns()->SetState(csCustomized);
-  TQuilColumn* city = ColumnOf("City");
-  EXPECT_EQ(city->GetLookupColumn(), lcNotDefined);
-  city->SetLookupDataSet(&cities);
-  city->SetLookupKeyField("Code");
-  EXPECT_EQ(city->GetLookupColumn(), lcLookupKeyField) << "the key field is the column's own";
-  EXPECT_EQ(city->LookupResultField(), QStringLiteral("Code"));
-  city->SetLookupResultField("Title");
-  EXPECT_EQ(city->GetLookupColumn(), lcLookupValueField);
-  EXPECT_EQ(city->GetDisplayName(), QStringLiteral("Title[City]"));
-  EXPECT_EQ(city->LookupListFields(), QStringLiteral("Title"));
-  city->SetKeyField("Name");
-  EXPECT_EQ(city->KeyField(), QStringLiteral("Name"));
-  EXPECT_EQ(city->LookupKeyField(), QStringLiteral("Code"));
-  EXPECT_EQ(city->LookupResultField(), QStringLiteral("Title"));
-  EXPECT_EQ(city->LookupDataSet(), &cities);
-  EXPECT_EQ(city->GetLookupColumn(), lcLookupResultField);
-  city->SetKeyField("City");
-  EXPECT_EQ(city->KeyField(), QStringLiteral("City"));
-  EXPECT_FALSE(city->IsKeyFieldStored()) << "a key equal to the column's field is not kept";
-  EXPECT_THROW(city->SetLookupDataSet(dataSet), EDatabaseError);
-  city->SetLookupDataSet(nullptr);
-  EXPECT_EQ(city->GetLookupColumn(), lcNotDefined);
 }
 
 // --- Which list settings repaint the column
