@@ -141,6 +141,10 @@ void TQuilDBGridColumns::AddFieldColumns(const TFields* fields) {
   }
 }
 
+// Without a data set there is nothing to build from, and the columns only go. The
+// layout that a laid-out grid runs next gives it back one default column, as every grid
+// without fields has one to show; so the collection stays empty only where no layout
+// follows.
 void TQuilDBGridColumns::RebuildColumns() {
   TDataSet* dataSet = grid_ ? grid_->DataSet() : nullptr;
   if (!dataSet) {

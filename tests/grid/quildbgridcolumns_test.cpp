@@ -1,6 +1,7 @@
 // The column collection: default and customized columns, the automatic service
 // columns, and finding columns by field name.
 #include "ColumnTestKit.h"
+#include "framework/db/NumericFields.h"
 
 using namespace quil;
 using gridtest::FieldNames;
@@ -19,9 +20,28 @@ TEST(QuilDBGridColumnsState, TheLastColumnDecides) {
 }
 
 TEST(QuilDBGridColumnsState, CustomizingWithoutADataSetLeavesNoColumns) {
+  TQuilDBGridColumns columns(nullptr);
+  columns.InternalAdd();
+  columns.SetState(csCustomized);
+  EXPECT_EQ(columns.Count(), 0);
   TQuilDBGrid grid(nullptr);
   grid.Columns()->SetState(csCustomized);
-  EXPECT_EQ(grid.Columns()->Count(), 0);
+  EXPECT_EQ(grid.Columns()->Count(), 0) << "a grid not laid out yet";
+}
+
+// The columns go, and the layout gives the grid back the one column that any grid
+// without fields shows.
+TEST(QuilDBGridColumnsState, CustomizingALaidOutGridWithoutADataSetKeepsItsOneDefaultColumn) {
+  TForm form(nullptr);
+  auto* grid = new TQuilDBGrid(&form);
+  grid->SetParent(&form);
+  grid->LayoutChanged();
+  grid->Columns()->Items(0)->SetHint("dropped");
+  grid->Columns()->SetState(csCustomized);
+  ASSERT_EQ(grid->Columns()->Count(), 1);
+  EXPECT_EQ(grid->Columns()->Items(0)->Hint(), QString()) << "a column made anew";
+  EXPECT_EQ(grid->Columns()->State(), csDefault);
+  EXPECT_EQ(grid->Columns()->Items(0)->FieldName(), QString());
 }
 
 TEST(QuilDBGridColumnsState, TheEnumeratorWalksEveryColumnOnce) {
@@ -51,6 +71,37 @@ TEST_F(QuilDBGridColumns, DefaultColumnsFollowTheFieldsOfTheDataSet) {
   EXPECT_EQ(FieldNames(grid->Columns()), QStringList({"ID", "Name", "City", "Amount"}));
   EXPECT_EQ(grid->Columns()->State(), csDefault);
   for (TQuilColumn* column : *grid->Columns()) EXPECT_FALSE(column->Stored());
+}
+
+TEST_F(QuilDBGridColumns, DefaultColumnsFollowAFieldMoved) {
+  Open(5);
+  TQuilColumn* amount = ColumnOf("Amount");
+  dataSet->FieldByName("Amount")->SetIndex(1);
+  EXPECT_EQ(FieldNames(grid->Columns()), QStringList({"ID", "Amount", "Name", "City"}));
+  EXPECT_EQ(grid->Columns()->Items(1), amount) << "the column moves with its field";
+}
+
+TEST_F(QuilDBGridColumns, DefaultColumnsFollowFieldsAddedAndFreed) {
+  Open(5);
+  dataSet->Close();
+  for (auto [name, type] : {std::pair{"ID", ftInteger}, {"Name", ftString}, {"City", ftString}}) {
+    auto* field = static_cast<TField*>(DefaultFieldClass(type)->Create(dataSet));
+    field->SetFieldName(name);
+    field->SetDataSet(dataSet);
+  }
+  dataSet->Open();
+  EXPECT_EQ(FieldNames(grid->Columns()), QStringList({"ID", "Name", "City"}));
+  dataSet->Close();
+  auto* amount = new TFloatField(dataSet);
+  amount->SetFieldName("Amount");
+  amount->SetDataSet(dataSet);
+  dataSet->Open();
+  EXPECT_EQ(FieldNames(grid->Columns()), QStringList({"ID", "Name", "City", "Amount"}));
+  TQuilColumn* city = ColumnOf("City");
+  delete dataSet->FieldByName("Name");
+  EXPECT_EQ(FieldNames(grid->Columns()), QStringList({"ID", "City", "Amount"}));
+  EXPECT_EQ(grid->Columns()->Items(1), city);
+  EXPECT_EQ(grid->Columns()->State(), csDefault);
 }
 
 TEST_F(QuilDBGridColumns, MovingAnAutomaticColumnMovesItsField) {
