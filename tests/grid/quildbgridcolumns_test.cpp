@@ -153,6 +153,71 @@ TEST_F(QuilDBGridColumns, DefaultColumnsGetTheAutomaticOnesAtEachLayout) {
   EXPECT_EQ(columns->Count(), 5);
 }
 
+// --- The automatic service columns
+
+struct AutoColumnCase {
+  const char* name;
+  TQuilColumn* (TQuilDBGridColumns::*add)();
+  bool (TQuilColumn::*kind)() const;
+  TAlignment alignment;
+  QString* title;
+  int* width;
+  bool transparent;
+};
+
+class QuilDBGridAutoColumn : public gridtest::ColumnFixture, public ::testing::WithParamInterface<AutoColumnCase> {
+protected:
+  // The title and width the application chose, put back after the test.
+  void ChooseTitleAndWidth(const QString& title, int width) {
+    *GetParam().title = title;
+    *GetParam().width = width;
+  }
+  void TearDown() override {
+    *GetParam().title = savedTitle_;
+    *GetParam().width = savedWidth_;
+    ColumnFixture::TearDown();
+  }
+
+private:
+  QString savedTitle_ = *GetParam().title;
+  int savedWidth_ = *GetParam().width;
+};
+
+TEST_P(QuilDBGridAutoColumn, StandsFirstWithTheLookAndTheTitleAndWidthChosen) {
+  const AutoColumnCase& row = GetParam();
+  Open(5);
+  grid->Columns()->SetState(csCustomized);
+  ChooseTitleAndWidth("Chosen", 33);
+  TQuilColumn* column = (grid->Columns()->*row.add)();
+  EXPECT_EQ(column->Index(), 0);
+  EXPECT_TRUE(column->Stored());
+  EXPECT_TRUE((column->*row.kind)());
+  EXPECT_EQ(column->Alignment(), row.alignment);
+  EXPECT_EQ(column->Title()->Alignment(), row.alignment);
+  EXPECT_EQ(column->Title()->Caption(), QStringLiteral("Chosen"));
+  EXPECT_EQ(column->Width(), 33);
+  EXPECT_TRUE(column->SuppressRTL());
+  EXPECT_EQ(column->Transparent(), row.transparent);
+}
+
+TEST_P(QuilDBGridAutoColumn, FollowsTheDefaultWidthWhileTheGridShowsNoData) {
+  TQuilDBGrid grid(nullptr);
+  grid.SetDefaultColWidth(70);
+  TQuilColumn* column = (grid.Columns()->*GetParam().add)();
+  EXPECT_EQ(column->Width(), 70);
+  EXPECT_FALSE(column->AssignedValues().Contains(cvWidth));
+}
+
+INSTANTIATE_TEST_SUITE_P(
+    Table, QuilDBGridAutoColumn,
+    ::testing::Values(AutoColumnCase{"Number", &TQuilDBGridColumns::AddAutoNumber, &TQuilColumn::AutoNumber,
+                                     taRightJustify, &DefAutoNumberTitle, &DefAutoNumberWidth, false},
+                      AutoColumnCase{"Select", &TQuilDBGridColumns::AddAutoSelect, &TQuilColumn::CheckBox, taCenter,
+                                     &DefAutoSelectTitle, &DefAutoSelectWidth, false},
+                      AutoColumnCase{"Expand", &TQuilDBGridColumns::AddAutoExpand, &TQuilColumn::ExpandBox, taCenter,
+                                     &DefAutoExpandTitle, &DefAutoExpandWidth, true}),
+    [](const auto& info) { return std::string(info.param.name); });
+
 TEST_F(QuilDBGridColumns, RebuildOnADataSetWithoutFieldsAddsNoAutomaticColumns) {
   Open(5);
   grid->SwitchOptionsExt({dgAutoNumberColumn}, true);
