@@ -163,11 +163,15 @@ TEST_F(QuilDBGridColumnStream, AnAssignedValueEqualToItsDefaultIsNotWritten) {
   TQuilColumn* name = grid->Columns()->Items(1);
   name->SetColor(grid->Color());
   name->SetAlignment(taLeftJustify);
+  name->SetWidth(100);
+  ASSERT_NE(name->DefaultWidth(), 64);
+  name->SetWidth(name->DefaultWidth());
   TMemoryStream stream;
   grid->Columns()->SaveToStream(stream);
   const QString text = test::ObjectText(stream);
   EXPECT_FALSE(text.contains("Color")) << text.toStdString();
   EXPECT_FALSE(text.contains("Alignment"));
+  EXPECT_FALSE(text.contains("Width")) << "only a width of 64 is written when it is the default";
 }
 
 TEST_F(QuilDBGridColumnStream, AWidthOf64IsWrittenEvenWhenItIsTheDefault) {
