@@ -1,6 +1,7 @@
 // Groups of expandable columns: parents and depth, showing and expanding, moving a
 // group as a block, and the columns of object fields.
 #include "ColumnTestKit.h"
+#include "framework/db/FieldDefs.h"
 #include "framework/db/ObjectFields.h"
 #include "framework/db/StringFields.h"
 
@@ -32,6 +33,13 @@ protected:
     group->SetExpandCols(2);
   }
   TQuilColumn* Column(int index) { return grid->Columns()->Items(index); }
+  // A grid over a data set that the test made on the form.
+  void BindTo(TDataSet* dataSet) {
+    source = new TDataSource(form);
+    source->SetDataSet(dataSet);
+    grid = new gridtest::TProbeGrid(form);
+    grid->SetDataSource(source);
+  }
   void TearDown() override {
     if (grid) grid->Columns()->CheckConsistency();
     ColumnFixture::TearDown();
@@ -99,6 +107,48 @@ TEST_F(QuilDBGridColumnGroups, InsideALayoutTransactionTheLayoutPutsTheCursorOnA
   EXPECT_EQ(static_cast<TDesignedGrid*>(grid)->designerUpdates, designerUpdates);
 }
 
+TEST_F(QuilDBGridColumnGroups, GroupsNestAndEachLevelAddsATitleRow) {
+  OpenGroup();
+  Column(0)->SetExpandCols(1);
+  EXPECT_EQ(Column(0)->ExpandCols(), 3) << "a group reaches to the end of its last child's group";
+  EXPECT_EQ(Column(2)->ParentColumn(), group);
+  EXPECT_EQ(group->ParentColumn(), Column(0));
+  EXPECT_EQ(Column(3)->Depth(), 2);
+  EXPECT_EQ(Column(0)->GetExpandIndex(), 3);
+  EXPECT_EQ(Column(3)->GetDisplayName(), QStringLiteral("ID.Name.Amount"));
+  EXPECT_EQ(grid->TitleOffset(), 3);
+  EXPECT_EQ(grid->VisibleColumns(), (std::vector<TQuilColumn*>{Column(2), Column(3)}));
+  group->SetExpanded(false);
+  EXPECT_EQ(grid->TitleOffset(), 2);
+  EXPECT_EQ(grid->VisibleColumns(), std::vector<TQuilColumn*>{group});
+}
+
+// Parents are found front to back, each from those before it: a column without a parent
+// ends the search, as a group that reached past it would own it too.
+TEST(QuilDBGridColumnParents, ATopLevelColumnEndsTheSearchForAParent) {
+  TQuilDBGridColumns columns(nullptr);
+  columns.Add()->SetExpandCols(2);
+  columns.Add();
+  columns.Add();
+  EXPECT_EQ(columns.Items(1)->GetParentColumn(1), columns.Items(0));
+  EXPECT_EQ(columns.Items(2)->GetParentColumn(2), nullptr) << "its neighbour has no parent yet";
+  columns.UpdateParentColumns();
+  EXPECT_EQ(columns.Items(2)->ParentColumn(), columns.Items(0));
+  EXPECT_EQ(columns.Items(2)->Depth(), 1);
+}
+
+TEST_F(QuilDBGridColumnGroups, OnlyAGroupWithTheAutomaticStyleHasTheExpandButton) {
+  OpenGroup();
+  EXPECT_TRUE(group->HasExpandableButton());
+  EXPECT_TRUE(group->HasExpandButton());
+  EXPECT_FALSE(Column(0)->HasExpandableButton()) << "nothing to expand";
+  group->SetExpandStyle(cesNone);
+  EXPECT_FALSE(group->HasExpandButton());
+  group->SetExpandStyle(cesDropDown);
+  EXPECT_FALSE(group->HasExpandableButton());
+  EXPECT_TRUE(group->HasDropDownButton());
+}
+
 TEST_F(QuilDBGridColumnGroups, HidingAParentHidesItsChildren) {
   OpenGroup();
   group->SetVisible(false);
@@ -134,6 +184,12 @@ TEST_F(QuilDBGridColumnGroups, AGroupMovedRightEndsOnTheTarget) {
   grid->Columns()->Items(0)->SetExpandCols(1);
   grid->Columns()->Items(0)->SetIndex(3);
   EXPECT_EQ(FieldNames(grid->Columns()), QStringList({"City", "Amount", "ID", "Name"}));
+}
+
+TEST_F(QuilDBGridColumnGroups, AMovePastTheEndEndsAtTheLastColumn) {
+  OpenGroup();
+  Column(0)->SetIndex(99);
+  EXPECT_EQ(FieldNames(grid->Columns()), QStringList({"Name", "City", "Amount", "ID"}));
 }
 
 TEST_F(QuilDBGridColumnGroups, AtDesignTimeColumnsOfGroupsMoveOnlyInADesignUpdate) {
@@ -184,10 +240,7 @@ TEST_F(QuilDBGridColumnGroups, StructuredFieldsOwnTheColumnsOfTheirChildrenAtEve
   auto* orders = new TDataSetField(people);
   add(orders, "Orders", nullptr);
   add(new TStringField(people), "Item", orders);
-  source = new TDataSource(form);
-  source->SetDataSet(people);
-  grid = new gridtest::TProbeGrid(form);
-  grid->SetDataSource(source);
+  BindTo(people);
   grid->Columns()->RebuildColumns();
   EXPECT_EQ(FieldNames(grid->Columns()),
             QStringList({"Name", "Address", "Address.Street", "Address.Geo", "Address.Geo.Lat", "Orders"}));
@@ -201,6 +254,27 @@ TEST_F(QuilDBGridColumnGroups, StructuredFieldsOwnTheColumnsOfTheirChildrenAtEve
   EXPECT_EQ(group->GetExpandIndex(), 4) << "the group reaches to its grandchildren";
   EXPECT_EQ(Column(0)->ParentColumn(), nullptr);
   EXPECT_EQ(Column(5)->ParentColumn(), nullptr);
+}
+
+// An automatic column moves among the columns of its own level: onto a child of a
+// structured field it moves its field in front of the structured one.
+TEST_F(QuilDBGridColumnGroups, AnAutomaticColumnMovesAmongItsOwnLevel) {
+  form = new TForm(nullptr);
+  auto* people = new dbtest::TWindowCheckedDataSet(form);
+  people->FieldDefs()->Add("ID", ftInteger);
+  people->FieldDefs()->Add("Name", ftString, 20);
+  TFieldDef* address = people->FieldDefs()->Add("Address", ftADT);
+  address->ChildDefs()->Add("Street", ftString, 20);
+  address->ChildDefs()->Add("Town", ftString, 20);
+  people->FieldDefs()->Add("Amount", ftFloat);
+  people->CreateDataSet();
+  BindTo(people);
+  ASSERT_EQ(FieldNames(grid->Columns()),
+            QStringList({"ID", "Name", "Address", "Address.Street", "Address.Town", "Amount"}));
+  Column(5)->SetIndex(3);
+  EXPECT_EQ(FieldNames(grid->Columns()),
+            QStringList({"ID", "Name", "Amount", "Address", "Address.Street", "Address.Town"}));
+  EXPECT_EQ(people->FieldByName("Amount")->Index(), 2);
 }
 
 }  // namespace
