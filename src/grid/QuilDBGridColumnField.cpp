@@ -47,10 +47,11 @@ void TQuilColumn::SetField(TField* value) {
     if (grid) value->FreeNotification(grid);
     fieldName_ = value->FullName();
   }
-  // An automatic column is its field's picture: a new field brings new defaults.
+  // An automatic column is its field's picture: a new field brings new defaults. The
+  // name goes first, or the restore's repaint would find the old field by it again.
   if (!stored_) {
-    RestoreDefaults();
     if (!value) fieldName_.clear();
+    RestoreDefaults();
   }
   SetKeyField(p_.keyField);
   SetLookupDataSet(p_.lookupDataSet);

@@ -203,7 +203,7 @@ TEST_F(QuilColumn, ANewFontRefreshesTheOpenEditor) {
   EXPECT_EQ(grid->InplaceEditor()->Text(), dataSet->FieldByName("Name")->Text());
 }
 
-TEST_F(QuilColumn, AnAutomaticColumnOfAnActiveGridWritesAlignmentAndCaptionToItsField) {
+TEST_F(QuilColumn, AnAutomaticColumnOfAnActiveGridWritesAlignmentReadOnlyAndCaptionToItsField) {
   Open(5);
   TQuilColumn* name = ColumnOf("Name");
   ASSERT_FALSE(name->Stored());
@@ -211,6 +211,9 @@ TEST_F(QuilColumn, AnAutomaticColumnOfAnActiveGridWritesAlignmentAndCaptionToIts
   EXPECT_EQ(dataSet->FieldByName("Name")->Alignment(), taCenter);
   EXPECT_TRUE(name->AssignedValues().Empty());
   EXPECT_EQ(name->Alignment(), taCenter);
+  name->SetReadOnly(true);
+  EXPECT_TRUE(dataSet->FieldByName("Name")->ReadOnly());
+  EXPECT_TRUE(name->AssignedValues().Empty());
   name->Title()->SetCaption("Person");
   EXPECT_EQ(dataSet->FieldByName("Name")->DisplayLabel(), QStringLiteral("Person"));
   EXPECT_TRUE(name->AssignedValues().Empty());
@@ -255,6 +258,7 @@ TEST_F(QuilColumn, AFieldFreedLeavesAnAutomaticColumnWithoutNameOrValues) {
   city->SetHint("kept until the field goes");
   city->SetField(nullptr);
   EXPECT_EQ(city->FieldName(), QString());
+  EXPECT_EQ(city->Field(), nullptr);
   EXPECT_EQ(city->Hint(), QString());
 }
 

@@ -111,6 +111,14 @@ TEST_F(QuilDBGridColumns, MovingAnAutomaticColumnMovesItsField) {
   EXPECT_EQ(FieldNames(grid->Columns()), QStringList({"ID", "Amount", "Name", "City"}));
 }
 
+TEST_F(QuilDBGridColumns, AnAutomaticColumnWithoutAFieldStaysWhereTheFieldsPutIt) {
+  Open(5);
+  ColumnOf("Name")->SetField(nullptr);
+  grid->Columns()->Items(1)->SetIndex(3);
+  EXPECT_EQ(FieldNames(grid->Columns()), QStringList({"ID", "Name", "City", "Amount"}));
+  EXPECT_EQ(dataSet->FieldByName("Name")->Index(), 1);
+}
+
 TEST_F(QuilDBGridColumns, APersistentColumnAddedAfterDefaultOnesTakesTheirPlace) {
   Open(5);
   grid->Columns()->Add()->SetFieldName("City");
