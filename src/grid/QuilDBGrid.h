@@ -188,7 +188,7 @@ public:
   // FIXME: ordering brackets marker changes and applies the order at the end.
   void BeginOrderUpdate() {}
   void EndOrderUpdate() {}
-  void SetOrderFields(const QString&) {}
+  virtual void SetOrderFields(const QString&) {}
 
   // --- Properties that shape rows and columns
   int IndicatorWidth() const { return indicatorWidth_; }

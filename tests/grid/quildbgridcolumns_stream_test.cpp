@@ -188,12 +188,12 @@ TEST_F(QuilDBGridColumnStream, AWidthOf64IsWrittenEvenWhenItIsTheDefault) {
   EXPECT_TRUE(test::ObjectText(stream).contains("Width = 64"));
 }
 
-}  // namespace
 
 // --- Reading a stream into a shown grid
 
-// A grid whose column collections note, for each column that comes in, whether it came
-// into the grid's own collection and in which streaming state.
+// A grid that has an order, notes the order it is given, and whose column collections
+// note, for each column that comes in, whether it came into the grid's own collection
+// and in which streaming state.
 class TStreamProbeGrid : public gridtest::TProbeGrid {
 public:
   using TProbeGrid::TProbeGrid;
@@ -202,6 +202,11 @@ public:
     TGridStreamingState state;
   };
   std::vector<TArrival> arrivals;
+  QString order;
+  QStringList ordersGiven;
+
+  QString GetOrderFields() const override { return order; }
+  void SetOrderFields(const QString& value) override { ordersGiven << value; }
 
 protected:
   TQuilDBGridColumns* CreateColumns() override { return new TNotingColumns(this); }
@@ -260,3 +265,17 @@ TEST_F(QuilDBGridColumnLoad, ColumnsAreReadApartAndCopiedInWithoutExpandingOrMov
   EXPECT_FALSE(grid->Columns()->Items(2)->Expanded());
   EXPECT_TRUE(grid->StreamingState().Empty());
 }
+
+TEST_F(QuilDBGridColumnLoad, TheOrderTravelsWithTheColumns) {
+  OpenCollapsed();
+  probe->order = "Name,City DESC";
+  TMemoryStream stream;
+  grid->Columns()->SaveToStream(stream);
+  EXPECT_TRUE(test::ObjectText(stream).contains("OrderFields = 'Name,City DESC'"));
+  probe->order.clear();
+  stream.Seek(0, soBeginning);
+  grid->Columns()->LoadFromStream(stream);
+  EXPECT_EQ(probe->ordersGiven, QStringList({"Name,City DESC"}));
+}
+
+}  // namespace
