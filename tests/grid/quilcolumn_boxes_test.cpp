@@ -155,14 +155,6 @@ TEST_F(QuilColumnBoxes, ToggleExpandBoxMarksOnlyItsRecordExpandedWhileTheGridHan
   EXPECT_TRUE(name->IsExpandableBox());
 }
 
-TEST_F(QuilColumnBoxes, ImageIndexReadsBooleanTextsAndNumbers) {
-  Open(5);
-  TQuilColumn* id = ColumnOf("ID");
-  EXPECT_EQ(id->GetImageIndex(), 1);
-  TQuilColumn* name = ColumnOf("Name");
-  EXPECT_EQ(name->GetImageIndex(), -1);
-}
-
 TEST_F(QuilColumnBoxes, ImagesGiveCopiesAndMakeTheColumnTransparentAtDesignTime) {
   Open(5);
   TImageList images(nullptr);
@@ -174,6 +166,11 @@ TEST_F(QuilColumnBoxes, ImagesGiveCopiesAndMakeTheColumnTransparentAtDesignTime)
   images.Add(&red, nullptr);
   TQuilColumn* name = ColumnOf("Name");
   grid->SetDesigning(true);
+  grid->Loading();
+  name->SetImages(&images);
+  EXPECT_FALSE(name->Transparent()) << "a column being read takes Transparent from the stream";
+  name->SetImages(nullptr);
+  static_cast<TComponent*>(grid)->Loaded();
   name->SetImages(&images);
   EXPECT_TRUE(name->Transparent()) << "a list without background color draws transparently";
   EXPECT_EQ(name->GetImage(1), nullptr);
@@ -184,5 +181,119 @@ TEST_F(QuilColumnBoxes, ImagesGiveCopiesAndMakeTheColumnTransparentAtDesignTime)
   name->SetTransparentColor(clRed);
   EXPECT_EQ(name->GetImage(0)->TransparentMode(), tmFixed);
 }
+
+TEST_F(QuilColumnBoxes, ADisabledGridGreysItsImagesOverTheFixedColor) {
+  Open(5);
+  TImageList images(nullptr);
+  images.SetWidth(4);
+  images.SetHeight(4);
+  TBitmap halfRed(4, 4);
+  halfRed.Canvas()->Brush()->SetColor(clWhite);
+  halfRed.Canvas()->FillRect(TRect(0, 0, 4, 4));
+  halfRed.Canvas()->Brush()->SetColor(clRed);
+  halfRed.Canvas()->FillRect(TRect(0, 0, 2, 4));
+  images.AddMasked(&halfRed, clWhite);
+  TQuilColumn* name = ColumnOf("Name");
+  name->SetImages(&images);
+  grid->SetFixedColor(clYellow);
+  grid->SetEnabled(false);
+  const QImage disabled = name->GetImage(0)->ToImage();
+  EXPECT_EQ(disabled.pixelColor(3, 1), QColor(Qt::yellow)) << "the fixed color shows through";
+  const QColor grey = disabled.pixelColor(0, 1);
+  EXPECT_TRUE(grey.red() == grey.green() && grey.green() == grey.blue()) << grey.name().toStdString();
+  grid->SetEnabled(true);
+  const QImage enabled = name->GetImage(0)->ToImage();
+  EXPECT_EQ(enabled.pixelColor(0, 1), QColor(Qt::red));
+  EXPECT_EQ(enabled.pixelColor(3, 1).alpha(), 0);
+}
+
+// --- The values of a Boolean and a long text field
+
+// A grid, not shown, over one record of a Boolean Done and a long Note.
+class QuilColumnNotes : public ::testing::Test {
+protected:
+  void SetUp() override {
+    notes.FieldDefs()->Add("Done", ftBoolean);
+    notes.FieldDefs()->Add("Note", ftString, 300);
+    notes.CreateDataSet();
+    notes.AppendRecord({true, "No"});
+    source.SetDataSet(&notes);
+    grid.SetDataSource(&source);
+    grid.Columns()->SetState(csCustomized);
+  }
+  TQuilColumn* Done() { return grid.Columns()->Items(0); }
+  TQuilColumn* Note() { return grid.Columns()->Items(1); }
+  void SetNote(const QString& text) {
+    notes.Edit();
+    notes.FieldByName("Note")->SetAsString(text);
+    notes.Post();
+  }
+
+  dbtest::TWindowCheckedDataSet notes{nullptr};
+  TDataSource source{nullptr};
+  TQuilDBGrid grid{nullptr};
+};
+
+TEST_F(QuilColumnNotes, ABooleanFieldGivesImageOneForTrueAndZeroForFalse) {
+  EXPECT_EQ(Done()->GetImageIndex(), 1);
+  notes.Edit();
+  notes.FieldByName("Done")->SetAsBoolean(false);
+  notes.Post();
+  EXPECT_EQ(Done()->GetImageIndex(), 0);
+}
+
+struct ImageTextCase {
+  const char* text;
+  int index;
+};
+
+class QuilColumnImageText : public QuilColumnNotes, public ::testing::WithParamInterface<ImageTextCase> {};
+
+TEST_P(QuilColumnImageText, NamesTheImageByTheTruthTextsOrANumber) {
+  SetNote(GetParam().text);
+  EXPECT_EQ(Note()->GetImageIndex(), GetParam().index);
+}
+
+INSTANTIATE_TEST_SUITE_P(Table, QuilColumnImageText,
+                         ::testing::Values(ImageTextCase{"True", 1}, ImageTextCase{"False", 0},
+                                           ImageTextCase{"7", 7}, ImageTextCase{"true", -1},
+                                           ImageTextCase{"seven", -1}, ImageTextCase{"", -1}),
+                         [](const auto& info) { return "Text" + std::to_string(info.index); });
+
+TEST_F(QuilColumnNotes, CheckBoxTextsCompareInAnyCaseAndTheFalseTextEndsAt255) {
+  Note()->SetCheckBoxValues("Yes;" + QString(300, 'N'));
+  SetNote("yES");
+  EXPECT_TRUE(Note()->IsCheckBoxValue(true));
+  SetNote(QString(255, 'n'));
+  EXPECT_TRUE(Note()->IsCheckBoxValue(false));
+  SetNote(QString(300, 'N'));
+  EXPECT_FALSE(Note()->IsCheckBoxValue(false));
+}
+
+struct ToggleCase {
+  const char* name;
+  void (*prepare)(TDataSet& notes, TDataSource& source);
+};
+
+class QuilColumnToggle : public QuilColumnNotes, public ::testing::WithParamInterface<ToggleCase> {};
+
+TEST_P(QuilColumnToggle, LeavesARecordThatCannotChange) {
+  Note()->SetCheckBox(true);
+  Note()->SetCheckBoxValues("Yes;No");
+  GetParam().prepare(notes, source);
+  const int records = notes.RecordCount();
+  Note()->ToggleCheckBoxValue();
+  EXPECT_EQ(notes.State(), dsBrowse);
+  EXPECT_EQ(notes.RecordCount(), records);
+  if (records > 0) EXPECT_EQ(notes.FieldByName("Note")->AsString(), QStringLiteral("No"));
+}
+
+INSTANTIATE_TEST_SUITE_P(
+    Table, QuilColumnToggle,
+    ::testing::Values(ToggleCase{"InactiveLink", [](TDataSet&, TDataSource& source) { source.SetEnabled(false); }},
+                      ToggleCase{"EmptyDataSet", [](TDataSet& notes, TDataSource&) { notes.Delete(); }},
+                      ToggleCase{"ReadOnlyField",
+                                 [](TDataSet& notes, TDataSource&) { notes.FieldByName("Note")->SetReadOnly(true); }}),
+    [](const auto& info) { return std::string(info.param.name); });
 
 }  // namespace
