@@ -15,6 +15,33 @@ TEST(QuilColumnAlone, PickOptionsKeepTheirPairs) {
   EXPECT_TRUE(column->PickOptions().Contains(poAcceptItemIndex));
 }
 
+TEST(QuilColumnAlone, PickTextServesOnlyWhileItMayBeSelected) {
+  TQuilDBGridColumns columns(nullptr);
+  TQuilColumn* column = columns.Add();
+  EXPECT_FALSE(column->GetPickTextActive());
+  column->PickText()->Add("Oslo");
+  EXPECT_TRUE(column->GetPickTextActive());
+  column->SwitchPickOptions({poSelectPickText}, false);
+  EXPECT_FALSE(column->GetPickTextActive());
+}
+
+TEST(QuilColumnAlone, TheCalendarServesDatesAndTimes) {
+  dbtest::TWindowCheckedDataSet times(nullptr);
+  const std::pair<const char*, TFieldType> kinds[] = {
+      {"Day", ftDate}, {"Moment", ftDateTime}, {"Stamp", ftTimeStamp}, {"Hour", ftTime}, {"Text", ftString}};
+  for (auto [name, type] : kinds) times.FieldDefs()->Add(name, type);
+  times.CreateDataSet();
+  TDataSource source(nullptr);
+  source.SetDataSet(&times);
+  TQuilDBGrid grid(nullptr);
+  grid.SetDataSource(&source);
+  grid.Columns()->SetState(csCustomized);
+  QStringList calendars;
+  for (TQuilColumn* column : *grid.Columns())
+    if (column->GetCalendarActive()) calendars << column->FieldName();
+  EXPECT_EQ(calendars, QStringList({"Day", "Moment", "Stamp"}));
+}
+
 // A descendant that decides for itself which cells hold a multi-select list.
 class TAlwaysListColumn : public TQuilColumn {
 public:

@@ -52,9 +52,11 @@ TEST_F(QuilColumnLookup, LookupKindFollowsKeyAndResultFields) {
   grid->Columns()->SetState(csCustomized);
   TQuilColumn* city = ColumnOf("City");
   EXPECT_EQ(city->GetLookupColumn(), lcNotDefined);
+  EXPECT_FALSE(city->GetLookupActive());
   city->SetLookupDataSet(cities);
   city->SetLookupKeyField("Code");
   EXPECT_EQ(city->GetLookupColumn(), lcLookupKeyField) << "the key field is the column's own";
+  EXPECT_TRUE(city->GetLookupActive());
   EXPECT_EQ(city->LookupResultField(), QStringLiteral("Code"));
   city->SetLookupResultField("Country");
   EXPECT_EQ(city->GetLookupColumn(), lcLookupValueField);

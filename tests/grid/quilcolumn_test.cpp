@@ -3,6 +3,7 @@
 #include "ColumnTestKit.h"
 #include "framework/controls/Menus.h"
 #include "framework/graphics/Font.h"
+#include "framework/graphics/ImageList.h"
 #include "framework/rtl/RtlConsts.h"
 #include "framework/rtl/Strings.h"
 
@@ -134,6 +135,17 @@ TEST(QuilColumnAlone, AssignCopiesAssignedValuesOnlyAndTheRestAlways) {
   EXPECT_EQ(target->PickList()->Text(), source->PickList()->Text());
 }
 
+TEST(QuilColumnAlone, AFilterListOrAFilterTextFilters) {
+  TQuilDBGridColumns columns(nullptr);
+  TQuilColumn* column = columns.Add();
+  EXPECT_FALSE(column->GetFiltered());
+  column->FilterList()->Add("Oslo");
+  EXPECT_TRUE(column->GetFiltered());
+  column->FilterList()->Clear();
+  column->SetFilterText("City = 'Oslo'");
+  EXPECT_TRUE(column->GetFiltered());
+}
+
 TEST(QuilColumnAlone, HeaderBandsCountTheirSeparators) {
   TQuilDBGridColumns columns(nullptr);
   TQuilColumnTitle* title = columns.Add()->Title();
@@ -250,6 +262,29 @@ TEST_F(QuilColumn, RestoreDefaultsLetsGoOfMenusAndFiltersAndLaysOutAfterAnOwnFon
   grid->layoutSources.clear();
   name->RestoreDefaults();
   EXPECT_TRUE(grid->layoutSources.empty()) << "the column only repaints";
+}
+
+TEST_F(QuilColumn, MenusAndImagesThatGoAreLetGo) {
+  Open(5);
+  TQuilColumn* name = ColumnOf("Name");
+  auto* menu = new TPopupMenu(nullptr);
+  auto* dropDown = new TPopupMenu(nullptr);
+  auto* images = new TImageList(nullptr);
+  name->SetPopupMenu(menu);
+  name->SetDropDownMenu(dropDown);
+  name->SetImages(images);
+  name->Title()->SetPopupMenu(menu);
+  name->Title()->SetDropDownMenu(dropDown);
+  delete menu;
+  delete dropDown;
+  delete images;
+  EXPECT_EQ(name->PopupMenu(), nullptr);
+  EXPECT_EQ(name->DropDownMenu(), nullptr);
+  EXPECT_EQ(name->ButtonStyle(), cbsAuto);
+  EXPECT_EQ(name->Images(), nullptr);
+  EXPECT_EQ(name->Title()->PopupMenu(), nullptr);
+  EXPECT_EQ(name->Title()->DropDownMenu(), nullptr);
+  EXPECT_EQ(name->ExpandStyle(), cesAuto);
 }
 
 TEST_F(QuilColumn, AFieldFreedLeavesAnAutomaticColumnWithoutNameOrValues) {

@@ -252,6 +252,15 @@ TEST_F(QuilDBGridColumns, DeletingThePressedColumnLeavesNoDanglingReference) {
   EXPECT_NE(grid->FilterListColumn(), nullptr);
 }
 
+TEST_F(QuilDBGridColumns, RemoveMarkersClearsEveryTitlesMarker) {
+  Open(5);
+  grid->Columns()->SetState(csCustomized);
+  grid->Columns()->Items(1)->Title()->SetMarker(tmAscend);
+  grid->Columns()->Items(3)->Title()->SetMarker(tmDescend);
+  grid->Columns()->RemoveMarkers();
+  for (TQuilColumn* column : *grid->Columns()) EXPECT_EQ(column->Title()->Marker(), tmNone);
+}
+
 TEST_F(QuilDBGridColumns, ColumnsAreFoundByFieldNameInAnyCase) {
   Open(5);
   grid->Columns()->SetState(csCustomized);
