@@ -21,7 +21,9 @@
 // expand columns in front; customized columns are Stored, defined by the application or
 // by RebuildColumns, and keep their field by name. A column's values follow defaults
 // (field, grid) until assigned. A column stream (SaveToStream) writes a
-// TQuilColumnsWrapper component in the framework's stream format.
+// TQuilColumnsWrapper component in the framework's stream format; LoadFromStream reads
+// it into a collection of the grid's column kind that leaves the grid alone, and
+// copies that in with one layout.
 //
 // How a paint travels: the base grid's Paint visits the cells that meet the update
 // region; DrawCell sets the link's ActiveRecord to the cell's buffered record, reads the
