@@ -103,7 +103,20 @@ TEST(QuilColumnAlone, CheckBoxValuesOfEmptyTextRestoreTheDefault) {
 
 // --- In a grid over the people table
 
-class QuilColumnBoxes : public gridtest::ColumnFixture {};
+class QuilColumnBoxes : public gridtest::ColumnFixture {
+protected:
+  // Adds a 4 x 4 image, red on its left half and masked out on its right.
+  static void AddHalfRed(TImageList& images) {
+    images.SetWidth(4);
+    images.SetHeight(4);
+    TBitmap halfRed(4, 4);
+    halfRed.Canvas()->Brush()->SetColor(clWhite);
+    halfRed.Canvas()->FillRect(TRect(0, 0, 4, 4));
+    halfRed.Canvas()->Brush()->SetColor(clRed);
+    halfRed.Canvas()->FillRect(TRect(0, 0, 2, 4));
+    images.AddMasked(&halfRed, clWhite);
+  }
+};
 
 TEST_F(QuilColumnBoxes, CheckBoxValueWithoutSemicolonHasAnEmptyFalseText) {
   Open(5);
@@ -158,12 +171,7 @@ TEST_F(QuilColumnBoxes, ToggleExpandBoxMarksOnlyItsRecordExpandedWhileTheGridHan
 TEST_F(QuilColumnBoxes, ImagesGiveCopiesAndMakeTheColumnTransparentAtDesignTime) {
   Open(5);
   TImageList images(nullptr);
-  images.SetWidth(4);
-  images.SetHeight(4);
-  TBitmap red(4, 4);
-  red.Canvas()->Brush()->SetColor(clRed);
-  red.Canvas()->FillRect(TRect(0, 0, 4, 4));
-  images.Add(&red, nullptr);
+  AddHalfRed(images);
   TQuilColumn* name = ColumnOf("Name");
   grid->SetDesigning(true);
   grid->Loading();
@@ -185,14 +193,7 @@ TEST_F(QuilColumnBoxes, ImagesGiveCopiesAndMakeTheColumnTransparentAtDesignTime)
 TEST_F(QuilColumnBoxes, ADisabledGridGreysItsImagesOverTheFixedColor) {
   Open(5);
   TImageList images(nullptr);
-  images.SetWidth(4);
-  images.SetHeight(4);
-  TBitmap halfRed(4, 4);
-  halfRed.Canvas()->Brush()->SetColor(clWhite);
-  halfRed.Canvas()->FillRect(TRect(0, 0, 4, 4));
-  halfRed.Canvas()->Brush()->SetColor(clRed);
-  halfRed.Canvas()->FillRect(TRect(0, 0, 2, 4));
-  images.AddMasked(&halfRed, clWhite);
+  AddHalfRed(images);
   TQuilColumn* name = ColumnOf("Name");
   name->SetImages(&images);
   grid->SetFixedColor(clYellow);

@@ -33,6 +33,15 @@ protected:
     group->SetExpandCols(2);
   }
   TQuilColumn* Column(int index) { return grid->Columns()->Items(index); }
+  // The group collapsed with the cursor on it, its expansions and the designer's
+  // updates counted from here.
+  void CollapseUnderTheCursor() {
+    group->SetExpanded(false);
+    grid->OnColExpand = TDBGridClickEvent(&expansions, &TExpandCounter::OnColExpand);
+    grid->SetSelectedIndex(1);
+    designerUpdatesBefore = static_cast<TDesignedGrid*>(grid)->designerUpdates;
+  }
+  int DesignerUpdates() const { return static_cast<TDesignedGrid*>(grid)->designerUpdates - designerUpdatesBefore; }
   // A grid over a data set that the test made on the form.
   void BindTo(TDataSet* dataSet) {
     source = new TDataSource(form);
@@ -45,6 +54,8 @@ protected:
     ColumnFixture::TearDown();
   }
   TQuilColumn* group = nullptr;
+  TExpandCounter expansions;
+  int designerUpdatesBefore = 0;
 };
 
 TEST_F(QuilDBGridColumnGroups, ACollapsedGroupShowsAloneAndAnExpandedOneShowsItsChildren) {
@@ -76,14 +87,10 @@ TEST_F(QuilDBGridColumnGroups, TheExpandedStartDefaultHasNoRoomBeforeTheGroupIsL
 
 TEST_F(QuilDBGridColumnGroups, ExpandingFiresOnColExpandAndKeepsTheCursorOnAShownColumn) {
   OpenGroup();
-  group->SetExpanded(false);
-  TExpandCounter counter;
-  grid->OnColExpand = TDBGridClickEvent(&counter, &TExpandCounter::OnColExpand);
-  grid->SetSelectedIndex(1);
-  const int designerUpdates = static_cast<TDesignedGrid*>(grid)->designerUpdates;
+  CollapseUnderTheCursor();
   group->SetExpanded(true);
-  EXPECT_EQ(counter.count, 1);
-  EXPECT_EQ(static_cast<TDesignedGrid*>(grid)->designerUpdates, designerUpdates + 1);
+  EXPECT_EQ(expansions.count, 1);
+  EXPECT_EQ(DesignerUpdates(), 1);
   EXPECT_TRUE(grid->SelectedColumn()->GetShowing());
   EXPECT_EQ(grid->SelectedIndex(), 2) << "expanding steps right into the group";
   grid->SetSelectedIndex(3);
@@ -93,18 +100,14 @@ TEST_F(QuilDBGridColumnGroups, ExpandingFiresOnColExpandAndKeepsTheCursorOnAShow
 
 TEST_F(QuilDBGridColumnGroups, InsideALayoutTransactionTheLayoutPutsTheCursorOnAShownColumn) {
   OpenGroup();
-  group->SetExpanded(false);
-  TExpandCounter counter;
-  grid->OnColExpand = TDBGridClickEvent(&counter, &TExpandCounter::OnColExpand);
-  grid->SetSelectedIndex(1);
-  const int designerUpdates = static_cast<TDesignedGrid*>(grid)->designerUpdates;
+  CollapseUnderTheCursor();
   grid->BeginLayout();
   group->SetExpanded(true);
   EXPECT_EQ(grid->SelectedIndex(), 1) << "the old layout is not worked on";
   grid->EndLayout();
   EXPECT_TRUE(grid->SelectedColumn()->GetShowing());
-  EXPECT_EQ(counter.count, 0) << "a change made with others is no user's expansion";
-  EXPECT_EQ(static_cast<TDesignedGrid*>(grid)->designerUpdates, designerUpdates);
+  EXPECT_EQ(expansions.count, 0) << "a change made with others is no user's expansion";
+  EXPECT_EQ(DesignerUpdates(), 0);
 }
 
 TEST_F(QuilDBGridColumnGroups, GroupsNestAndEachLevelAddsATitleRow) {
