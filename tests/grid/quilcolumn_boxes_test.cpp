@@ -286,7 +286,9 @@ TEST_P(QuilColumnToggle, LeavesARecordThatCannotChange) {
   Note()->ToggleCheckBoxValue();
   EXPECT_EQ(notes.State(), dsBrowse);
   EXPECT_EQ(notes.RecordCount(), records);
-  if (records > 0) EXPECT_EQ(notes.FieldByName("Note")->AsString(), QStringLiteral("No"));
+  if (records > 0) {
+    EXPECT_EQ(notes.FieldByName("Note")->AsString(), QStringLiteral("No"));
+  }
 }
 
 INSTANTIATE_TEST_SUITE_P(

@@ -50,7 +50,9 @@ TEST_P(QuilDBGridColumnChange, RepaintsTheColumnAloneOrLaysOut) {
   GetParam().change(Column(1));
   Paint();
   EXPECT_EQ(!grid->layoutSources.empty(), GetParam().laysOut);
-  if (!GetParam().laysOut) EXPECT_EQ(grid->DrawnCols(), std::set<int>{grid->DataToRawColumn(1)});
+  if (!GetParam().laysOut) {
+    EXPECT_EQ(grid->DrawnCols(), std::set<int>{grid->DataToRawColumn(1)});
+  }
 }
 
 INSTANTIATE_TEST_SUITE_P(
