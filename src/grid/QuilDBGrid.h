@@ -114,6 +114,8 @@ public:
   TQuilDBGridColumns* Columns() const { return columns_.get(); }
   // A new, empty collection of the grid's own column kind, owned by the caller.
   TQuilDBGridColumns* MakeColumns() { return CreateColumns(); }
+  // False for a collection from MakeColumns: its changes must not reach the grid.
+  bool OwnsColumns(const TQuilDBGridColumns* columns) const { return columns_.Made() && columns_.get() == columns; }
   TQuilGridDataLink* DataLink() const { return dataLink_.get(); }
   TQuilGridStyle* GridStyle() const { return gridStyle_.get(); }
   void SetGridStyle(const TQuilGridStyle* value) { gridStyle_->Assign(value); }
@@ -183,6 +185,8 @@ public:
   virtual void CellExpand(TQuilColumn* column);
   // The first scrollable column shown changed; fires OnColumnScroll with its data column.
   virtual void ColumnScroll(int dataCol);
+  // Tells a form designer that the columns changed; a design-time host overrides it.
+  virtual void UpdateDesigner() {}
   TDBGridClickEvent OnColExpand;
   TDBGridClickEvent OnCellExpand;
   TDBGridColumnScrollEvent OnColumnScroll;
@@ -204,7 +208,7 @@ public:
   // FIXME: ordering brackets marker changes and applies the order at the end.
   void BeginOrderUpdate() {}
   void EndOrderUpdate() {}
-  void SetOrderFields(const QString&) {}
+  virtual void SetOrderFields(const QString&) {}
 
   // --- Properties that shape rows and columns
   int IndicatorWidth() const { return indicatorWidth_; }

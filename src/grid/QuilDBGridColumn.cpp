@@ -37,6 +37,11 @@ TQuilCustomDBGrid* TQuilColumn::Grid() const {
   return columns ? columns->Grid() : nullptr;
 }
 
+TQuilCustomDBGrid* TQuilColumn::ShowingGrid() const {
+  TQuilDBGridColumns* columns = Columns();
+  return columns && columns->ShownByGrid() ? columns->Grid() : nullptr;
+}
+
 // --- Owned parts
 
 TQuilColumnTitle* TQuilColumn::CreateTitle() { return new TQuilColumnTitle(this); }
@@ -425,6 +430,7 @@ void TQuilColumn::SetPopupMenu(TPopupMenu* value) {
   if (p_.popupMenu == value) return;
   p_.popupMenu = value;
   if (value && Grid()) value->FreeNotification(Grid());
+  Changed(false);
 }
 
 // A menu turns the automatic button into a menu button, and its loss turns it back.

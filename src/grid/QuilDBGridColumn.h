@@ -301,7 +301,7 @@ public:
   bool GetPickDataActive() const;
   bool GetPickTextActive() const;
   bool GetCalendarActive() const;
-  bool GetMultiSelectList() const;
+  virtual bool GetMultiSelectList() const;
   bool MultiSelectList() const { return GetMultiSelectList(); }
   // A pick row: PickTextFormat, or DefPickTextFormat when empty, of the text, the value
   // and index; empty for a negative index.
@@ -381,6 +381,9 @@ protected:
 private:
   friend class TQuilColumnTitle;
 
+  // The grid for work on the grid itself (layout, cursor, stretching); none for a
+  // column of a collection that the grid does not show.
+  TQuilCustomDBGrid* ShowingGrid() const;
   void FontChanged(TObject* sender);
   void MarkAssigned(TQuilColumnValue member) { assignedValues_.Include(member); }
   bool IsAssigned(TQuilColumnValue member) const { return assignedValues_.Contains(member); }
@@ -390,6 +393,9 @@ private:
   bool GridWriting() const;
   bool GridStreaming() const;
   void MakeTotals() const;
+  // What an expand box brings with it, whether or not it was on: no check box, a
+  // transparent cell and an image draw that places a box.
+  void TakeExpandBoxLook();
   void ResetMembers();
   void CopyMembers(const TQuilColumn& source);
   void FreeLists();
@@ -419,6 +425,7 @@ private:
     TAlignment alignment = taLeftJustify;
     TColor color = clWindow;
     TImeMode imeMode = imDontCare;
+    // The screen's default input method: Qt picks the platform's own and names none.
     TImeName imeName;
     bool readOnly = false;
     int width = 64;

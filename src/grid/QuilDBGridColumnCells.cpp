@@ -95,26 +95,28 @@ void TQuilColumn::SetCheckBox(bool value) {
 void TQuilColumn::SetExpandBox(bool value) {
   if (p_.expandBox == value) return;
   p_.expandBox = value;
-  if (value) {
-    p_.checkBox = false;
-    p_.transparent = true;
-    SetImageDraw(p_.imageDraw);
-  } else {
-    p_.expandBoxTree = false;
-  }
+  if (value) TakeExpandBoxLook();
+  else p_.expandBoxTree = false;
   Changed(true);
+}
+
+void TQuilColumn::TakeExpandBoxLook() {
+  p_.checkBox = false;
+  p_.transparent = true;
+  SetImageDraw(p_.imageDraw);
 }
 
 // The tree box sits in the image margin, which it makes room for.
 void TQuilColumn::SetExpandBoxTree(bool value) {
   if (p_.expandBoxTree == value) return;
-  SetExpandBox(value);
+  p_.expandBox = value;
   p_.expandBoxTree = value;
   if (!value) {
     p_.imageMargin = 0;
-  } else if (p_.imageMargin == 0) {
+  } else {
+    TakeExpandBoxLook();
     TQuilCustomDBGrid* grid = Grid();
-    p_.imageMargin = MulDiv(20, grid ? grid->GetCurrentPPI() : 96, 96);
+    if (p_.imageMargin == 0) p_.imageMargin = MulDiv(20, grid ? grid->GetCurrentPPI() : 96, 96);
   }
   Changed(true);
 }
@@ -247,7 +249,7 @@ bool TQuilColumn::GetMultiSelectList() const {
 QString TQuilColumn::FormatText(const QString& text) const {
   if (!GetMultiSelectList() || p_.multiSelectText != mstEllipsis) return text;
   if (text.isEmpty()) return QStringLiteral("...");
-  const QString delimiter = p_.delimiterLine ? QStringLiteral("\n") : QString(p_.delimiterChar);
+  const QString delimiter = p_.delimiterLine ? QStringLiteral("\r\n") : QString(p_.delimiterChar);
   const qsizetype at = text.indexOf(delimiter);
   return at < 0 ? text : text.left(at) + QStringLiteral(" ...");
 }
@@ -281,7 +283,7 @@ void TQuilColumn::SetPickOptions(TQuilPickOptions value) {
   const bool autoLoadOn = value.Contains(poAutoLoadList) && !p_.pickOptions.Contains(poAutoLoadList);
   if (!Store(p_.pickOptions, value)) return;
   PickDataChanged();
-  if (autoLoadOn && Grid()) Grid()->UpdateListItems(false);
+  if (autoLoadOn && ShowingGrid()) ShowingGrid()->UpdateListItems(false);
 }
 
 void TQuilColumn::SwitchPickOptions(TQuilPickOptions options, bool on) {

@@ -95,7 +95,7 @@ void TQuilColumn::SetExpandStyle(TQuilColumnExpandStyle value) {
 
 void TQuilColumn::SetVisible(bool value) {
   if (!Store(p_.visible, value)) return;
-  TQuilCustomDBGrid* grid = Grid();
+  TQuilCustomDBGrid* grid = ShowingGrid();
   if (grid) {
     // The master copies the flag without stretching on its own.
     const bool holdStretch = grid->StretchActive() && !grid->StretchRunning();
@@ -111,8 +111,10 @@ void TQuilColumn::SetVisible(bool value) {
 
 void TQuilColumn::SetExpanded(bool value) {
   if (p_.expanded == value) return;
-  TQuilCustomDBGrid* grid = Grid();
-  if (!grid || grid->ComponentState().Contains(csLoading)) {
+  TQuilCustomDBGrid* grid = ShowingGrid();
+  // Inside a layout transaction the grid's own steps would work on the old layout; the
+  // layout that ends the transaction puts the cursor on a shown column.
+  if (!grid || grid->ComponentState().Contains(csLoading) || grid->LayoutLock() > 0) {
     p_.expanded = value;
     Changed(true);
     return;
@@ -144,17 +146,24 @@ void TQuilColumn::ExpandWithGrid(bool value) {
   }
   if (pauseStretch) grid->SetStretchMode(true);
   grid->SetEditorMode(editorMode);
+  grid->UpdateDesigner();
   grid->StretchGrid();
   grid->Synchronize();
+  // FIXME: flat scroll bars follow the new width of the columns here.
   if (GetExpandable()) grid->ColExpand(this);
 }
 
 // --- Moving
 
 void TQuilColumn::SetIndex(int value) {
-  TQuilCustomDBGrid* grid = Grid();
   TQuilDBGridColumns* columns = Columns();
-  if (grid && columns && grid->ComponentState().Contains(csDesigning) &&
+  // Groups and automatic columns exist only in a column collection.
+  if (!columns) {
+    TCollectionItem::SetIndex(value);
+    return;
+  }
+  TQuilCustomDBGrid* grid = Grid();
+  if (grid && grid->ComponentState().Contains(csDesigning) &&
       !grid->ComponentState().Contains(csLoading) && grid->LayoutLock() == 0 && columns->DesignUpdateCount() == 0 &&
       columns->AnyExpandable())
     return;

@@ -47,10 +47,11 @@ void TQuilColumn::SetField(TField* value) {
     if (grid) value->FreeNotification(grid);
     fieldName_ = value->FullName();
   }
-  // An automatic column is its field's picture: a new field brings new defaults.
+  // An automatic column is its field's picture: a new field brings new defaults. The
+  // name goes first, or the restore's repaint would find the old field by it again.
   if (!stored_) {
-    RestoreDefaults();
     if (!value) fieldName_.clear();
+    RestoreDefaults();
   }
   SetKeyField(p_.keyField);
   SetLookupDataSet(p_.lookupDataSet);
@@ -121,7 +122,8 @@ void TQuilColumn::SetLookupDataSet(TDataSet* value) {
 }
 
 void TQuilColumn::SetKeyField(const QString& value) {
-  QString name = SameName(value, fieldName_) ? QString() : value;
+  TField* field = Field();
+  QString name = SameName(value, IsLookupField(field) ? field->KeyFields() : fieldName_) ? QString() : value;
   if (!name.isEmpty() && Grid()) name = ValidFieldNames(Grid()->DataSet(), name, true);
   p_.keyField = name;
   SetLookupResultField(p_.lookupResultField);
@@ -255,15 +257,26 @@ bool TQuilColumn::IsWidthStored() const {
   return width == 64 || width != DefaultWidth();
 }
 
-void TQuilColumn::SetWidthMax(int value) { StoreAndRepaint(*this, p_.widthMax, std::max(value, -1)); }
-void TQuilColumn::SetWidthMin(int value) { StoreAndRepaint(*this, p_.widthMin, std::max(value, -1)); }
+void TQuilColumn::SetWidthMax(int value) {
+  if (value >= -1) StoreAndRepaint(*this, p_.widthMax, value);
+}
 
-// An automatic column keeps its width on the field as characters of the column's font.
+void TQuilColumn::SetWidthMin(int value) {
+  if (value >= -1) StoreAndRepaint(*this, p_.widthMin, value);
+}
+
+// An automatic column keeps its width on the field as characters of the column's font:
+// digits, or average characters in a font whose digit zero takes no room.
 void TQuilColumn::SetWidthToField(int value) {
   TCanvas* canvas = Grid()->Canvas();
   canvas->SetFont(Font());
   const int digit = canvas->TextWidth(QStringLiteral("0"));
-  if (digit > 0) Field()->SetDisplayWidth((value + digit / 2 - 4) / digit);
+  if (digit > 0) {
+    Field()->SetDisplayWidth((value + digit / 2 - 4) / digit);
+    return;
+  }
+  const int average = canvas->AverageCharWidth();
+  if (average > 0) Field()->SetDisplayWidth((value + average / 2 - 3) / average);
 }
 
 void TQuilColumn::SetWidth(int value) {
@@ -293,9 +306,10 @@ void TQuilColumn::StoreWidth(int value) {
   const int shownBefore = GetWidth();
   p_.width = value;
   MarkAssigned(cvWidth);
-  if (grid && GetWidth() != shownBefore) {
-    grid->SetResizedCol(grid->DataToRawColumn(Index()));
-    grid->StretchGrid();
+  TQuilCustomDBGrid* shown = ShowingGrid();
+  if (shown && GetWidth() != shownBefore) {
+    shown->SetResizedCol(shown->DataToRawColumn(Index()));
+    shown->StretchGrid();
     Synchronize();
   }
   Changed(false);

@@ -239,11 +239,14 @@ QString TQuilColumnTitle::GetHeaderText(const QString& text, int index) {
 void TQuilColumnTitle::RestoreDefaults() {
   const bool fontWasAssigned = IsAssigned(cvTitleFont);
   if (column_) column_->assignedValues_ -= TQuilColumnValues{cvTitleColor, cvTitleCaption, cvTitleAlignment, cvTitleFont};
+  alignment_ = taLeftJustify;
+  color_ = clBtnFace;
   caption_.clear();
   header_.clear();
   hint_.clear();
   headerHint_.clear();
   popupMenu_ = nullptr;
+  SetDropDownMenu(nullptr);
   button_ = ellipsis_ = wordWrap_ = autoToggle_ = autoFilter_ = true;
   vAlignment_ = tvCenter;
   marker_ = tmNone;

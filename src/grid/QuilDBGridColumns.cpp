@@ -131,13 +131,20 @@ void TQuilDBGridColumns::SetState(TDBGridColumnsState value) {
   else Clear();
 }
 
+// A structured field's children stand right behind it; a nested data set's fields are
+// edited apart, in a grid of their own.
 void TQuilDBGridColumns::AddFieldColumns(const TFields* fields) {
   for (TField* field : *fields) {
     Add()->SetFieldName(field->FullName());
-    if (auto* object = dynamic_cast<const TObjectField*>(field)) AddFieldColumns(object->Fields());
+    if (field->DataType() == ftADT || field->DataType() == ftArray)
+      AddFieldColumns(static_cast<const TObjectField*>(field)->Fields());
   }
 }
 
+// Without a data set there is nothing to build from, and the columns only go. The
+// layout that a laid-out grid runs next gives it back one default column, as every grid
+// without fields has one to show; so the collection stays empty only where no layout
+// follows.
 void TQuilDBGridColumns::RebuildColumns() {
   TDataSet* dataSet = grid_ ? grid_->DataSet() : nullptr;
   if (!dataSet) {
@@ -213,11 +220,13 @@ void TQuilDBGridColumns::Notify(TCollectionItem* item, TCollectionNotification a
   RemoveFromOrder(column);
   for (TQuilColumn* other : *this)
     if (other->ParentColumn() == column) other->SetParentColumn(nullptr);
-  if (grid_) grid_->ForgetColumn(column);
+  if (ShownByGrid()) grid_->ForgetColumn(column);
 }
 
+bool TQuilDBGridColumns::ShownByGrid() const { return grid_ && grid_->OwnsColumns(this); }
+
 void TQuilDBGridColumns::Update(TCollectionItem* item) {
-  if (!grid_ || grid_->ComponentState().Contains(csLoading)) return;
+  if (!ShownByGrid() || grid_->ComponentState().Contains(csLoading)) return;
   if (!item) {
     grid_->LayoutChanged();
     return;

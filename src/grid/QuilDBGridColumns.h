@@ -66,6 +66,10 @@ public:
   const TMetaClass& ClassType() const override;
 
   TQuilCustomDBGrid* Grid() const { return grid_; }
+  // The grid's own columns, whose changes reach the grid; false for a collection made
+  // from the grid, as a column stream is read into, which has the grid only to read
+  // values as the grid's own columns would.
+  bool ShownByGrid() const;
   TPersistent* GetOwner() const override;
 
   TQuilColumn* Columns(int index) const { return static_cast<TQuilColumn*>(TCollection::Items(index)); }

@@ -23,7 +23,9 @@
 // expand columns in front; customized columns are Stored, defined by the application or
 // by RebuildColumns, and keep their field by name. A column's values follow defaults
 // (field, grid) until assigned. A column stream (SaveToStream) writes a
-// TQuilColumnsWrapper component in the framework's stream format.
+// TQuilColumnsWrapper component in the framework's stream format; LoadFromStream reads
+// it into a collection of the grid's column kind that leaves the grid alone, and
+// copies that in with one layout.
 //
 // How a cell's text travels: the column reads its field (GetDisplayText for a cell,
 // GetEditText for the editor) and hands the text to the grid's ColGetText, which passes

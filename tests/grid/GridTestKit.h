@@ -89,6 +89,8 @@ protected:
 // A form showing a grid bound to a people table of `rows` records.
 class GridFixture : public ::testing::Test {
 protected:
+  // A test that watches more than TProbeGrid does opens its own kind of probe grid.
+  template <typename Grid = TProbeGrid>
   void Open(int rows, int gridHeight = 240) {
     form = new quil::TForm(nullptr);
     form->SetBounds(0, 0, 520, gridHeight + 40);
@@ -96,7 +98,7 @@ protected:
     dbtest::FillPeople(*dataSet, rows);
     source = new quil::TDataSource(form);
     source->SetDataSet(dataSet);
-    grid = new TProbeGrid(form);
+    grid = new Grid(form);
     grid->SetParent(form);
     grid->SetBounds(10, 10, 480, gridHeight);
     grid->SetDataSource(source);

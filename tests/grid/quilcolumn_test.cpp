@@ -1,17 +1,13 @@
-// The column: values that follow a default until assigned, the field binding and the
-// lookup kinds, check and expand boxes, the record number column, and restore/assign.
-#include "GridTestKit.h"
+// The column: values that follow a default until assigned, the field binding, the
+// title buttons, and restore/assign.
+#include "ColumnTestKit.h"
 #include "framework/controls/Menus.h"
-#include "framework/graphics/Bitmap.h"
-#include "framework/graphics/Brush.h"
-#include "framework/graphics/Canvas.h"
-#include "framework/graphics/ImageList.h"
 #include "framework/graphics/Font.h"
+#include "framework/graphics/ImageList.h"
 #include "framework/rtl/RtlConsts.h"
 #include "framework/rtl/Strings.h"
 
 using namespace quil;
-using gridtest::GridFixture;
 
 namespace {
 
@@ -53,75 +49,6 @@ TEST(QuilColumnAlone, NegativeCountsAndMarginsReadBackAsZero) {
   EXPECT_EQ(column->ExpandCols(), 0);
 }
 
-TEST(QuilColumnAlone, ABoxKeepsOnlyTheAlignedImageDraws) {
-  TQuilDBGridColumns columns(nullptr);
-  TQuilColumn* column = columns.Add();
-  column->SetImageDraw(idTileGrid);
-  column->SetCheckBox(true);
-  EXPECT_EQ(column->ImageDraw(), idCenter);
-  column->SetImageDraw(idOpposite);
-  EXPECT_EQ(column->ImageDraw(), idOpposite);
-  column->SetImageDraw(idStretch);
-  EXPECT_EQ(column->ImageDraw(), idCenter);
-}
-
-TEST(QuilColumnAlone, CheckBoxAndExpandBoxExcludeEachOther) {
-  TQuilDBGridColumns columns(nullptr);
-  TQuilColumn* column = columns.Add();
-  column->SetExpandBoxTree(true);
-  EXPECT_TRUE(column->ExpandBox());
-  EXPECT_TRUE(column->Transparent());
-  EXPECT_EQ(column->ImageMargin(), 20);
-  column->SetCheckBox(true);
-  EXPECT_FALSE(column->ExpandBox());
-  EXPECT_FALSE(column->ExpandBoxTree());
-  column->SetExpandBox(true);
-  EXPECT_FALSE(column->CheckBox());
-  column->SetExpandBoxTree(true);
-  column->SetImageMargin(0);
-  EXPECT_FALSE(column->ExpandBoxTree()) << "a margin of 0 leaves no room for the tree box";
-  column->SetExpandBoxTree(true);
-  column->SetExpandBox(false);
-  EXPECT_FALSE(column->ExpandBoxTree());
-}
-
-TEST(QuilColumnAlone, EditorShowsOnlyOnPlainTextCells) {
-  TQuilDBGridColumns columns(nullptr);
-  TQuilColumn* column = columns.Add();
-  EXPECT_TRUE(column->CanEditShow());
-  column->SetAutoNumber(true);
-  EXPECT_FALSE(column->CanEditShow());
-  column->SetAutoNumber(false);
-  column->SetCheckBox(true);
-  EXPECT_FALSE(column->CanEditShow());
-  EXPECT_TRUE(column->CanCellTrack());
-  column->SetExpandBox(true);
-  EXPECT_FALSE(column->CanEditShow()) << "an expand box fills the cell";
-  column->SetImageMargin(16);
-  EXPECT_TRUE(column->CanEditShow()) << "a box in the margin leaves the text editable";
-  column->SetShowEdit(false);
-  EXPECT_FALSE(column->CanEditShow());
-}
-
-TEST(QuilColumnAlone, CheckBoxValuesOfEmptyTextRestoreTheDefault) {
-  TQuilDBGridColumns columns(nullptr);
-  TQuilColumn* column = columns.Add();
-  column->SetCheckBoxValues("Y;N");
-  EXPECT_TRUE(column->IsCheckBoxValuesStored());
-  column->SetCheckBoxValues("");
-  EXPECT_EQ(column->CheckBoxValues(), TQuilColumn::DefaultCheckBoxValues());
-  EXPECT_FALSE(column->IsCheckBoxValuesStored());
-}
-
-TEST(QuilColumnAlone, PickOptionsKeepTheirPairs) {
-  TQuilDBGridColumns columns(nullptr);
-  TQuilColumn* column = columns.Add();
-  column->SwitchPickOptions({poAutoLoadList}, true);
-  EXPECT_FALSE(column->PickOptions().Contains(poSelectPickText)) << "a loaded list holds values only";
-  column->SwitchPickOptions({poStoreItemIndex}, true);
-  EXPECT_TRUE(column->PickOptions().Contains(poAcceptItemIndex));
-}
-
 TEST(QuilColumnAlone, AMenuTurnsTheAutomaticButtonIntoAMenuButtonAndBack) {
   TQuilDBGridColumns columns(nullptr);
   TQuilColumn* column = columns.Add();
@@ -138,6 +65,18 @@ TEST(QuilColumnAlone, AMenuTurnsTheAutomaticButtonIntoAMenuButtonAndBack) {
   EXPECT_EQ(column->ExpandStyle(), cesDropDownMenu);
   column->Title()->SetDropDownMenu(nullptr);
   EXPECT_EQ(column->ExpandStyle(), cesAuto);
+}
+
+TEST(QuilColumnAlone, OutsideAColumnCollectionAColumnMovesAsAnyItem) {
+  TQuilColumn loose;
+  loose.SetIndex(0);
+  EXPECT_EQ(loose.Index(), -1);
+  TCollection plain(TQuilColumn::StaticClass());
+  TCollectionItem* first = plain.Add();
+  TCollectionItem* second = plain.Add();
+  static_cast<TQuilColumn*>(second)->SetIndex(0);
+  EXPECT_EQ(plain.Items(0), second);
+  EXPECT_EQ(plain.Items(1), first);
 }
 
 TEST(QuilColumnAlone, DisplayNameFallsBackToTheCaptionThenTheClass) {
@@ -196,6 +135,17 @@ TEST(QuilColumnAlone, AssignCopiesAssignedValuesOnlyAndTheRestAlways) {
   EXPECT_EQ(target->PickList()->Text(), source->PickList()->Text());
 }
 
+TEST(QuilColumnAlone, AFilterListOrAFilterTextFilters) {
+  TQuilDBGridColumns columns(nullptr);
+  TQuilColumn* column = columns.Add();
+  EXPECT_FALSE(column->GetFiltered());
+  column->FilterList()->Add("Oslo");
+  EXPECT_TRUE(column->GetFiltered());
+  column->FilterList()->Clear();
+  column->SetFilterText("City = 'Oslo'");
+  EXPECT_TRUE(column->GetFiltered());
+}
+
 TEST(QuilColumnAlone, HeaderBandsCountTheirSeparators) {
   TQuilDBGridColumns columns(nullptr);
   TQuilColumnTitle* title = columns.Add()->Title();
@@ -213,15 +163,7 @@ TEST(QuilColumnAlone, HeaderBandsCountTheirSeparators) {
 
 // --- In a grid over the people table
 
-class QuilColumn : public GridFixture {
-protected:
-  TQuilColumn* ColumnOf(const char* fieldName) { return grid->Columns()->Items(IndexOf(fieldName)); }
-  int IndexOf(const char* fieldName) {
-    for (int index = 0; index < grid->Columns()->Count(); ++index)
-      if (grid->Columns()->Items(index)->FieldName() == QLatin1String(fieldName)) return index;
-    return -1;
-  }
-};
+class QuilColumn : public gridtest::ColumnFixture {};
 
 TEST_F(QuilColumn, DefaultsFollowTheGridAndTheField) {
   Open(5);
@@ -242,7 +184,38 @@ TEST_F(QuilColumn, DefaultsFollowTheGridAndTheField) {
   EXPECT_EQ(amount->Font()->Size(), 8);
 }
 
-TEST_F(QuilColumn, AnAutomaticColumnOfAnActiveGridWritesAlignmentAndCaptionToItsField) {
+TEST_F(QuilColumn, InputMethodsFollowTheGridUntilSet) {
+  Open(5);
+  TQuilColumn* name = ColumnOf("Name");
+  grid->SetImeMode(imClose);
+  grid->SetImeName("Kana");
+  EXPECT_EQ(name->ImeMode(), imClose);
+  EXPECT_EQ(name->ImeName(), QStringLiteral("Kana"));
+  name->SetImeMode(imOpen);
+  name->SetImeName("Hangul");
+  grid->SetImeMode(imDisable);
+  grid->SetImeName("Pinyin");
+  EXPECT_EQ(name->ImeMode(), imOpen);
+  EXPECT_EQ(name->ImeName(), QStringLiteral("Hangul"));
+  EXPECT_TRUE(name->IsImeModeStored());
+  EXPECT_TRUE(name->IsImeNameStored());
+}
+
+TEST_F(QuilColumn, ANewFontRefreshesTheOpenEditor) {
+  Open(5);
+  grid->SwitchOptions({dgEditing}, true);
+  grid->SetSelectedIndex(1);
+  grid->SetFocus();
+  grid->ShowEditor();
+  ASSERT_NE(grid->InplaceEditor(), nullptr);
+  grid->InplaceEditor()->SetText("stale");
+  TFont font;
+  font.SetSize(14);
+  ColumnOf("Name")->SetFont(&font);
+  EXPECT_EQ(grid->InplaceEditor()->Text(), dataSet->FieldByName("Name")->Text());
+}
+
+TEST_F(QuilColumn, AnAutomaticColumnOfAnActiveGridWritesAlignmentReadOnlyAndCaptionToItsField) {
   Open(5);
   TQuilColumn* name = ColumnOf("Name");
   ASSERT_FALSE(name->Stored());
@@ -250,6 +223,9 @@ TEST_F(QuilColumn, AnAutomaticColumnOfAnActiveGridWritesAlignmentAndCaptionToIts
   EXPECT_EQ(dataSet->FieldByName("Name")->Alignment(), taCenter);
   EXPECT_TRUE(name->AssignedValues().Empty());
   EXPECT_EQ(name->Alignment(), taCenter);
+  name->SetReadOnly(true);
+  EXPECT_TRUE(dataSet->FieldByName("Name")->ReadOnly());
+  EXPECT_TRUE(name->AssignedValues().Empty());
   name->Title()->SetCaption("Person");
   EXPECT_EQ(dataSet->FieldByName("Name")->DisplayLabel(), QStringLiteral("Person"));
   EXPECT_TRUE(name->AssignedValues().Empty());
@@ -266,177 +242,49 @@ TEST_F(QuilColumn, AStoredColumnKeepsItsValuesToItself) {
   EXPECT_EQ(name->AssignedValues(), TQuilColumnValues{cvAlignment});
 }
 
-TEST_F(QuilColumn, DefaultWidthMeasuresTheFieldAndTheTitle) {
-  Open(5);
-  TCanvas* canvas = grid->Canvas();
-  canvas->SetFont(grid->Font());
-  const int digit = canvas->TextWidth("0");
-  TQuilColumn* city = ColumnOf("City");
-  EXPECT_EQ(city->DefaultWidth(), 20 * digit + 4);
-  grid->SetDefaultWidthMax(50);
-  EXPECT_EQ(city->DefaultWidth(), 50);
-  grid->SetDefaultWidthMax(-1);
-  grid->SwitchOptions({dgTitleWidthOff}, false);
-  dataSet->FieldByName("ID")->SetDisplayWidth(1);
-  TQuilColumn* id = ColumnOf("ID");
-  canvas->SetFont(grid->TitleFont());
-  EXPECT_EQ(id->DefaultWidth(), std::max(digit + 4, canvas->TextWidth("ID") + 4 + 2));
-}
-
-TEST_F(QuilColumn, AColumnWithoutFieldIsAsWideAsTheGridDefault) {
-  Open(5);
-  grid->Columns()->SetState(csCustomized);
-  TQuilColumn* empty = grid->Columns()->Add();
-  EXPECT_EQ(empty->DefaultWidth(), grid->DefaultColWidth());
-}
-
-TEST_F(QuilColumn, AnAutomaticColumnsWidthGoesBackToItsFieldAsCharacters) {
-  Open(5);
-  TCanvas* canvas = grid->Canvas();
-  canvas->SetFont(grid->Font());
-  const int digit = canvas->TextWidth("0");
-  ColumnOf("City")->SetWidth(8 * digit + 4);
-  EXPECT_EQ(dataSet->FieldByName("City")->DisplayWidth(), 8);
-}
-
-TEST_F(QuilColumn, WidthHonoursItsLimitsAndRefusesWhatCannotShow) {
+TEST_F(QuilColumn, RestoreDefaultsLetsGoOfMenusAndFiltersAndLaysOutAfterAnOwnFont) {
   Open(5);
   grid->Columns()->SetState(csCustomized);
   TQuilColumn* name = ColumnOf("Name");
-  name->SetWidthMax(100);
-  name->SetWidth(300);
-  EXPECT_EQ(name->Width(), 100);
-  name->SetWidthMin(40);
-  name->SetWidth(10);
-  EXPECT_EQ(name->Width(), 40);
-  name->SetWidthMin(-1);
-  name->SetWidth(-1);
-  EXPECT_EQ(name->Width(), 40) << "with column lines a width must exceed -1";
+  TPopupMenu menu(nullptr);
+  name->Title()->SetDropDownMenu(&menu);
+  name->Title()->SetPopupMenu(&menu);
+  name->FilterList()->Add("Name001");
+  name->Font()->SetSize(20);
+  grid->layoutSources.clear();
+  name->RestoreDefaults();
+  EXPECT_FALSE(grid->layoutSources.empty()) << "the font was the column's own";
+  EXPECT_EQ(name->Title()->DropDownMenu(), nullptr);
+  EXPECT_EQ(name->Title()->PopupMenu(), nullptr);
+  EXPECT_FALSE(name->HasDropDownButton());
+  EXPECT_FALSE(name->GetFiltered());
+  name->SetColor(clRed);
+  grid->layoutSources.clear();
+  name->RestoreDefaults();
+  EXPECT_TRUE(grid->layoutSources.empty()) << "the column only repaints";
 }
 
-TEST_F(QuilColumn, CheckBoxValueWithoutSemicolonHasAnEmptyFalseText) {
-  Open(5);
-  TQuilColumn* city = ColumnOf("City");
-  city->SetCheckBoxValues("Berlin");
-  EXPECT_TRUE(city->IsCheckBoxValue(true));
-  EXPECT_FALSE(city->IsCheckBoxValue(false));
-  dataSet->Next();  // Oslo
-  EXPECT_FALSE(city->IsCheckBoxValue(true));
-  EXPECT_FALSE(city->IsCheckBoxValue(false)) << "neither checked nor unchecked";
-  dataSet->Next();
-  dataSet->Next();  // no city
-  EXPECT_TRUE(city->IsCheckBoxValue(false));
-}
-
-TEST_F(QuilColumn, ToggleCheckBoxValueWritesTheOtherText) {
-  Open(5);
-  TQuilColumn* city = ColumnOf("City");
-  city->SetCheckBoxValues("Berlin;Oslo");
-  city->ToggleCheckBoxValue();
-  EXPECT_EQ(dataSet->FieldByName("City")->AsString(), QStringLiteral("Berlin")) << "needs CheckBox";
-  city->SetCheckBox(true);
-  city->ToggleCheckBoxValue();
-  EXPECT_EQ(dataSet->FieldByName("City")->AsString(), QStringLiteral("Oslo"));
-  city->ToggleCheckBoxValue();
-  EXPECT_EQ(dataSet->FieldByName("City")->AsString(), QStringLiteral("Berlin"));
-}
-
-TEST_F(QuilColumn, ToggleExpandBoxMarksOnlyItsRecordExpandedWhileTheGridHandlesIt) {
+TEST_F(QuilColumn, MenusAndImagesThatGoAreLetGo) {
   Open(5);
   TQuilColumn* name = ColumnOf("Name");
-  name->SetExpandBox(true);
-  int calls = 0;
-  bool expandedInside = false;
-  struct Probe {
-    TQuilColumn* column;
-    int* calls;
-    bool* expandedInside;
-    void OnCellExpand(TQuilColumn* expanded) {
-      ++*calls;
-      *expandedInside = expanded == column && column->IsExpandedBox();
-    }
-  } probe{name, &calls, &expandedInside};
-  grid->OnCellExpand = TDBGridClickEvent(&probe, &Probe::OnCellExpand);
-  name->ToggleExpandBox();
-  EXPECT_EQ(calls, 1);
-  EXPECT_TRUE(expandedInside);
-  EXPECT_FALSE(name->IsExpandedBox());
-  EXPECT_TRUE(name->IsExpandableBox());
-}
-
-TEST_F(QuilColumn, ImageIndexReadsBooleanTextsAndNumbers) {
-  Open(5);
-  TQuilColumn* id = ColumnOf("ID");
-  EXPECT_EQ(id->GetImageIndex(), 1);
-  TQuilColumn* name = ColumnOf("Name");
-  EXPECT_EQ(name->GetImageIndex(), -1);
-}
-
-TEST_F(QuilColumn, ImagesGiveCopiesAndMakeTheColumnTransparentAtDesignTime) {
-  Open(5);
-  TImageList images(nullptr);
-  images.SetWidth(4);
-  images.SetHeight(4);
-  TBitmap red(4, 4);
-  red.Canvas()->Brush()->SetColor(clRed);
-  red.Canvas()->FillRect(TRect(0, 0, 4, 4));
-  images.Add(&red, nullptr);
-  TQuilColumn* name = ColumnOf("Name");
-  grid->SetDesigning(true);
-  name->SetImages(&images);
-  EXPECT_TRUE(name->Transparent()) << "a list without background color draws transparently";
-  EXPECT_EQ(name->GetImage(1), nullptr);
-  std::unique_ptr<TBitmap> copy = name->GetImage(0);
-  ASSERT_NE(copy, nullptr);
-  EXPECT_EQ(copy->Width(), 4);
-  EXPECT_EQ(copy->ToImage().pixelColor(1, 1), QColor(Qt::red));
-  name->SetTransparentColor(clRed);
-  EXPECT_EQ(name->GetImage(0)->TransparentMode(), tmFixed);
-}
-
-TEST_F(QuilColumn, LookupKindFollowsKeyAndResultFields) {
-  Open(5);
-  dbtest::TWindowCheckedDataSet cities(nullptr);
-  cities.FieldDefs()->Add("Code", ftString, 20);
-  cities.FieldDefs()->Add("Title", ftString, 20);
-  cities.CreateDataSet();
-  grid->Columns()->SetState(csCustomized);
-  TQuilColumn* city = ColumnOf("City");
-  EXPECT_EQ(city->GetLookupColumn(), lcNotDefined);
-  city->SetLookupDataSet(&cities);
-  city->SetLookupKeyField("Code");
-  EXPECT_EQ(city->GetLookupColumn(), lcLookupKeyField) << "the key field is the column's own";
-  EXPECT_EQ(city->LookupResultField(), QStringLiteral("Code"));
-  city->SetLookupResultField("Title");
-  EXPECT_EQ(city->GetLookupColumn(), lcLookupValueField);
-  EXPECT_EQ(city->GetDisplayName(), QStringLiteral("Title[City]"));
-  EXPECT_EQ(city->LookupListFields(), QStringLiteral("Title"));
-  city->SetKeyField("Name");
-  EXPECT_EQ(city->KeyField(), QStringLiteral("Name"));
-  EXPECT_EQ(city->LookupKeyField(), QStringLiteral("Code"));
-  EXPECT_EQ(city->LookupResultField(), QStringLiteral("Title"));
-  EXPECT_EQ(city->LookupDataSet(), &cities);
-  EXPECT_EQ(city->GetLookupColumn(), lcLookupResultField);
-  city->SetKeyField("City");
-  EXPECT_EQ(city->KeyField(), QStringLiteral("City"));
-  EXPECT_FALSE(city->IsKeyFieldStored()) << "a key equal to the column's field is not kept";
-  EXPECT_THROW(city->SetLookupDataSet(dataSet), EDatabaseError);
-  city->SetLookupDataSet(nullptr);
-  EXPECT_EQ(city->GetLookupColumn(), lcNotDefined);
-}
-
-TEST_F(QuilColumn, MultiSelectListsShowTheirFirstItemAndAnEllipsis) {
-  Open(5);
-  TQuilColumn* name = ColumnOf("Name");
-  name->PickList()->Add("a");
-  EXPECT_FALSE(name->GetMultiSelectList());
-  EXPECT_EQ(name->FormatText(""), QString());
-  name->SwitchListOptions({loMultiSelectList}, true);
-  EXPECT_TRUE(name->GetMultiSelectList());
-  EXPECT_EQ(name->FormatText(""), QStringLiteral("..."));
-  EXPECT_EQ(name->FormatText("a,b"), QStringLiteral("a ..."));
-  EXPECT_EQ(name->FormatText("a"), QStringLiteral("a"));
-  EXPECT_FALSE(ColumnOf("ID")->GetMultiSelectList()) << "numbers hold no lists";
+  auto* menu = new TPopupMenu(nullptr);
+  auto* dropDown = new TPopupMenu(nullptr);
+  auto* images = new TImageList(nullptr);
+  name->SetPopupMenu(menu);
+  name->SetDropDownMenu(dropDown);
+  name->SetImages(images);
+  name->Title()->SetPopupMenu(menu);
+  name->Title()->SetDropDownMenu(dropDown);
+  delete menu;
+  delete dropDown;
+  delete images;
+  EXPECT_EQ(name->PopupMenu(), nullptr);
+  EXPECT_EQ(name->DropDownMenu(), nullptr);
+  EXPECT_EQ(name->ButtonStyle(), cbsAuto);
+  EXPECT_EQ(name->Images(), nullptr);
+  EXPECT_EQ(name->Title()->PopupMenu(), nullptr);
+  EXPECT_EQ(name->Title()->DropDownMenu(), nullptr);
+  EXPECT_EQ(name->ExpandStyle(), cesAuto);
 }
 
 TEST_F(QuilColumn, AFieldFreedLeavesAnAutomaticColumnWithoutNameOrValues) {
@@ -445,6 +293,7 @@ TEST_F(QuilColumn, AFieldFreedLeavesAnAutomaticColumnWithoutNameOrValues) {
   city->SetHint("kept until the field goes");
   city->SetField(nullptr);
   EXPECT_EQ(city->FieldName(), QString());
+  EXPECT_EQ(city->Field(), nullptr);
   EXPECT_EQ(city->Hint(), QString());
 }
 

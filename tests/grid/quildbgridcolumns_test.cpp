@@ -1,26 +1,12 @@
 // The column collection: default and customized columns, the automatic service
-// columns, groups of expandable columns, and the column stream with its text form.
-#include <QTemporaryDir>
-
-#include "GridTestKit.h"
-#include "framework/db/ObjectFields.h"
-#include "framework/db/StringFields.h"
-#include "framework/graphics/Font.h"
-#include "framework/rtl/Streams.h"
-#include "framework/rtl/StreamTextProbe.h"
-#include "framework/rtl/Strings.h"
-#include "grid/QuilColumnsWrapper.h"
+// columns, and finding columns by field name.
+#include "ColumnTestKit.h"
+#include "framework/db/NumericFields.h"
 
 using namespace quil;
-using gridtest::GridFixture;
+using gridtest::FieldNames;
 
 namespace {
-
-QStringList FieldNames(const TQuilDBGridColumns* columns) {
-  QStringList names;
-  for (TQuilColumn* column : *columns) names << column->FieldName();
-  return names;
-}
 
 // --- State
 
@@ -34,9 +20,28 @@ TEST(QuilDBGridColumnsState, TheLastColumnDecides) {
 }
 
 TEST(QuilDBGridColumnsState, CustomizingWithoutADataSetLeavesNoColumns) {
+  TQuilDBGridColumns columns(nullptr);
+  columns.InternalAdd();
+  columns.SetState(csCustomized);
+  EXPECT_EQ(columns.Count(), 0);
   TQuilDBGrid grid(nullptr);
   grid.Columns()->SetState(csCustomized);
-  EXPECT_EQ(grid.Columns()->Count(), 0);
+  EXPECT_EQ(grid.Columns()->Count(), 0) << "a grid not laid out yet";
+}
+
+// The columns go, and the layout gives the grid back the one column that any grid
+// without fields shows.
+TEST(QuilDBGridColumnsState, CustomizingALaidOutGridWithoutADataSetKeepsItsOneDefaultColumn) {
+  TForm form(nullptr);
+  auto* grid = new TQuilDBGrid(&form);
+  grid->SetParent(&form);
+  grid->LayoutChanged();
+  grid->Columns()->Items(0)->SetHint("dropped");
+  grid->Columns()->SetState(csCustomized);
+  ASSERT_EQ(grid->Columns()->Count(), 1);
+  EXPECT_EQ(grid->Columns()->Items(0)->Hint(), QString()) << "a column made anew";
+  EXPECT_EQ(grid->Columns()->State(), csDefault);
+  EXPECT_EQ(grid->Columns()->Items(0)->FieldName(), QString());
 }
 
 TEST(QuilDBGridColumnsState, TheEnumeratorWalksEveryColumnOnce) {
@@ -53,7 +58,7 @@ TEST(QuilDBGridColumnsState, TheEnumeratorWalksEveryColumnOnce) {
   EXPECT_EQ(walk.GetCurrent()->FieldName(), QStringLiteral("A"));
 }
 
-class QuilDBGridColumns : public GridFixture {};
+class QuilDBGridColumns : public gridtest::ColumnFixture {};
 
 TEST_F(QuilDBGridColumns, DefaultColumnsFollowTheFieldsOfTheDataSet) {
   Open(5);
@@ -68,11 +73,50 @@ TEST_F(QuilDBGridColumns, DefaultColumnsFollowTheFieldsOfTheDataSet) {
   for (TQuilColumn* column : *grid->Columns()) EXPECT_FALSE(column->Stored());
 }
 
+TEST_F(QuilDBGridColumns, DefaultColumnsFollowAFieldMoved) {
+  Open(5);
+  TQuilColumn* amount = ColumnOf("Amount");
+  dataSet->FieldByName("Amount")->SetIndex(1);
+  EXPECT_EQ(FieldNames(grid->Columns()), QStringList({"ID", "Amount", "Name", "City"}));
+  EXPECT_EQ(grid->Columns()->Items(1), amount) << "the column moves with its field";
+}
+
+TEST_F(QuilDBGridColumns, DefaultColumnsFollowFieldsAddedAndFreed) {
+  Open(5);
+  dataSet->Close();
+  for (auto [name, type] : {std::pair{"ID", ftInteger}, {"Name", ftString}, {"City", ftString}}) {
+    auto* field = static_cast<TField*>(DefaultFieldClass(type)->Create(dataSet));
+    field->SetFieldName(name);
+    field->SetDataSet(dataSet);
+  }
+  dataSet->Open();
+  EXPECT_EQ(FieldNames(grid->Columns()), QStringList({"ID", "Name", "City"}));
+  dataSet->Close();
+  auto* amount = new TFloatField(dataSet);
+  amount->SetFieldName("Amount");
+  amount->SetDataSet(dataSet);
+  dataSet->Open();
+  EXPECT_EQ(FieldNames(grid->Columns()), QStringList({"ID", "Name", "City", "Amount"}));
+  TQuilColumn* city = ColumnOf("City");
+  delete dataSet->FieldByName("Name");
+  EXPECT_EQ(FieldNames(grid->Columns()), QStringList({"ID", "City", "Amount"}));
+  EXPECT_EQ(grid->Columns()->Items(1), city);
+  EXPECT_EQ(grid->Columns()->State(), csDefault);
+}
+
 TEST_F(QuilDBGridColumns, MovingAnAutomaticColumnMovesItsField) {
   Open(5);
   grid->Columns()->Items(3)->SetIndex(1);
   EXPECT_EQ(dataSet->FieldByName("Amount")->Index(), 1);
   EXPECT_EQ(FieldNames(grid->Columns()), QStringList({"ID", "Amount", "Name", "City"}));
+}
+
+TEST_F(QuilDBGridColumns, AnAutomaticColumnWithoutAFieldStaysWhereTheFieldsPutIt) {
+  Open(5);
+  ColumnOf("Name")->SetField(nullptr);
+  grid->Columns()->Items(1)->SetIndex(3);
+  EXPECT_EQ(FieldNames(grid->Columns()), QStringList({"ID", "Name", "City", "Amount"}));
+  EXPECT_EQ(dataSet->FieldByName("Name")->Index(), 1);
 }
 
 TEST_F(QuilDBGridColumns, APersistentColumnAddedAfterDefaultOnesTakesTheirPlace) {
@@ -117,6 +161,71 @@ TEST_F(QuilDBGridColumns, DefaultColumnsGetTheAutomaticOnesAtEachLayout) {
   EXPECT_EQ(columns->Count(), 5);
 }
 
+// --- The automatic service columns
+
+struct AutoColumnCase {
+  const char* name;
+  TQuilColumn* (TQuilDBGridColumns::*add)();
+  bool (TQuilColumn::*kind)() const;
+  TAlignment alignment;
+  QString* title;
+  int* width;
+  bool transparent;
+};
+
+class QuilDBGridAutoColumn : public gridtest::ColumnFixture, public ::testing::WithParamInterface<AutoColumnCase> {
+protected:
+  // The title and width the application chose, put back after the test.
+  void ChooseTitleAndWidth(const QString& title, int width) {
+    *GetParam().title = title;
+    *GetParam().width = width;
+  }
+  void TearDown() override {
+    *GetParam().title = savedTitle_;
+    *GetParam().width = savedWidth_;
+    ColumnFixture::TearDown();
+  }
+
+private:
+  QString savedTitle_ = *GetParam().title;
+  int savedWidth_ = *GetParam().width;
+};
+
+TEST_P(QuilDBGridAutoColumn, StandsFirstWithTheLookAndTheTitleAndWidthChosen) {
+  const AutoColumnCase& row = GetParam();
+  Open(5);
+  grid->Columns()->SetState(csCustomized);
+  ChooseTitleAndWidth("Chosen", 33);
+  TQuilColumn* column = (grid->Columns()->*row.add)();
+  EXPECT_EQ(column->Index(), 0);
+  EXPECT_TRUE(column->Stored());
+  EXPECT_TRUE((column->*row.kind)());
+  EXPECT_EQ(column->Alignment(), row.alignment);
+  EXPECT_EQ(column->Title()->Alignment(), row.alignment);
+  EXPECT_EQ(column->Title()->Caption(), QStringLiteral("Chosen"));
+  EXPECT_EQ(column->Width(), 33);
+  EXPECT_TRUE(column->SuppressRTL());
+  EXPECT_EQ(column->Transparent(), row.transparent);
+}
+
+TEST_P(QuilDBGridAutoColumn, FollowsTheDefaultWidthWhileTheGridShowsNoData) {
+  TQuilDBGrid grid(nullptr);
+  grid.SetDefaultColWidth(70);
+  TQuilColumn* column = (grid.Columns()->*GetParam().add)();
+  EXPECT_EQ(column->Width(), 70);
+  EXPECT_FALSE(column->AssignedValues().Contains(cvWidth));
+}
+
+INSTANTIATE_TEST_SUITE_P(
+    Table, QuilDBGridAutoColumn,
+    ::testing::Values(AutoColumnCase{"Number", &TQuilDBGridColumns::AddAutoNumber, &TQuilColumn::AutoNumber,
+                                     taRightJustify, &DefAutoNumberTitle, &DefAutoNumberWidth, false},
+                      AutoColumnCase{"Select", &TQuilDBGridColumns::AddAutoSelect, &TQuilColumn::CheckBox, taCenter,
+                                     &DefAutoSelectTitle, &DefAutoSelectWidth, false},
+                      AutoColumnCase{"Expand", &TQuilDBGridColumns::AddAutoExpand, &TQuilColumn::ExpandBox, taCenter,
+                                     &DefAutoExpandTitle, &DefAutoExpandWidth, true}),
+    [](const auto& info) { return std::string(info.param.name); });
+
 TEST_F(QuilDBGridColumns, RebuildOnADataSetWithoutFieldsAddsNoAutomaticColumns) {
   Open(5);
   grid->SwitchOptionsExt({dgAutoNumberColumn}, true);
@@ -143,6 +252,15 @@ TEST_F(QuilDBGridColumns, DeletingThePressedColumnLeavesNoDanglingReference) {
   EXPECT_NE(grid->FilterListColumn(), nullptr);
 }
 
+TEST_F(QuilDBGridColumns, RemoveMarkersClearsEveryTitlesMarker) {
+  Open(5);
+  grid->Columns()->SetState(csCustomized);
+  grid->Columns()->Items(1)->Title()->SetMarker(tmAscend);
+  grid->Columns()->Items(3)->Title()->SetMarker(tmDescend);
+  grid->Columns()->RemoveMarkers();
+  for (TQuilColumn* column : *grid->Columns()) EXPECT_EQ(column->Title()->Marker(), tmNone);
+}
+
 TEST_F(QuilDBGridColumns, ColumnsAreFoundByFieldNameInAnyCase) {
   Open(5);
   grid->Columns()->SetState(csCustomized);
@@ -157,338 +275,6 @@ TEST_F(QuilDBGridColumns, ColumnsAreFoundByFieldNameInAnyCase) {
   } catch (const EInvalidGridOperation& error) {
     EXPECT_EQ(error.Message(), QStringLiteral("Field 'Missing' not found"));
   }
-}
-
-// --- Groups
-
-class QuilDBGridColumnGroups : public GridFixture {
-protected:
-  // Customized columns ID, Name (owns City and Amount).
-  void OpenGroup() {
-    Open(5);
-    grid->Columns()->SetState(csCustomized);
-    group = grid->Columns()->Items(1);
-    group->SetExpandCols(2);
-  }
-  TQuilColumn* Column(int index) { return grid->Columns()->Items(index); }
-  void TearDown() override {
-    if (grid) grid->Columns()->CheckConsistency();
-    GridFixture::TearDown();
-  }
-  TQuilColumn* group = nullptr;
-};
-
-TEST_F(QuilDBGridColumnGroups, ACollapsedGroupShowsAloneAndAnExpandedOneShowsItsChildren) {
-  OpenGroup();
-  EXPECT_TRUE(group->GetExpandable());
-  EXPECT_EQ(Column(2)->ParentColumn(), group);
-  EXPECT_EQ(Column(3)->ParentColumn(), group);
-  EXPECT_EQ(Column(3)->Depth(), 1);
-  EXPECT_EQ(group->GetExpandIndex(), 3);
-  EXPECT_FALSE(group->GetShowing()) << "expanded by default, it gives its room to its children";
-  group->SetExpanded(false);
-  EXPECT_TRUE(group->GetShowing());
-  EXPECT_FALSE(Column(2)->GetShowing());
-  EXPECT_FALSE(Column(3)->GetShowing());
-  EXPECT_EQ(grid->TitleOffset(), 1) << "only shown columns count for the title rows";
-  group->SetExpanded(true);
-  EXPECT_FALSE(group->GetShowing());
-  EXPECT_TRUE(Column(2)->GetShowing());
-  EXPECT_TRUE(Column(3)->GetShowing());
-  EXPECT_EQ(grid->TitleOffset(), 2);
-  EXPECT_EQ(grid->VisibleColumns().size(), 3u);
-}
-
-TEST_F(QuilDBGridColumnGroups, TheExpandedStartDefaultHasNoRoomBeforeTheGroupIsLaidOut) {
-  OpenGroup();
-  group->SetExpanded(false);
-  EXPECT_EQ(grid->ColWidths(grid->DataToRawColumn(2)), -grid->GetColLineWidth());
-}
-
-TEST_F(QuilDBGridColumnGroups, ExpandingFiresOnColExpandAndKeepsTheCursorOnAShownColumn) {
-  OpenGroup();
-  group->SetExpanded(false);
-  struct Counter {
-    int count = 0;
-    void OnColExpand(TQuilColumn*) { ++count; }
-  } counter;
-  grid->OnColExpand = TDBGridClickEvent(&counter, &Counter::OnColExpand);
-  grid->SetSelectedIndex(1);
-  group->SetExpanded(true);
-  EXPECT_EQ(counter.count, 1);
-  EXPECT_TRUE(grid->SelectedColumn()->GetShowing());
-  EXPECT_EQ(grid->SelectedIndex(), 2) << "expanding steps right into the group";
-  grid->SetSelectedIndex(3);
-  group->SetExpanded(false);
-  EXPECT_EQ(grid->SelectedColumn(), group) << "collapsing steps left onto the group";
-}
-
-TEST_F(QuilDBGridColumnGroups, HidingAParentHidesItsChildren) {
-  OpenGroup();
-  group->SetVisible(false);
-  EXPECT_FALSE(Column(2)->GetVisible());
-  EXPECT_TRUE(Column(2)->GetVisibility());
-  EXPECT_EQ(group->GetExpandWidth(), 0);
-}
-
-TEST_F(QuilDBGridColumnGroups, ExpandWidthIsTheSumOfTheChildren) {
-  OpenGroup();
-  const int line = grid->GetColLineWidth();
-  EXPECT_EQ(group->GetExpandWidth(), Column(2)->Width() + line + Column(3)->Width() + line);
-  group->SetExpanded(false);
-  EXPECT_EQ(group->GetExpandWidth(), group->Width() + line);
-}
-
-TEST_F(QuilDBGridColumnGroups, AGroupMovesWithItsChildren) {
-  OpenGroup();
-  group->SetExpanded(false);
-  group->SetIndex(0);
-  EXPECT_EQ(FieldNames(grid->Columns()), QStringList({"Name", "City", "Amount", "ID"}));
-  EXPECT_EQ(Column(0), group);
-  Column(3)->SetIndex(0);
-  EXPECT_EQ(FieldNames(grid->Columns()), QStringList({"ID", "Name", "City", "Amount"}));
-  group->SetIndex(3);
-  EXPECT_EQ(FieldNames(grid->Columns()), QStringList({"ID", "Name", "City", "Amount"}))
-      << "a move inside its own group changes nothing";
-}
-
-TEST_F(QuilDBGridColumnGroups, AGroupMovedRightEndsOnTheTarget) {
-  Open(5);
-  grid->Columns()->SetState(csCustomized);
-  grid->Columns()->Items(0)->SetExpandCols(1);
-  grid->Columns()->Items(0)->SetIndex(3);
-  EXPECT_EQ(FieldNames(grid->Columns()), QStringList({"City", "Amount", "ID", "Name"}));
-}
-
-TEST_F(QuilDBGridColumnGroups, AtDesignTimeColumnsOfGroupsMoveOnlyInADesignUpdate) {
-  OpenGroup();
-  grid->SetDesigning(true);
-  Column(3)->SetIndex(0);
-  EXPECT_EQ(FieldNames(grid->Columns()), QStringList({"ID", "Name", "City", "Amount"}));
-  grid->Columns()->BeginDesignUpdate();
-  Column(0)->SetIndex(3);
-  grid->Columns()->EndDesignUpdate();
-  EXPECT_EQ(FieldNames(grid->Columns()), QStringList({"Name", "City", "Amount", "ID"}));
-  grid->Columns()->EndDesignUpdate();
-  EXPECT_EQ(grid->Columns()->DesignUpdateCount(), 0) << "never below zero";
-}
-
-TEST_F(QuilDBGridColumnGroups, ExpandColsIsLimitedToTheColumnsThatFollow) {
-  OpenGroup();
-  group->SetExpandCols(10);
-  EXPECT_EQ(group->ExpandCols(), 2);
-}
-
-TEST_F(QuilDBGridColumnGroups, FrozenColumnsNeverCutAGroup) {
-  Open(5);
-  grid->Columns()->SetState(csCustomized);
-  grid->Columns()->Add()->SetFieldName("ID");
-  grid->Columns()->Items(0)->SetExpandCols(2);
-  grid->SetFixedCols(2);
-  EXPECT_EQ(grid->FixedCols(), 3);
-}
-
-TEST_F(QuilDBGridColumnGroups, ObjectFieldsOwnTheColumnsOfTheirChildren) {
-  form = new TForm(nullptr);
-  auto* people = new dbtest::TWindowCheckedDataSet(form);
-  auto* name = new TStringField(people);
-  name->SetFieldName("Name");
-  name->SetDataSet(people);
-  auto* address = new TADTField(people);
-  address->SetFieldName("Address");
-  address->SetDataSet(people);
-  auto* street = new TStringField(people);
-  street->SetFieldName("Street");
-  street->SetParentField(address);
-  auto* town = new TStringField(people);
-  town->SetFieldName("Town");
-  town->SetParentField(address);
-  source = new TDataSource(form);
-  source->SetDataSet(people);
-  grid = new gridtest::TProbeGrid(form);
-  grid->SetDataSource(source);
-  grid->Columns()->RebuildColumns();
-  EXPECT_EQ(FieldNames(grid->Columns()), QStringList({"Name", "Address", "Address.Street", "Address.Town"}));
-  TQuilColumn* group = grid->Columns()->Items(1);
-  EXPECT_TRUE(group->GetExpandable());
-  EXPECT_EQ(grid->Columns()->Items(3)->ParentColumn(), group);
-  EXPECT_EQ(grid->Columns()->Items(3)->Depth(), 1);
-  EXPECT_EQ(grid->Columns()->Items(3)->GetDisplayName(), QStringLiteral("Address.Town"));
-  EXPECT_EQ(group->GetExpandIndex(), 3);
-  EXPECT_EQ(grid->Columns()->Items(0)->ParentColumn(), nullptr);
-}
-
-// --- The column stream
-
-class QuilDBGridColumnStream : public GridFixture {
-protected:
-  // Customized columns with some values set away from their defaults.
-  void Customize() {
-    Open(5);
-    grid->Columns()->SetState(csCustomized);
-    TQuilColumn* name = grid->Columns()->Items(1);
-    name->SetWidth(120);
-    name->SetColor(clYellow);
-    name->SetCheckBoxValues("Y;N");
-    name->SetDelimiterChar(';');
-    name->Title()->SetCaption("Person");
-    name->Title()->SetHeader("Who|");
-    name->PickList()->Add("Anna");
-    name->PickList()->Add("Bo");
-    name->SetListOptions({loAutoComplete});
-    name->Font()->SetStyle({fsBold});
-    TQuilColumn* city = grid->Columns()->Items(2);
-    city->SetVisible(false);
-    city->SetExpandCols(1);
-    city->SetExpanded(false);
-  }
-};
-
-TEST_F(QuilDBGridColumnStream, ARoundTripGivesAnEqualCollection) {
-  Customize();
-  TMemoryStream stream;
-  grid->Columns()->SaveToStream(stream);
-  gridtest::TProbeGrid other(form);
-  other.SetDataSource(source);
-  stream.Seek(0, soBeginning);
-  other.Columns()->LoadFromStream(stream);
-  EXPECT_TRUE(other.Columns()->Equals(grid->Columns()));
-  TQuilColumn* name = other.Columns()->Items(1);
-  EXPECT_EQ(name->Width(), 120);
-  EXPECT_EQ(name->Color(), clYellow);
-  EXPECT_EQ(name->CheckBoxValues(), QStringLiteral("Y;N"));
-  EXPECT_EQ(name->DelimiterChar(), QChar(';'));
-  EXPECT_EQ(name->Title()->Caption(), QStringLiteral("Person"));
-  EXPECT_EQ(name->Title()->Header(), QStringLiteral("Who|"));
-  EXPECT_EQ(name->PickList()->Count(), 2);
-  EXPECT_EQ(name->ListOptions(), TQuilListOptions{loAutoComplete});
-  EXPECT_TRUE(name->Font()->Style().Contains(fsBold));
-  EXPECT_TRUE(name->AssignedValues().Contains(cvFont));
-  TQuilColumn* city = other.Columns()->Items(2);
-  EXPECT_FALSE(city->GetVisibility());
-  EXPECT_FALSE(city->Expanded());
-  EXPECT_EQ(city->ExpandCols(), 1);
-  EXPECT_TRUE(other.StreamingState().Empty());
-  EXPECT_TRUE(grid->StreamingState().Empty());
-}
-
-TEST_F(QuilDBGridColumnStream, TheTextFormShowsOnlyWhatDiffersFromTheDefaults) {
-  Customize();
-  TMemoryStream stream;
-  grid->Columns()->SaveToStream(stream);
-  const QString text = test::ObjectText(stream);
-  EXPECT_TRUE(text.startsWith("object TQuilColumnsWrapper\n")) << text.toStdString();
-  const QString expected = QStringLiteral(
-      "object TQuilColumnsWrapper\n"
-      "  Columns = <\n"
-      "    item\n"
-      "      FieldName = 'ID'\n"
-      "    end\n"
-      "    item\n"
-      "      CheckBoxValues = 'Y;N'\n"
-      "      DelimiterChar = ';'\n"
-      "      Color = clYellow\n"
-      "      FieldName = 'Name'\n"
-      "      Font.Charset = DEFAULT_CHARSET\n"
-      "      Font.Color = clWindowText\n"
-      "      Font.Height = %1\n"
-      "      Font.Name = '%2'\n"
-      "      Font.Style = [fsBold]\n"
-      "      ListOptions = [loAutoComplete]\n"
-      "      PickList.Strings = (\n"
-      "        'Anna'\n"
-      "        'Bo')\n"
-      "      Title.Caption = 'Person'\n"
-      "      Title.Header = 'Who|'\n"
-      "      Width = 120\n"
-      "    end\n"
-      "    item\n"
-      "      ExpandCols = 1\n"
-      "      Expanded = False\n"
-      "      FieldName = 'City'\n"
-      "      Visible = False\n"
-      "    end\n"
-      "    item\n"
-      "      FieldName = 'Amount'\n"
-      "    end>\n"
-      "end\n")
-      .arg(grid->Font()->Height())
-      .arg(grid->Font()->Name());
-  EXPECT_EQ(text, expected);
-}
-
-TEST_F(QuilDBGridColumnStream, TheStreamIsTheFrameworksComponentFormat) {
-  Customize();
-  TMemoryStream stream;
-  grid->Columns()->SaveToStream(stream);
-  TQuilColumnsWrapper wrapper(nullptr);
-  TQuilDBGridColumns columns(nullptr);
-  wrapper.Attach(&columns);
-  stream.Seek(0, soBeginning);
-  stream.ReadComponent(&wrapper);
-  EXPECT_EQ(FieldNames(&columns), QStringList({"ID", "Name", "City", "Amount"}));
-  // The same bytes as a plain component write of a wrapper while the grid streams: its
-  // hidden group writes the flags as set, not as inherited from the parent.
-  TMemoryStream again;
-  TQuilColumnsWrapper writer(nullptr);
-  writer.Attach(grid->Columns());
-  grid->SetStreamingState({gsWriting});
-  again.WriteComponent(&writer);
-  grid->SetStreamingState({});
-  EXPECT_EQ(QByteArray(static_cast<const char*>(again.Memory()), qsizetype(again.Size())),
-            QByteArray(static_cast<const char*>(stream.Memory()), qsizetype(stream.Size())));
-}
-
-TEST_F(QuilDBGridColumnStream, AFileKeepsTheColumns) {
-  Customize();
-  QTemporaryDir dir;
-  const QString file = dir.filePath("columns.bin");
-  grid->Columns()->SaveToFile(file);
-  grid->Columns()->RestoreDefaults();
-  EXPECT_EQ(grid->Columns()->Items(1)->Color(), grid->Color());
-  grid->Columns()->LoadFromFile(file);
-  EXPECT_EQ(grid->Columns()->Items(1)->Color(), clYellow);
-  EXPECT_THROW(grid->Columns()->LoadFromFile(dir.filePath("missing.bin")), Exception);
-}
-
-TEST_F(QuilDBGridColumnStream, ADamagedStreamLeavesTheColumnsAndTheStateAlone) {
-  Customize();
-  TMemoryStream stream;
-  grid->Columns()->SaveToStream(stream);
-  TMemoryStream damaged;
-  damaged.WriteBuffer(stream.Memory(), stream.Size() / 2);
-  damaged.Seek(0, soBeginning);
-  EXPECT_THROW(grid->Columns()->LoadFromStream(damaged), Exception);
-  EXPECT_EQ(grid->Columns()->Count(), 4);
-  EXPECT_EQ(grid->Columns()->Items(1)->Width(), 120);
-  EXPECT_TRUE(grid->StreamingState().Empty());
-}
-
-TEST_F(QuilDBGridColumnStream, AnAssignedValueEqualToItsDefaultIsNotWritten) {
-  Open(5);
-  grid->Columns()->SetState(csCustomized);
-  TQuilColumn* name = grid->Columns()->Items(1);
-  name->SetColor(grid->Color());
-  name->SetAlignment(taLeftJustify);
-  TMemoryStream stream;
-  grid->Columns()->SaveToStream(stream);
-  const QString text = test::ObjectText(stream);
-  EXPECT_FALSE(text.contains("Color")) << text.toStdString();
-  EXPECT_FALSE(text.contains("Alignment"));
-}
-
-TEST_F(QuilDBGridColumnStream, AWidthOf64IsWrittenEvenWhenItIsTheDefault) {
-  Open(5);
-  grid->Columns()->SetState(csCustomized);
-  TQuilColumn* empty = grid->Columns()->Add();
-  grid->SetDefaultColWidth(64);
-  empty->SetWidth(64);
-  EXPECT_FALSE(empty->AssignedValues().Contains(cvWidth)) << "the default width assigns nothing";
-  empty->SetWidth(100);
-  empty->SetWidth(64);
-  TMemoryStream stream;
-  grid->Columns()->SaveToStream(stream);
-  EXPECT_TRUE(test::ObjectText(stream).contains("Width = 64"));
 }
 
 }  // namespace

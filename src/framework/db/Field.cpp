@@ -151,9 +151,13 @@ int TField::Index() const {
   return dataSet_ ? dataSet_->fields_->IndexOf(this) : -1;
 }
 
+// Controls show the fields in this order, so a move changes their layout.
 void TField::SetIndex(int index) {
-  if (parentField_) parentField_->Fields()->SetFieldIndex(this, index);
-  else if (dataSet_) dataSet_->fields_->SetFieldIndex(this, index);
+  TFields* fields = parentField_ ? parentField_->Fields() : dataSet_ ? dataSet_->Fields() : nullptr;
+  if (!fields) return;
+  const int before = fields->IndexOf(this);
+  fields->SetFieldIndex(this, index);
+  if (fields->IndexOf(this) != before) PropertyChanged(true);
 }
 
 void TField::SetSize(int size) {

@@ -115,6 +115,7 @@ public:
   int TextWidth(const QString& text);
   int TextHeight(const QString& text);
   TSize TextExtent(const QString& text);
+  int AverageCharWidth();
 
   // Copies source's pixels at sourceRect into destRect with CopyMode, stretching.
   void CopyRect(const TRect& destRect, TCanvas* source, const TRect& sourceRect);

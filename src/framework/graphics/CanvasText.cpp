@@ -56,6 +56,8 @@ int TCanvas::TextHeight(const QString& text) { return d_->Metrics().height(); }
 
 TSize TCanvas::TextExtent(const QString& text) { return TSize{TextWidth(text), TextHeight(text)}; }
 
+int TCanvas::AverageCharWidth() { return d_->Metrics().averageCharWidth(); }
+
 unsigned TextFormatFlags(TTextFormat format) {
   static constexpr unsigned kFlags[] = {
       DT_BOTTOM, DT_CALCRECT, DT_CENTER, DT_EDITCONTROL, DT_END_ELLIPSIS, DT_PATH_ELLIPSIS,

@@ -609,6 +609,12 @@ TEST(DataSourceState, WithoutAutoEditALinkCannotStartAnEdit) {
   people.dataSet.Cancel();
 }
 
+TEST(DataLinkEvents, AFieldMovedIsALayoutChange) {
+  TPeople people(5, 3);
+  people.dataSet.FieldByName("City")->SetIndex(0);
+  EXPECT_EQ(people.link.log, Words({"layout"}));
+}
+
 TEST(DataLinkEvents, AFieldMovedWhileDisabledIsALayoutChangeAtTheEnable) {
   TPeople people(5, 3);
   people.dataSet.DisableControls();
