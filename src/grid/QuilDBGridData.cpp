@@ -212,14 +212,15 @@ void TQuilCustomDBGrid::Scroll(int distance) {
   if (updateLock_ == 0) Update();
 }
 
-// Moves the pixels of the data rows and paints only the rows that come into view.
+// Moves the pixels of the data rows and paints only the rows that come into view. The
+// area ends at the last data row's line: below it lies the blank row or the strip left
+// over when the height is not a whole number of rows, which no row may be moved into.
+// The box spans all columns, since column 0 may be scrolled out of view.
 void TQuilCustomDBGrid::ScrollDataRows(int distance) {
-  const int lastDataRow = totalRows_ > 0 ? RowCount() - totalRows_ - 1 : RowCount() - 1;
-  TRect area = CellRect(0, titleOffset_);
-  area.Left = 0;
-  area.Right = ClientWidth();
-  area.Bottom = totalRows_ > 0 ? BoxRect(0, lastDataRow, 0, lastDataRow).Bottom + GetRowLineWidth() : ClientHeight();
-  if (area.IsEmpty()) return;
+  const int lastDataRow = RowCount() - totalRows_ - 1;
+  const TRect rows = BoxRect(0, titleOffset_, ColCount() - 1, lastDataRow);
+  if (rows.IsEmpty()) return;
+  const TRect area{0, rows.Top, ClientWidth(), std::min(rows.Bottom + GetRowLineWidth(), ClientHeight())};
   const int shift = -distance * GetRowHeight();
   ScrollWindowEx(0, shift, &area, &area);
   TRect exposed = area;

@@ -3,6 +3,8 @@
 // its protected hooks, and a shown form with the grid over an in-memory people table.
 
 #include <QCoreApplication>
+#include <QImage>
+#include <QScreen>
 #include <QWidget>
 #include <gtest/gtest.h>
 #include <map>
@@ -108,6 +110,15 @@ protected:
     const int line = grid->GridLineWidth();
     const int dataArea = grid->ClientHeight() - (grid->RowHeights(0) + line) - totalHeight;
     return std::max(1, (dataArea + line) / (grid->DefaultRowHeight() + line));
+  }
+  // What the grid shows after the pending paints, from the screen's backing store: a
+  // grab would paint the widget anew and hide what scrolling left there.
+  QImage OnScreen() {
+    Paint();
+    QWidget* window = grid->Handle()->window();
+    const QImage screen = window->screen()->grabWindow(window->winId()).toImage();
+    const QPoint origin = grid->Handle()->mapTo(window, QPoint(0, 0));
+    return screen.copy(origin.x(), origin.y(), grid->Handle()->width(), grid->Handle()->height());
   }
 
   quil::TForm* form = nullptr;

@@ -23,7 +23,7 @@ TEST_F(RowWindow, BuffersExactlyTheRowsThatFitOverALargeDataSet) {
 }
 
 TEST_F(RowWindow, FollowsNextAndPriorWithinTheWindowAndPastItsEdge) {
-  Open(1000);
+  Open(100000, 247);
   const int fit = grid->DataLink()->BufferCount();
   for (int step = 1; step < fit; ++step) {
     dataSet->Next();
@@ -80,8 +80,8 @@ TEST_F(RowWindow, InGridModeMoveByKeepsTheWindowInsideTheData) {
 }
 
 TEST_F(RowWindow, BufferCountFollowsTheHeightOfTheWindow) {
-  Open(1000);
-  for (int height : {120, 400, 60, 240, 15}) {
+  Open(100000);
+  for (int height : {120, 400, 60, 247, 15, 240}) {
     grid->SetHeight(height);
     QCoreApplication::processEvents();
     const int fit = RowsThatFit();
@@ -105,13 +105,14 @@ TEST_F(RowWindow, ShrinkingKeepsTheCurrentRecordInTheWindow) {
 
 // The pixels move; what paints is the row that comes into view and the row that the
 // previous current record moved to, which loses its cursor. Each cell paints once,
-// whether the grid is double-buffered or not: the row counts that sizing the buffer
-// passes through repaint nothing.
-class RowWindowBuffering : public RowWindow, public ::testing::WithParamInterface<bool> {};
+// whether the grid is double-buffered or not and whether or not its height is a whole
+// number of rows: the row counts that sizing the buffer passes through repaint nothing.
+class RowWindowBuffering : public RowWindow, public ::testing::WithParamInterface<std::tuple<bool, int>> {};
 
 TEST_P(RowWindowBuffering, ScrollingByOneRepaintsOnlyTheExposedRow) {
-  Open(100000);
-  grid->SetDoubleBuffered(GetParam());
+  const auto [doubleBuffered, height] = GetParam();
+  Open(100000, height);
+  grid->SetDoubleBuffered(doubleBuffered);
   const int fit = grid->DataLink()->BufferCount();
   grid->MoveBy(fit - 1);
   Settle();
@@ -130,7 +131,59 @@ TEST_P(RowWindowBuffering, ScrollingByOneRepaintsOnlyTheExposedRow) {
   EXPECT_EQ(grid->GetFieldValue(0), QString::number(dataSet->RecNo()));
 }
 
-INSTANTIATE_TEST_SUITE_P(DoubleBuffered, RowWindowBuffering, ::testing::Bool());
+INSTANTIATE_TEST_SUITE_P(DoubleBufferedAndHeight, RowWindowBuffering,
+                         ::testing::Combine(::testing::Bool(), ::testing::Values(240, 247)));
+
+// A scroll by one on the screen: the grid's height (247 and 251 leave part of a row
+// below the last one), total rows below the data, and the indicator off with the first
+// columns scrolled out of view.
+struct TScrollCase {
+  int height;
+  bool totals;
+  bool scrolledSideways;
+};
+
+void PrintTo(const TScrollCase& scroll, std::ostream* out) {
+  *out << "height " << scroll.height << (scroll.totals ? ", totals" : "")
+       << (scroll.scrolledSideways ? ", scrolled sideways" : "");
+}
+
+class RowWindowScrollPixels : public RowWindow, public ::testing::WithParamInterface<TScrollCase> {
+protected:
+  void ExpectRepaintShowsTheSame(const char* step) {
+    const QImage scrolled = OnScreen();
+    grid->Invalidate();
+    EXPECT_EQ(scrolled, OnScreen()) << step;
+  }
+};
+
+TEST_P(RowWindowScrollPixels, ScrolledPixelsMatchAFullRepaint) {
+  const TScrollCase scroll = GetParam();
+  Open(1000, scroll.height);
+  if (scroll.totals) grid->SwitchOptionsEx({dgTotalFooter}, true);
+  if (scroll.scrolledSideways) {
+    grid->SwitchOptions({dgIndicator}, false);
+    for (TQuilColumn* column : *grid->Columns()) column->SetWidth(200);
+    grid->SetLeftCol(2);
+  }
+  const int fit = grid->DataLink()->BufferCount();
+  grid->MoveBy(fit - 1);
+  Settle();
+  dataSet->Next();
+  ExpectRepaintShowsTheSame("down past the last row");
+  grid->MoveBy(-(fit - 1));
+  Settle();
+  dataSet->Prior();
+  ExpectRepaintShowsTheSame("up past the top row");
+  if (scroll.scrolledSideways) {
+    EXPECT_EQ(grid->LeftCol(), 2);
+  }
+}
+
+INSTANTIATE_TEST_SUITE_P(Heights, RowWindowScrollPixels,
+                         ::testing::Values(TScrollCase{240, false, false}, TScrollCase{247, false, false},
+                                           TScrollCase{251, true, false}, TScrollCase{247, false, true},
+                                           TScrollCase{251, true, true}));
 
 // A change of the row count is a change of what shows: the grid repaints whole.
 TEST_F(RowWindow, GrowingWindowRepaintsWhenMoreRecordsFit) {
