@@ -300,10 +300,13 @@ public:
   virtual void DefineFieldMap();
 
   // --- Movement
+  // Moves the record window with the cursor held on its screen row, within the data.
+  bool GetScrollGridMode() const;
   int MoveBy(int distance, bool force = false);
   void MoveCol(int rawCol, int direction);
   int GetPosition() const;
   void SetPosition(int index);
+  // The active record's number from 1, -1 when none is known; the count, 0 when unknown.
   int GetRecNumber() const;
   void SetRecNumber(int value);
   int GetRecCount() const;

@@ -1,6 +1,9 @@
 // The row window: the link buffers exactly the rows that fit, the base grid's rows map
 // onto the buffer, and scrolling by a row paints only the row it exposes.
+#include <QTemporaryDir>
+
 #include "GridTestKit.h"
+#include "framework/db/SqlTable.h"
 
 using namespace quil;
 using gridtest::GridFixture;
@@ -77,6 +80,70 @@ TEST_F(RowWindow, InGridModeMoveByKeepsTheWindowInsideTheData) {
   EXPECT_EQ(grid->MoveBy(100, true), 50 - fit);
   EXPECT_EQ(grid->MoveBy(-100, true), limit);
   dataSet->CheckConsistency();
+}
+
+TEST(RowWindowUnbound, MoveByWithoutAnActiveLinkMovesNothing) {
+  TQuilDBGrid grid(nullptr);
+  EXPECT_EQ(grid.MoveBy(1), 0);
+  EXPECT_EQ(grid.MoveBy(3, true), 0);
+  grid.SwitchOptionsExt({dgScrollGridMode}, true);
+  EXPECT_FALSE(grid.GetScrollGridMode());
+  EXPECT_EQ(grid.MoveBy(1), 0);
+  TClientDataSet closed(nullptr);
+  TDataSource source(nullptr);
+  source.SetDataSet(&closed);
+  grid.SetDataSource(&source);
+  EXPECT_EQ(grid.MoveBy(-1), 0);
+  EXPECT_EQ(grid.GetRecNumber(), -1);
+  EXPECT_EQ(grid.GetRecCount(), 0);
+}
+
+// An SQL table that has not counted its rows: the grid asks for no record number or
+// count, either of which would count the whole table, and moves without grid mode.
+class RowWindowOverSql : public ::testing::Test {
+protected:
+  void SetUp() override {
+    ASSERT_TRUE(folder.isValid());
+    connection.SetDatabaseName(folder.filePath(QStringLiteral("rows.sqlite")));
+    connection.ExecuteDirect(QStringLiteral("CREATE TABLE items (id INTEGER PRIMARY KEY, name TEXT)"));
+    connection.ExecuteDirect(QStringLiteral("WITH RECURSIVE n(i) AS (SELECT 1 UNION ALL SELECT i + 1 FROM n "
+                                            "WHERE i < 1000) INSERT INTO items SELECT i, 'Item' || i FROM n"));
+    table.SetConnection(&connection);
+    table.SetTableName(QStringLiteral("items"));
+    table.SetFetchSize(20);
+    table.Open();
+    source.SetDataSet(&table);
+    form.SetBounds(0, 0, 520, 280);
+    grid = new gridtest::TProbeGrid(&form);
+    grid->SetParent(&form);
+    grid->SetBounds(10, 10, 480, 240);
+    grid->SetDataSource(&source);
+    form.Show();
+    QCoreApplication::processEvents();
+  }
+
+  QTemporaryDir folder;
+  TSQLConnection connection{nullptr};
+  TSQLTable table{nullptr};
+  TDataSource source{nullptr};
+  TForm form{nullptr};
+  gridtest::TProbeGrid* grid = nullptr;
+};
+
+TEST_F(RowWindowOverSql, ATableWithoutItsCountIsMovedWithoutRecordNumbers) {
+  grid->SwitchOptionsExt({dgScrollGridMode}, true);
+  ASSERT_FALSE(table.IsSequenced());
+  EXPECT_FALSE(grid->GetScrollGridMode());
+  EXPECT_EQ(grid->GetRecNumber(), -1);
+  EXPECT_EQ(grid->GetRecCount(), 0);
+  // Grid mode would hold the cursor on the top row; the link moves it down the window.
+  EXPECT_EQ(grid->MoveBy(2), 2);
+  EXPECT_EQ(grid->Row(), grid->TitleOffset() + 2);
+  EXPECT_EQ(grid->MoveBy(500), 500);
+  EXPECT_EQ(table.FieldByName("id")->AsInteger(), 503);
+  grid->Invalidate();
+  grid->Update();
+  EXPECT_FALSE(table.RecordCountKnown()) << "nothing counted the table";
 }
 
 TEST_F(RowWindow, BufferCountFollowsTheHeightOfTheWindow) {
