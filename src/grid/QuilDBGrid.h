@@ -552,7 +552,9 @@ protected:
   // Recomputes the record numbers; true when any changed.
   virtual bool UpdateSequenceValues();
   virtual void UpdateScrollBar();
-  virtual void TotalsChanged();
+  // The total cells that show totalResult of field, or of any field when it is null,
+  // have a new value.
+  virtual void TotalsChanged(TTotalResult totalResult, TField* field);
   virtual void ColEnter();
   virtual void ColExit();
 

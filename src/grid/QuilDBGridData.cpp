@@ -98,14 +98,16 @@ void TQuilCustomDBGrid::RecordChanged(TField* field) {
       TQuilColumn* column = columns_->Items(dataCol);
       TField* shown = column->Field();
       if (!column->GetShowing() || !shown) continue;
-      bool depends = shown == field || (shown->FieldKind() == fkLookup &&
+      const bool depends = shown == field || (shown->FieldKind() == fkLookup &&
                                         shown->KeyFields().compare(field->FieldName(), Qt::CaseInsensitive) == 0);
-      if (depends) InvalidateCol(DataToRawColumn(dataCol));
+      if (!depends) continue;
+      InvalidateCol(DataToRawColumn(dataCol));
+      TotalsChanged(trDataField, field);
     }
   } else {
     InvalidateData();
+    TotalsChanged(trDataField, nullptr);
   }
-  TotalsChanged();
   // Taking the field's text back would end a Korean composition under way.
   const bool composing =
       SysLocale.PriLangID == LANG_KOREAN && InplaceEditor() && InplaceEditor()->ImeComposing();
@@ -208,7 +210,7 @@ void TQuilCustomDBGrid::Scroll(int distance) {
     }
     AlwaysShowEditor();
   }
-  TotalsChanged();
+  TotalsChanged(trDataField, nullptr);
   if (updateLock_ == 0) Update();
 }
 

@@ -38,6 +38,8 @@ public:
   std::vector<bool> layoutSources;
   // Where ColExit moves the cursor to itself; -1 leaves it.
   int exitMovesTo = -1;
+  // The arguments of each TotalsChanged.
+  std::vector<std::pair<quil::TTotalResult, quil::TField*>> totalsChanges;
 
   void ClearDrawn() { drawn.clear(); }
   int DrawnCount() const {
@@ -61,6 +63,10 @@ protected:
   void DrawCell(int col, int row, const TRect& rect, quil::TGridDrawState state) override {
     ++drawn[{row, col}];
     TQuilDBGrid::DrawCell(col, row, rect, state);
+  }
+  void TotalsChanged(quil::TTotalResult totalResult, quil::TField* field) override {
+    totalsChanges.emplace_back(totalResult, field);
+    TQuilDBGrid::TotalsChanged(totalResult, field);
   }
   void LayoutChanged() override {
     layoutSources.push_back(LayoutFromDataSet());

@@ -53,6 +53,32 @@ TEST_F(GridDataLink, AChangedFieldRepaintsOnlyItsColumn) {
   EXPECT_EQ(grid->GetFieldValue(2), QStringLiteral("Rome"));
 }
 
+// Totals hear of each column whose field changed, and of the whole record or a scroll
+// without a field.
+TEST_F(GridDataLink, TotalsHearWhichFieldChanged) {
+  Open(50);
+  using TChange = std::pair<TTotalResult, TField*>;
+  TField* city = dataSet->FieldByName("City");
+  grid->Columns()->SetState(csCustomized);
+  grid->Columns()->Add()->SetFieldName("City");
+  dataSet->Edit();
+  grid->totalsChanges.clear();
+  city->SetAsString("Rome");
+  EXPECT_EQ(grid->totalsChanges, (std::vector<TChange>{{trDataField, city}, {trDataField, city}}));
+  grid->Columns()->Items(2)->SetVisible(false);
+  grid->totalsChanges.clear();
+  city->SetAsString("Lima");
+  EXPECT_EQ(grid->totalsChanges, (std::vector<TChange>{{trDataField, city}})) << "a hidden column is left out";
+  grid->Columns()->Items(4)->SetVisible(false);
+  grid->totalsChanges.clear();
+  city->SetAsString("Kyiv");
+  EXPECT_TRUE(grid->totalsChanges.empty()) << "no column shows the field";
+  dataSet->Cancel();
+  grid->totalsChanges.clear();
+  dataSet->Next();
+  EXPECT_EQ(grid->totalsChanges, (std::vector<TChange>{{trDataField, nullptr}}));
+}
+
 TEST_F(GridDataLink, ADataChangePaintsEveryCellOnce) {
   Open(50);
   dataSet->Edit();
