@@ -180,6 +180,8 @@ public:
   int StretchPixelsLeft() const { return 0; }
   int StretchBasesLeft() const { return 0; }
   virtual void StretchGrid() {}
+  // Starts or ends stretching as StretchMode and the link say.
+  void SetStretchActive() {}
   // The raw column whose width changed last; -1 once the base grid took it in.
   int ResizedCol() const { return resizedCol_; }
   void SetResizedCol(int rawCol) { resizedCol_ = rawCol; }
@@ -202,6 +204,9 @@ public:
   void SetGridLineWidth(int value);
   // The client area changes, and the rows that fit with it.
   void SetBorderStyle(TBorderStyle value);
+  // FIXME: scrolling owns the bars the grid asks for, both by default; the base grid's
+  // bar is only the horizontal one, since the vertical bar belongs to the record window.
+  TScrollStyle ScrollBars() const { return ssBoth; }
   bool ReadOnly() const { return readOnly_; }
   void SetReadOnly(bool value) { readOnly_ = value; }
   // Setting Ctl3D takes the choice away from the fixed style.
@@ -570,6 +575,27 @@ protected:
   void AlwaysShowEditor();
   // FIXME: row and column selection clear the selection lists here.
   void ClearSelection() {}
+  // FIXME: row and column selection derive the live kind from MultiSelectOptions, keep
+  // the frozen columns out of a column selection unless msFixed, and tell whether
+  // columns are selected.
+  void UpdateMultiSelect() {}
+  void UpdateSelectionOffset() {}
+  bool GetColsSelection() const { return false; }
+  // FIXME: scrolling shows the horizontal flat scroll bar while the columns are wider
+  // than the window, and fills the square between the two bars.
+  void UpdateHorzFlatSB() {}
+  void InvalidateCorner() {}
+  // FIXME: search shows its panel and places it beside the grid.
+  virtual void ShowSearchPanel() {}
+  virtual void UpdateSearchPanel() {}
+  // FIXME: column filters take the data set's filter over and give it back, write each
+  // column's filter text, and filter the rows.
+  void UpdateFilter() {}
+  void UpdateFilterText() {}
+  virtual void FilterChanged() {}
+  // FIXME: ordering reads the data set's order into the markers, or applies the grid's.
+  void SetupCurrentOrder() {}
+  void UpdateOrder(bool) {}
 
 private:
   class TBusyScope;

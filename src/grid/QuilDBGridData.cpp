@@ -39,15 +39,18 @@ void TQuilCustomDBGrid::LinkActive(bool value) {
   ClearSelection();
   LayoutChanged();
   FreeDockedGrids();
-  // FIXME: column filters take over the data set's filter, and stretching starts.
+  UpdateFilter();
   UpdateListItems(false);
   UpdateSequence(false);
   UpdateScrollBar();
+  UpdateHorzFlatSB();
   UpdateRowCount();
-  // FIXME: ordering loads or applies the order here.
+  SetStretchActive();
+  if (value && optionsEx_.Contains(dgLoadCurrentOrder)) SetupCurrentOrder();
   treeView_->CheckState();
   if (treeView_->Active()) DataSet()->First();
   if (value) {
+    // FIXME: ordering applies the stored order, or sets the markers from it, here.
     Synchronize();
     AlwaysShowEditor();
   }
@@ -83,6 +86,7 @@ void TQuilCustomDBGrid::DataChanged() {
   }
   UpdateRowCount();
   UpdateScrollBar();
+  UpdateHorzFlatSB();
   UpdateActive();
   InvalidateEditor();
   // Whatever was queued is covered by the whole invalidation: the change paints once.
@@ -236,7 +240,17 @@ void TQuilCustomDBGrid::WMSize(TMessage& message) {
   dataLink_->UpdateRecord();
   if (updateLock_ == 0) UpdateRowCount();
   UpdateScrollBar();
-  // FIXME: the search panel, borders, corner, totals and stretching follow the size.
+  UpdateHorzFlatSB();
+  UpdateSearchPanel();
+  // Without double buffering only what a resize uncovers is sure to be painted: the
+  // totals move with the bottom edge, and titles that fill the window are cut anew.
+  if (!DoubleBuffered()) {
+    if (ClientHeight() <= GetTitleHeight()) InvalidateTitles();
+    InvalidateTotals();
+  }
+  // The border is drawn with the window's frame, which repaints with the new size.
+  InvalidateCorner();
+  StretchGrid();
   InvalidateEditor();
 }
 

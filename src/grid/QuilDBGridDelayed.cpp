@@ -75,6 +75,7 @@ void TQuilCustomDBGrid::DelayUpdateSequence(TObject*) {
   TakeTimer(dtSequence);
   if (!RecalcSequence()) return;
   UpdateScrollBar();
+  UpdateHorzFlatSB();
   UpdateActive();
   InvalidateEditor();
   ValidateRect(ClientRect());

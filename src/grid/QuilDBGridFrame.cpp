@@ -169,8 +169,10 @@ void TQuilCustomDBGrid::SetOptions(TQuilDBGridOptions value) {
   if (value.Contains(dgRowSelect)) value -= TQuilDBGridOptions{dgEditing, dgAlwaysShowEditor};
   if (value == options_) return;
   ApplyBaseOptions(value);
-  // FIXME: row selection clears the selection when dgMultiSelect goes off.
-  const TQuilDBGridOptions changed = ChangedMembers(options_, value);
+  const TQuilDBGridOptions turnedOn = value - options_;
+  const TQuilDBGridOptions turnedOff = options_ - value;
+  if (turnedOff.Contains(dgMultiSelect) || (turnedOn.Contains(dgRowSelect) && GetColsSelection())) ClearSelection();
+  const TQuilDBGridOptions changed = turnedOn + turnedOff;
   options_ = value;
   if (changed.Contains(dgForceSequence)) UpdateSequence(false);
   if (changed.Intersects({dgEditing, dgAlwaysShowEditor, dgTitles, dgIndicator, dgColLines, dgRowLines,
@@ -179,8 +181,8 @@ void TQuilCustomDBGrid::SetOptions(TQuilDBGridOptions value) {
     LayoutChanged();
   if (changed.Intersects({dgTitles, dgIndicator, dgColLines, dgRowLines, dgTitleHeaders, dgTitleWidthOff}))
     InvalidateEditor();
-  // FIXME: column sizing stretches the grid and title markers update on the changes
-  // that concern them.
+  if (changed.Intersects({dgIndicator, dgColLines, dgTitleWidthOff})) StretchGrid();
+  if (changed.Intersects({dgMarkerAutoSwitch, dgMarkerAutoToggle, dgMarkerAscendOnly})) columns_->UpdateMarkers();
   if (changed.Intersects({dgColLines, dgRowLines}))
     UpdateBorder(IsGridThemed(false) || fixedStyle_ == fsSoft || fixedStyle_ == fsGreat ||
                  fixedStyle_ == fsGray || fixedStyle_ == fsFine || fixedStyle_ == fsMild);
@@ -205,7 +207,7 @@ void TQuilCustomDBGrid::SetOptionsEx(TQuilDBGridOptionsEx value) {
   const TQuilDBGridOptionsEx changed = ChangedMembers(optionsEx_, value);
   const TQuilDBGridOptionsEx turnedOn = value - optionsEx_;
   optionsEx_ = value;
-  // FIXME: ordering applies the order when the order members change.
+  if (changed.Intersects({dgLoadCurrentOrder, dgAutoUpdateOrder, dgAutoAscendOrder})) UpdateOrder(true);
   if (changed.Contains(dgAutoUpdateSequence)) UpdateSequence(true);
   if (turnedOn.Intersects({dgTotalHeader, dgTotalValues, dgTotalFooter, dgCalcInvisibleRows}) ||
       changed.Intersects({dgAutoUpdateTotals, dgCalcWholeDataSet, dgCalcSelectedRows, dgTotalHeaderSelected,
@@ -282,7 +284,8 @@ void TQuilCustomDBGrid::SetMultiSelectOptions(TMultiSelectOptions value) {
   ClearSelection();
   PerformDelayed();
   multiSelectOptions_ = value;
-  // FIXME: row and column selection update their kind and offsets here.
+  UpdateMultiSelect();
+  UpdateSelectionOffset();
 }
 
 void TQuilCustomDBGrid::SwitchMultiSelectOptions(TMultiSelectOptions members, bool include) {
@@ -348,7 +351,8 @@ void TQuilCustomDBGrid::SetGridLineWidth(int value) {
 void TQuilCustomDBGrid::SetBorderStyle(TBorderStyle value) {
   if (value == BorderStyle()) return;
   TCustomGrid::SetBorderStyle(value);
-  // FIXME: the search panel and the horizontal flat scroll bar follow the border.
+  UpdateHorzFlatSB();
+  UpdateSearchPanel();
   if (!ComponentState().Contains(csLoading)) UpdateRowCount();
   LayoutChanged();
 }

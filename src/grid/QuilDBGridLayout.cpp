@@ -99,7 +99,7 @@ void TQuilCustomDBGrid::InternalLayout() {
     RepairFixedCols();
     TCustomGrid::SetFixedCols(indicatorOffset_ + fixedCols_);
   }
-  // FIXME: row and column selection update their offsets here.
+  UpdateSelectionOffset();
   titleOffset_ = uint8_t(ComputeTitleOffset());
   ComputeTotalRows();
   RecreateMarkers();
@@ -109,6 +109,7 @@ void TQuilCustomDBGrid::InternalLayout() {
   TQuilColumn* current = SelectedColumn();
   if (current && !current->GetShowing()) MoveCol(Col(), 1);
   UpdateScrollBar();
+  UpdateHorzFlatSB();
   SetColumnAttributes();
   UpdateActive();
   UpdateRowCount();
@@ -261,12 +262,11 @@ void TQuilCustomDBGrid::Loaded() {
   if (columns_->Count() > 0) SetColCount(columns_->Count());
   const bool designing = ComponentState().Contains(csDesigning);
   settings_->SetAutoLoadPending(!designing);
-  // FIXME: search shows its panel here.
-  if (!designing && search_->PanelVisible()) return;
+  if (!designing && search_->PanelVisible()) ShowSearchPanel();
   LayoutChanged();
   filterGrid_->UpdateColumns();
-  // FIXME: column filters update their text, and filters, search and tree view apply
-  // their row filter through FilterChanged.
+  UpdateFilterText();
+  if (filterGrid_->Active() || search_->FilterActive() || treeView_->Active()) FilterChanged();
 }
 
 void TQuilCustomDBGrid::Notification(TComponent* component, TOperation operation) {

@@ -28,9 +28,19 @@ public:
   bool timerGoneDuringWork = false;
   bool busyDuringWork = false;
   bool dataChangeDuringWork = false;
+  // Stretches asked for outside a layout, whose sizing of the columns asks on its own.
+  int stretches = 0;
+  int searchPanelShows = 0;
+  int searchPanelUpdates = 0;
+
+  void StretchGrid() override {
+    if (LayoutLock() == 0) ++stretches;
+  }
 
 protected:
   QString GetOrderFields() const override { return orderFields; }
+  void ShowSearchPanel() override { ++searchPanelShows; }
+  void UpdateSearchPanel() override { ++searchPanelUpdates; }
   bool UpdateSequenceValues() override {
     ++sequenceRuns;
     timerGoneDuringWork = DelayTimer(dtSequence) == nullptr;
@@ -177,6 +187,8 @@ TEST(GridFrame, ConstructionDefaults) {
   EXPECT_FALSE(grid.DragRows());
   EXPECT_FALSE(grid.ParentCustomHint());
   EXPECT_EQ(grid.DesignOptionsBoost(), (TGridOptions{goRowSizing, goColSizing}));
+  EXPECT_EQ(grid.ScrollBars(), ssBoth);
+  EXPECT_EQ(grid.TCustomGrid::ScrollBars(), ssHorizontal) << "the vertical bar is the record window's";
   EXPECT_EQ(grid.HeaderColor(), clBtnFace);
   EXPECT_EQ(grid.LinesCountMax(), -1);
   EXPECT_EQ(grid.LinesCountMin(), 1);
@@ -307,6 +319,38 @@ TEST_F(GridFrameShown, LoadedMarksTheSettingsToLoadOnTheNextActivation) {
   EXPECT_EQ(grid->DefaultRowHeight(), 2 * grid->DataLineHeight() + grid->GridStyle()->DataRowSpace() + 1);
   dataSet->Open();
   EXPECT_FALSE(grid->Settings()->AutoLoadPending());
+}
+
+// A grid loaded with its search panel shown shows the panel, and is laid out as well.
+TEST_F(GridFrameShown, LoadedShowsTheSearchPanelAndLaysOut) {
+  OpenFrame(10);
+  grid->Search()->SetPanelVisible(true);
+  grid->layoutSources.clear();
+  Frame()->Loaded();
+  EXPECT_EQ(Frame()->searchPanelShows, 1);
+  EXPECT_FALSE(grid->layoutSources.empty());
+}
+
+// The options that change the room the columns share stretch them again.
+TEST_F(GridFrameShown, OptionsThatChangeTheColumnsRoomStretchThem) {
+  OpenFrame(10);
+  for (TQuilDBGridOption option : {dgIndicator, dgColLines, dgTitleWidthOff, dgRowLines, dgTitles}) {
+    Frame()->stretches = 0;
+    grid->SwitchOptions({option}, !grid->Options().Contains(option));
+    const bool stretches = option == dgIndicator || option == dgColLines || option == dgTitleWidthOff;
+    EXPECT_EQ(Frame()->stretches, stretches ? 1 : 0) << GetEnumName(TypeInfo(option), option).toStdString();
+  }
+}
+
+TEST_F(GridFrameShown, ResizingStretchesTheColumnsAndPlacesTheSearchPanel) {
+  OpenFrame(10);
+  Frame()->stretches = 0;
+  Frame()->searchPanelUpdates = 0;
+  grid->SetWidth(300);
+  EXPECT_EQ(Frame()->stretches, 1);
+  EXPECT_EQ(Frame()->searchPanelUpdates, 1);
+  grid->SetBorderStyle(bsNone);
+  EXPECT_EQ(Frame()->searchPanelUpdates, 2) << "the border moves the panel too";
 }
 
 TEST_F(GridFrameShown, ActivationFreesTheDockedGridsItOwns) {
