@@ -74,6 +74,7 @@ protected:
   }
   void ColExit() override {
     ++colExits;
+    TQuilDBGrid::ColExit();
     if (exitMovesTo >= 0) SetCol(exitMovesTo);
   }
 };

@@ -323,6 +323,29 @@ TEST_F(GridColumns, AnExitHandlerThatMovesTheColumnStopsTheMove) {
   EXPECT_EQ(grid->colExits, 1);
 }
 
+// The column left hears of it before the cursor moves, the column entered after.
+TEST_F(GridColumns, MovingTheCursorFiresColExitThenColEnter) {
+  Open(10);
+  QStringList heard;
+  auto note = [&](const char* what) {
+    return TNotifyEvent([&heard, what, this](TObject* sender) {
+      EXPECT_EQ(sender, grid);
+      heard << QStringLiteral("%1 %2").arg(what).arg(grid->SelectedIndex());
+    });
+  };
+  grid->OnColExit = note("exit");
+  grid->OnColEnter = note("enter");
+  grid->SetSelectedIndex(2);
+  EXPECT_EQ(heard, QStringList({"exit 0", "enter 2"}));
+  heard.clear();
+  grid->SetSelectedIndex(2);
+  EXPECT_TRUE(heard.isEmpty()) << "the cursor stays";
+  grid->exitMovesTo = 2;
+  grid->SetSelectedIndex(3);
+  EXPECT_EQ(heard, QStringList({"exit 2"})) << "an exit that moves the cursor itself enters nothing";
+  EXPECT_EQ(grid->SelectedIndex(), 1);
+}
+
 }  // namespace
 
 // --- Streaming
