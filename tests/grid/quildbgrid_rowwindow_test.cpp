@@ -100,39 +100,33 @@ TEST(RowWindowUnbound, MoveByWithoutAnActiveLinkMovesNothing) {
 
 // An SQL table that has not counted its rows: the grid asks for no record number or
 // count, either of which would count the whole table, and moves without grid mode.
-class RowWindowOverSql : public ::testing::Test {
+class RowWindowOverSql : public RowWindow {
 protected:
-  void SetUp() override {
+  void OpenTable() {
+    Open(0);
     ASSERT_TRUE(folder.isValid());
-    connection.SetDatabaseName(folder.filePath(QStringLiteral("rows.sqlite")));
-    connection.ExecuteDirect(QStringLiteral("CREATE TABLE items (id INTEGER PRIMARY KEY, name TEXT)"));
-    connection.ExecuteDirect(QStringLiteral("WITH RECURSIVE n(i) AS (SELECT 1 UNION ALL SELECT i + 1 FROM n "
-                                            "WHERE i < 1000) INSERT INTO items SELECT i, 'Item' || i FROM n"));
-    table.SetConnection(&connection);
-    table.SetTableName(QStringLiteral("items"));
-    table.SetFetchSize(20);
-    table.Open();
-    source.SetDataSet(&table);
-    form.SetBounds(0, 0, 520, 280);
-    grid = new gridtest::TProbeGrid(&form);
-    grid->SetParent(&form);
-    grid->SetBounds(10, 10, 480, 240);
-    grid->SetDataSource(&source);
-    form.Show();
-    QCoreApplication::processEvents();
+    auto* connection = new TSQLConnection(form);
+    connection->SetDatabaseName(folder.filePath(QStringLiteral("rows.sqlite")));
+    connection->ExecuteDirect(QStringLiteral("CREATE TABLE items (id INTEGER PRIMARY KEY, name TEXT)"));
+    connection->ExecuteDirect(QStringLiteral("WITH RECURSIVE n(i) AS (SELECT 1 UNION ALL SELECT i + 1 FROM n "
+                                             "WHERE i < 1000) INSERT INTO items SELECT i, 'Item' || i FROM n"));
+    table = new TSQLTable(form);
+    table->SetConnection(connection);
+    table->SetTableName(QStringLiteral("items"));
+    table->SetFetchSize(20);
+    source->SetDataSet(table);
+    table->Open();
+    Settle();
   }
 
   QTemporaryDir folder;
-  TSQLConnection connection{nullptr};
-  TSQLTable table{nullptr};
-  TDataSource source{nullptr};
-  TForm form{nullptr};
-  gridtest::TProbeGrid* grid = nullptr;
+  TSQLTable* table = nullptr;
 };
 
 TEST_F(RowWindowOverSql, ATableWithoutItsCountIsMovedWithoutRecordNumbers) {
+  OpenTable();
   grid->SwitchOptionsExt({dgScrollGridMode}, true);
-  ASSERT_FALSE(table.IsSequenced());
+  ASSERT_FALSE(table->IsSequenced());
   EXPECT_FALSE(grid->GetScrollGridMode());
   EXPECT_EQ(grid->GetRecNumber(), -1);
   EXPECT_EQ(grid->GetRecCount(), 0);
@@ -140,10 +134,10 @@ TEST_F(RowWindowOverSql, ATableWithoutItsCountIsMovedWithoutRecordNumbers) {
   EXPECT_EQ(grid->MoveBy(2), 2);
   EXPECT_EQ(grid->Row(), grid->TitleOffset() + 2);
   EXPECT_EQ(grid->MoveBy(500), 500);
-  EXPECT_EQ(table.FieldByName("id")->AsInteger(), 503);
+  EXPECT_EQ(table->FieldByName("id")->AsInteger(), 503);
   grid->Invalidate();
   grid->Update();
-  EXPECT_FALSE(table.RecordCountKnown()) << "nothing counted the table";
+  EXPECT_FALSE(table->RecordCountKnown()) << "nothing counted the table";
 }
 
 TEST_F(RowWindow, BufferCountFollowsTheHeightOfTheWindow) {
