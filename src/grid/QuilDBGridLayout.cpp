@@ -79,12 +79,9 @@ void TQuilCustomDBGrid::Dispatch(TMessage& message) {
 
 void TQuilCustomDBGrid::InternalLayout() {
   if (ComponentState().Intersects({csLoading, csDestroying})) return;
-  if (HandleAllocated()) {
-    // This layout does the work that a deferred one would.
-    TMessage pending{};
-    if (PeekMessage(&pending, this, CM_DEFERLAYOUT, CM_DEFERLAYOUT, PM_REMOVE) && pending.Msg == WM_QUIT)
-      PostMessage(nullptr, WM_QUIT, pending.WParam, 0);
-  }
+  // This layout does the work that a deferred one would. The queue hands out only the
+  // message asked for: a request to quit goes through Qt's event loop, never through it.
+  if (HandleAllocated()) PeekMessage(nullptr, this, CM_DEFERLAYOUT, CM_DEFERLAYOUT, PM_REMOVE);
   FreeMixedColumns();
   indicatorOffset_ = options_.Contains(dgIndicator) ? 1 : 0;
   dataLink_->ClearMapping();

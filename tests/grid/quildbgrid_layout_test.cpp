@@ -166,6 +166,41 @@ TEST_F(GridDeferral, AFieldFreedWithControlsEnabledRelaysOutAtOnce) {
   EXPECT_EQ(grid->Columns()->Items(1)->FieldName(), QStringLiteral("City"));
 }
 
+class GridUpdateLock : public GridFixture {};
+
+// Under an update the row window keeps its size; the layout that follows sizes it.
+TEST_F(GridUpdateLock, AResizeDuringAnUpdateLeavesTheRowWindowAlone) {
+  Open(1000);
+  const int rowCount = grid->RowCount();
+  const int bufferCount = grid->DataLink()->BufferCount();
+  grid->BeginUpdate();
+  grid->SetHeight(120);
+  EXPECT_EQ(grid->RowCount(), rowCount);
+  EXPECT_EQ(grid->DataLink()->BufferCount(), bufferCount);
+  grid->EndUpdate();
+  static_cast<TQuilCustomDBGrid*>(grid)->LayoutChanged();
+  EXPECT_EQ(grid->DataLink()->BufferCount(), RowsThatFit());
+  EXPECT_LT(grid->RowCount(), rowCount);
+}
+
+// Rows that fill the client height exactly put the last row's bottom line outside it;
+// without double buffering the last row is painted again so that it ends clean.
+TEST_F(GridUpdateLock, RowsFillingTheWindowExactlyRepaintTheLastRow) {
+  Open(1000);
+  const int pitch = grid->GetRowHeight();
+  const int frame = grid->Height() - grid->ClientHeight();
+  grid->SetHeight(frame + grid->GetTitleHeight() + 7 * pitch);
+  ASSERT_EQ(grid->RowCount(), grid->TitleOffset() + 7);
+  for (bool doubleBuffered : {false, true}) {
+    grid->SetDoubleBuffered(doubleBuffered);
+    Settle();
+    grid->UpdateRowCount();
+    Paint();
+    const std::set<int> expected = doubleBuffered ? std::set<int>{} : std::set<int>{grid->RowCount() - 1};
+    EXPECT_EQ(grid->DrawnRows(), expected) << "double-buffered " << doubleBuffered;
+  }
+}
+
 // --- Option constraints
 
 TEST(GridOptionConstraints, RowSelectTurnsEditingOff) {
