@@ -582,9 +582,8 @@ protected:
   void UpdateSelectionOffset() {}
   bool GetColsSelection() const { return false; }
   // FIXME: scrolling shows the horizontal flat scroll bar while the columns are wider
-  // than the window, and fills the square between the two bars.
+  // than the window.
   void UpdateHorzFlatSB() {}
-  void InvalidateCorner() {}
   // FIXME: search shows its panel and places it beside the grid.
   virtual void ShowSearchPanel() {}
   virtual void UpdateSearchPanel() {}

@@ -242,14 +242,8 @@ void TQuilCustomDBGrid::WMSize(TMessage& message) {
   UpdateScrollBar();
   UpdateHorzFlatSB();
   UpdateSearchPanel();
-  // Without double buffering only what a resize uncovers is sure to be painted: the
-  // totals move with the bottom edge, and titles that fill the window are cut anew.
-  if (!DoubleBuffered()) {
-    if (ClientHeight() <= GetTitleHeight()) InvalidateTitles();
-    InvalidateTotals();
-  }
-  // The border is drawn with the window's frame, which repaints with the new size.
-  InvalidateCorner();
+  // A new size repaints the whole window, its frame too: the titles, the totals at the
+  // bottom edge and the border need nothing of their own.
   StretchGrid();
   InvalidateEditor();
 }
