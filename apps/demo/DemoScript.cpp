@@ -9,7 +9,9 @@
 #include <QPointer>
 #include <QRegularExpression>
 #include <QTimer>
+#include <QWheelEvent>
 #include <QWidget>
+#include <cstdlib>
 
 #include "framework/controls/Grids.h"
 
@@ -46,12 +48,29 @@ public:
                                                                   : "clickat wants x and y in pixels: clickat 120 48");
       step.x = Number(words[0], 0);
       step.y = Number(words[1], 0);
+    } else if (command == QLatin1String("drag")) {
+      step.kind = ScriptStep::Kind::Drag;
+      Expect(words.size() == 4, "drag wants two points in pixels: drag 100 10 160 10");
+      step.x = Number(words[0], 0);
+      step.y = Number(words[1], 0);
+      step.x2 = Number(words[2], 0);
+      step.y2 = Number(words[3], 0);
+    } else if (command == QLatin1String("wheel")) {
+      step.kind = ScriptStep::Kind::Wheel;
+      Expect(words.size() == 1, "wheel wants a number of notches, negative for up: wheel 3");
+      step.count = Number(words[0], -1000);
+      Expect(step.count != 0, "wheel wants a number of notches other than 0");
+    } else if (command == QLatin1String("resize")) {
+      step.kind = ScriptStep::Kind::Resize;
+      Expect(words.size() == 2, "resize wants a width and a height: resize 800 600");
+      step.x = Number(words[0], 1);
+      step.y = Number(words[1], 1);
     } else if (command == QLatin1String("wait")) {
       step.kind = ScriptStep::Kind::Wait;
       Expect(words.size() <= 1, "wait takes at most a number of milliseconds");
       if (!words.isEmpty()) step.milliseconds = Number(words[0], 0);
     } else {
-      Fail(name_, line_, QStringLiteral("unknown step \"%1\" (key, type, click, clickat or wait)").arg(command));
+      Fail(name_, line_, QStringLiteral("unknown step \"%1\" (key, type, click, clickat, drag, wheel, resize or wait)").arg(command));
     }
     return step;
   }
@@ -115,15 +134,52 @@ void TypeText(quil::TCustomGrid& grid, const QString& text) {
   }
 }
 
-void Click(quil::TCustomGrid& grid, quil::TPoint client) {
+// A mouse event at a point of the grid's client area, with the left button as given.
+void SendMouse(quil::TCustomGrid& grid, QEvent::Type type, quil::TPoint client, Qt::MouseButtons held) {
   QWidget* widget = grid.Handle();
   const quil::TPoint screen = grid.ClientToScreen(client);
   const QPointF global(screen.X, screen.Y);
   const QPointF local = widget->mapFromGlobal(global);
-  QMouseEvent press(QEvent::MouseButtonPress, local, global, Qt::LeftButton, Qt::LeftButton, Qt::NoModifier);
-  QApplication::sendEvent(widget, &press);
-  QMouseEvent release(QEvent::MouseButtonRelease, local, global, Qt::LeftButton, Qt::NoButton, Qt::NoModifier);
-  QApplication::sendEvent(widget, &release);
+  const Qt::MouseButton button = type == QEvent::MouseMove ? Qt::NoButton : Qt::LeftButton;
+  QMouseEvent event(type, local, global, button, held, Qt::NoModifier);
+  QApplication::sendEvent(widget, &event);
+}
+
+void Click(quil::TCustomGrid& grid, quil::TPoint client) {
+  SendMouse(grid, QEvent::MouseButtonPress, client, Qt::LeftButton);
+  SendMouse(grid, QEvent::MouseButtonRelease, client, Qt::NoButton);
+}
+
+// Moves in a few steps, as a hand does, so that the grid sees the drag under way.
+void Drag(quil::TCustomGrid& grid, quil::TPoint from, quil::TPoint to) {
+  constexpr int kSteps = 4;
+  SendMouse(grid, QEvent::MouseMove, from, Qt::NoButton);
+  SendMouse(grid, QEvent::MouseButtonPress, from, Qt::LeftButton);
+  for (int step = 1; step <= kSteps; ++step) {
+    const quil::TPoint at = quil::Point(from.X + (to.X - from.X) * step / kSteps, from.Y + (to.Y - from.Y) * step / kSteps);
+    SendMouse(grid, QEvent::MouseMove, at, Qt::LeftButton);
+    QCoreApplication::processEvents();
+  }
+  SendMouse(grid, QEvent::MouseButtonRelease, to, Qt::NoButton);
+}
+
+void Wheel(quil::TCustomGrid& grid, int notches) {
+  QWidget* widget = grid.Handle();
+  const QPointF local(widget->width() / 2.0, widget->height() / 2.0);
+  const QPointF global = widget->mapToGlobal(local);
+  const QPoint delta(0, notches > 0 ? -QWheelEvent::DefaultDeltasPerStep : QWheelEvent::DefaultDeltasPerStep);
+  for (int notch = 0; notch < std::abs(notches); ++notch) {
+    QWheelEvent event(local, global, QPoint(), delta, Qt::NoButton, Qt::NoModifier, Qt::NoScrollPhase, false);
+    QApplication::sendEvent(widget, &event);
+    QCoreApplication::processEvents();
+  }
+}
+
+// Whether a point lies in the grid's client area; a step outside it fails its line.
+void CheckInside(const Script& script, const ScriptStep& step, quil::TCustomGrid& grid, int x, int y) {
+  if (grid.ClientRect().Contains(quil::Point(x, y))) return;
+  Fail(script.name, step.line,
+       QStringLiteral("%1 %2 is outside the grid's %3 x %4 pixels").arg(x).arg(y).arg(grid.ClientWidth()).arg(grid.ClientHeight()));
 }
 
 void Wait(int milliseconds) {
@@ -150,15 +206,16 @@ void PlayStep(const Script& script, const ScriptStep& step, quil::TCustomGrid& g
       Click(grid, cell.CenterPoint());
       break;
     }
-    case ScriptStep::Kind::ClickAt: {
-      const quil::TPoint client = quil::Point(step.x, step.y);
-      if (!grid.ClientRect().Contains(client))
-        Fail(script.name, step.line,
-             QStringLiteral("%1 %2 is outside the grid's %3 x %4 pixels")
-                 .arg(step.x).arg(step.y).arg(grid.ClientWidth()).arg(grid.ClientHeight()));
-      Click(grid, client);
+    case ScriptStep::Kind::ClickAt:
+      CheckInside(script, step, grid, step.x, step.y);
+      Click(grid, quil::Point(step.x, step.y));
       break;
-    }
+    case ScriptStep::Kind::Drag:
+      CheckInside(script, step, grid, step.x, step.y);
+      Drag(grid, quil::Point(step.x, step.y), quil::Point(step.x2, step.y2));
+      break;
+    case ScriptStep::Kind::Wheel: Wheel(grid, step.count); break;
+    case ScriptStep::Kind::Resize: grid.Handle()->window()->resize(step.x, step.y); break;
     case ScriptStep::Kind::Wait: break;
   }
   Wait(step.milliseconds);

@@ -10,9 +10,13 @@
 //   click COL ROW         the middle of a grid cell: column 0 is the indicator, row 0 the
 //                         title row, as the grid counts its cells
 //   clickat X Y           a point of the grid's client area, in pixels
+//   drag X1 Y1 X2 Y2      the left button pressed at one point of the client area, moved
+//                         to the other and released there: sizes or moves a column
+//   wheel NOTCHES         the mouse wheel over the grid's middle, down for a positive count
+//   resize WIDTH HEIGHT   the grid's window to that size
 //   wait [MS]             lets queued work run; with MS, that many milliseconds of timers
-// Keys go to the widget with the focus (the in-place editor once F2 opens it); clicks go
-// to the grid.
+// Keys go to the widget with the focus (the in-place editor once F2 opens it); the mouse
+// goes to the grid.
 
 #include <QKeyCombination>
 #include <QString>
@@ -32,15 +36,18 @@ public:
 };
 
 struct ScriptStep {
-  enum class Kind { Key, Type, Click, ClickAt, Wait };
+  enum class Kind { Key, Type, Click, ClickAt, Drag, Wheel, Resize, Wait };
   Kind kind = Kind::Wait;
   int line = 0;  // in the script's text, from 1
   QKeyCombination key;
-  int count = 1;  // presses of key
+  int count = 1;  // Key: presses; Wheel: notches, negative for up
   QString text;
-  // Key: unused; Click: the raw column and row; ClickAt: client pixels.
+  // Click: the raw column and row; ClickAt and Drag: client pixels, where Drag starts;
+  // Resize: the window's width and height.
   int x = 0;
   int y = 0;
+  int x2 = 0;  // Drag: where it ends, in client pixels
+  int y2 = 0;
   int milliseconds = 0;  // Wait: 0 only lets queued work run
 };
 

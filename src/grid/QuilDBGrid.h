@@ -47,9 +47,18 @@ enum TQuilDelayTimer { dtEndSelect, dtListItems, dtSequence, dtTotals };
 
 // Held while the columns are written to or read from a column stream.
 enum TGridStreaming { gsReading, gsWriting };
+
+// The three selection colors: those a generation of the system chose, or those painting
+// resolves, with clNone where one is off.
+struct TSelectionColors {
+  TColor selection = clNone;
+  TColor selectRow = clNone;
+  TColor selectCell = clNone;
+};
 using TGridStreamingState = TSet<TGridStreaming>;
 
 using TDBGridClickEvent = TEvent<void(TQuilColumn* column)>;
+using TDBGridColumnScrollEvent = TEvent<void(int dataCol)>;
 
 class TQuilCustomDBGrid : public TCustomGrid {
 public:
@@ -107,6 +116,7 @@ public:
   TQuilDBGridColumns* MakeColumns() { return CreateColumns(); }
   TQuilGridDataLink* DataLink() const { return dataLink_.get(); }
   TQuilGridStyle* GridStyle() const { return gridStyle_.get(); }
+  void SetGridStyle(const TQuilGridStyle* value) { gridStyle_->Assign(value); }
   TQuilDBGridTotals* Totals() const { return totals_.get(); }
   TFont* TitleFont() const { return titleFont_.get(); }
   TFont* HeaderFont() const { return headerFont_.get(); }
@@ -116,6 +126,8 @@ public:
   TQuilDBGridSettings* Settings() const { return settings_.get(); }
   TQuilScrollProp* ScrollProp() const { return scrollProp_.get(); }
   TQuilDBGridGradient* Gradient() const { return gradient_.get(); }
+  // Takes the settings, and repaints when any differs.
+  void SetGradient(const TQuilDBGridGradient* value) { gradient_->Change(value); }
   // The columns whose GetShowing holds, in column order.
   const std::vector<TQuilColumn*>& VisibleColumns() const { return visibleColumns_; }
 
@@ -128,6 +140,8 @@ public:
   int RawToDataColumn(int raw) const { return raw - indicatorOffset_; }
   int DataToRawColumn(int data) const { return data + indicatorOffset_; }
   int SelectedIndex() const { return RawToDataColumn(Col()); }
+  // The data column at LeftCol: the first that scrolls, as the base grid keeps LeftCol past the frozen ones.
+  int GetDataLeftCol() const { return RawToDataColumn(LeftCol()); }
   void SetSelectedIndex(int dataCol);
   TQuilColumn* SelectedColumn() const;
   void SetSelectedColumn(TQuilColumn* column);
@@ -167,8 +181,11 @@ public:
   virtual void ColExpand(TQuilColumn* column);
   // An expand box was toggled; fires OnCellExpand.
   virtual void CellExpand(TQuilColumn* column);
+  // The first scrollable column shown changed; fires OnColumnScroll with its data column.
+  virtual void ColumnScroll(int dataCol);
   TDBGridClickEvent OnColExpand;
   TDBGridClickEvent OnCellExpand;
+  TDBGridColumnScrollEvent OnColumnScroll;
 
   // FIXME: column sizing stretches the visible columns over the client width; until
   // then StretchMode is only stored and stretch never becomes active.
@@ -439,11 +456,16 @@ public:
   virtual THotButtons HotButtonsStyle() const;
   virtual TFocusRect FocusRectStyle() const;
   virtual TListBorder ListBorderStyle() const;
+  // The automatic members by FixedStyle; the others stay.
+  virtual TCheckBoxStyle CheckBoxStyle(TCheckBoxStyle style) const;
 
   // Default colors, for GetTrueColor.
   TColor DefaultSelectCellColor() const;
   TColor DefaultSelectRowColor() const;
   TColor DefaultSelectionColor() const;
+  // Those three as a generation of the system chose them; the ones above ask for the
+  // running system's.
+  static TSelectionColors DefaultSelectionColors(TSystemGeneration generation, bool gradientActive);
   TColor DefaultHighlightText() const { return clHighlightText; }
   TColor DefaultStripeColor() const { return cl3DLight; }
   TColor DefaultEditorColor() const { return clInfoBk; }
@@ -485,9 +507,12 @@ public:
   void UpdateBorder(bool recreate);
   // Draws that frame; only inside the paint of the window's frame, which calls it.
   virtual void InvalidateBorder();
+  // The square between the scroll bars, in the same paint; the base fills it.
+  virtual void InvalidateCorner();
 
   // Each invalidates exactly what its change touches; none without a window.
-  // Stands still while the row count is being worked out: that paints once at its end.
+  // Without double buffering, stands still while the row count is being worked out:
+  // that paints once at its end.
   void Invalidate() override;
   void InvalidateBox(int rawCol, int rawRow);
   void InvalidateCol(int rawCol);
@@ -497,6 +522,9 @@ public:
   void InvalidateTitle(TQuilColumn* column);
   void InvalidateTitles();
   void InvalidateTotals();
+  // The whole grid when a showing column's image tiles by kind or over the grid; true
+  // when it did.
+  bool InvalidateTile(TImageDraw kind);
 
   void DefineProperties(TFiler* filer) override;
   // True when a field is referenced by more than one column or total cell, so that
@@ -518,6 +546,7 @@ protected:
   void DrawCell(int col, int row, const TRect& rect, TGridDrawState state) override;
   void WMSize(TMessage& message) override;
   void RowHeightsChanged() override;
+  void TopLeftChanged() override;
   void CMExit(TMessage& message) override;
 
   virtual TQuilDBGridColumns* CreateColumns();
@@ -668,7 +697,9 @@ private:
   void DrawLineRun(TColor color, const TCellLook& look, TPoint from, TPoint to, TPoint step, int count);
   TRect GrowOverSkippedLines(TRect rect) const;
   void SelectionFill(TRect rect, const TCellLook& look);
+  void GradientFill(const TRect& rect, TColor color);
   void SelectionElement(TRect rect, const TCellLook& look);
+  void DrawSelectionElement(TThemedGrid element, const TRect& rect, const TRect& clip, const TCellLook& look);
   void SearchHighlight(const TCellTextMatch& match, const TCellLook& look);
   void DrawCellFocus(TRect rect, const TCellLook& look);
   TRect RowBox(int row) const;
@@ -738,6 +769,7 @@ private:
     bool styleLock = false;
   };
   TCellPaint paint_;
+  int lastLeftCol_ = 0;  // the raw LeftCol that OnColumnScroll last heard of
 
   TGridStreamingState streamingState_;
   bool updateFields_ = true;

@@ -41,22 +41,31 @@ void TQuilCustomDBGrid::SetFillerColor(TColor value) {
 
 // --- Defaults
 
+TSelectionColors TQuilCustomDBGrid::DefaultSelectionColors(TSystemGeneration generation,
+                                                                              bool gradientActive) {
+  switch (generation) {
+    case sgWin11:
+      return {.selection = clHighlight,
+              .selectRow = TMarlGradient::ShadowColor(clHighlight, 20),
+              .selectCell = TMarlGradient::ShadowColor(clHighlight, -10)};
+    case sgVista:
+      if (gradientActive) return {.selection = 16743699, .selectRow = 14982776, .selectCell = 15230976};
+      return {.selection = 16749885, .selectRow = 15448477, .selectCell = 16743699};
+    case sgBeforeVista: break;
+  }
+  return {.selection = clGradientActiveCaption, .selectRow = clGradientInactiveCaption, .selectCell = clHighlight};
+}
+
 TColor TQuilCustomDBGrid::DefaultSelectCellColor() const {
-  if (IsWin11()) return TMarlGradient::ShadowColor(clHighlight, -10);
-  if (!IsVista()) return clHighlight;
-  return gradient_->Active() ? TColor(15230976) : TColor(16743699);
+  return DefaultSelectionColors(SystemGeneration(), gradient_->Active()).selectCell;
 }
 
 TColor TQuilCustomDBGrid::DefaultSelectRowColor() const {
-  if (IsWin11()) return TMarlGradient::ShadowColor(clHighlight, 20);
-  if (!IsVista()) return clGradientInactiveCaption;
-  return gradient_->Active() ? TColor(14982776) : TColor(15448477);
+  return DefaultSelectionColors(SystemGeneration(), gradient_->Active()).selectRow;
 }
 
 TColor TQuilCustomDBGrid::DefaultSelectionColor() const {
-  if (IsWin11()) return clHighlight;
-  if (!IsVista()) return clGradientActiveCaption;
-  return gradient_->Active() ? TColor(16743699) : TColor(16749885);
+  return DefaultSelectionColors(SystemGeneration(), gradient_->Active()).selection;
 }
 
 // Lines must stand out from a silver background.

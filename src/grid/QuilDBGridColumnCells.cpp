@@ -292,7 +292,8 @@ void TQuilColumn::SwitchPickOptions(TQuilPickOptions options, bool on) {
 void TQuilColumn::PickDataChanged() { Changed(false); }
 
 bool TQuilColumn::GetPickListActive() const { return pickList_ && pickList_->Count() > 0; }
-bool TQuilColumn::GetPickDataActive() const { return GetPickListActive(); }
+// PickText while it is active, else PickList; an active list is never empty.
+bool TQuilColumn::GetPickDataActive() const { return GetPickTextActive() || GetPickListActive(); }
 
 bool TQuilColumn::GetPickTextActive() const {
   return p_.pickOptions.Contains(poSelectPickText) && pickText_ && pickText_->Count() > 0;

@@ -204,8 +204,9 @@ void TQuilCustomDBGrid::Scroll(int distance) {
   InvalidateRect(newBox);
   if (distance != 0) {
     HideEditor();
-    // FIXME: gradients invalidate the whole grid when a tile moves with the data.
-    if (std::abs(distance) > GetVisibleRowCount() || stripeColor_ != clNone) {
+    if (InvalidateTile(idTileCol)) {
+      // A tile that moves with the data repainted the whole grid.
+    } else if (std::abs(distance) > GetVisibleRowCount() || stripeColor_ != clNone) {
       InvalidateData();
     } else {
       if (options_.Contains(dgIndicator)) InvalidateCell(0, oldRow);
@@ -243,7 +244,7 @@ void TQuilCustomDBGrid::WMSize(TMessage& message) {
   UpdateHorzFlatSB();
   UpdateSearchPanel();
   // A new size repaints the whole window, its frame too: the titles, the totals at the
-  // bottom edge and the border need nothing of their own.
+  // bottom edge, the border and the corner need nothing of their own.
   StretchGrid();
   InvalidateEditor();
 }

@@ -5,6 +5,7 @@
 #include "framework/db/DataSet.h"
 #include "framework/db/DataSource.h"
 #include "framework/db/Field.h"
+#include "framework/graphics/ColorProps.h"
 #include "framework/rtl/SystemInfo.h"
 #include "framework/rtl/TypInfo.h"
 #include "grid/QuilDBGrid.h"
@@ -30,6 +31,7 @@ const TMetaClass& TQuilCustomDBGrid::StaticClass() {
 const TMetaClass& TQuilCustomDBGrid::ClassType() const { return StaticClass(); }
 
 const TMetaClass& TQuilDBGrid::StaticClass() {
+  using G = TQuilDBGrid;
   static const TMetaClass meta =
       TMetaClass("TQuilDBGrid", &TQuilCustomDBGrid::StaticClass())
           .Creates<TQuilDBGrid>()
@@ -110,7 +112,29 @@ const TMetaClass& TQuilDBGrid::StaticClass() {
           .Published(StrProp("ImeName", &TQuilDBGrid::ImeName, &TQuilDBGrid::SetImeName))
           .Published(SetProp("StyleElements", &TQuilDBGrid::StyleElements, &TQuilDBGrid::SetStyleElements)
                          .Default(TStyleElements{seFont, seClient, seBorder}))
-          .Published(IntProp("TabOrder", &TQuilDBGrid::TabOrder, &TQuilDBGrid::SetTabOrder));
+          .Published(IntProp("TabOrder", &TQuilDBGrid::TabOrder, &TQuilDBGrid::SetTabOrder))
+          // The look. DrawingStyle is worked out from FixedTheme and Gradient.Active,
+          // which the stream holds.
+          .Published(EnumProp("DrawingStyle", &G::DrawingStyle, &G::SetDrawingStyle).Stored(false))
+          .Published(EnumProp("FixedStyle", &G::FixedStyle, &G::SetFixedStyle).Default(fsDefault))
+          .Published(EnumProp("FixedTheme", &G::FixedTheme, &G::SetFixedTheme).Default(ftDefault))
+          .Published(ColorProp("FixedColor", &G::FixedColor, &G::SetFixedColor).Default(clBtnFace))
+          .Published(ColorProp("FillerColor", &G::FillerColor, &G::SetFillerColor).StoredBy(&G::IsFillerColorStored))
+          .Published(SetProp("SystemStyleElements", &G::SystemStyleElements, &G::SetSystemStyleElements)
+                         .Default(DefaultSystemStyleElements))
+          .Published(ObjectProp("Gradient", &G::Gradient, &G::SetGradient))
+          .Published(ObjectProp("GridStyle", &G::GridStyle, &G::SetGridStyle))
+          .Published(EnumProp("FocusRect", &G::FocusRect, &G::SetFocusRect).Default(frAuto))
+          .Published(EnumProp("HotButtons", &G::HotButtons, &G::SetHotButtons).Default(hbAuto))
+          .Published(EnumProp("ListBorder", &G::ListBorder, &G::SetListBorder).Default(lbAuto))
+          .Published(ColorProp("HighlightText", &G::HighlightText, &G::SetHighlightText).Default(clDefault))
+          .Published(ColorProp("SelectCellColor", &G::SelectCellColor, &G::SetSelectCellColor).Default(clDefault))
+          .Published(ColorProp("SelectRowColor", &G::SelectRowColor, &G::SetSelectRowColor).Default(clDefault))
+          .Published(ColorProp("SelectionColor", &G::SelectionColor, &G::SetSelectionColor).Default(clDefault))
+          .Published(ColorProp("StripeColor", &G::StripeColor, &G::SetStripeColor).Default(clNone))
+          .Published(ColorProp("EditorColor", &G::EditorColor, &G::SetEditorColor).Default(clNone))
+          .Published(ColorProp("DataColLineColor", &G::DataColLineColor, &G::SetDataColLineColor).Default(clDefault))
+          .Published(ColorProp("DataRowLineColor", &G::DataRowLineColor, &G::SetDataRowLineColor).Default(clDefault));
   return meta;
 }
 
@@ -348,6 +372,8 @@ void TQuilCustomDBGrid::SwitchMultiSelectOptions(TMultiSelectOptions members, bo
 void TQuilCustomDBGrid::SetSystemStyleElements(TSystemStyleElements value) {
   if (value == systemStyleElements_) return;
   systemStyleElements_ = value;
+  // The glyphs follow the system's look through sseFixed and sseMarker.
+  if (IsSystemStyle({})) RecreateMarkers();
   Invalidate();
 }
 

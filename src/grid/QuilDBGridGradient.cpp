@@ -1,11 +1,14 @@
 #include "grid/QuilDBGridGradient.h"
 
+#include "framework/rtl/TypInfo.h"
 #include "grid/QuilDBGrid.h"
 
 namespace quil {
 
 const TMetaClass& TQuilDBGridGradient::StaticClass() {
-  static const TMetaClass meta("TQuilDBGridGradient", &TMarlGradientButton::StaticClass());
+  using G = TQuilDBGridGradient;
+  static const TMetaClass meta = TMetaClass("TQuilDBGridGradient", &TMarlGradientButton::StaticClass())
+                                     .Published(SetProp("Cells", &G::Cells, &G::SetCells).Default(AllGradientCells));
   return meta;
 }
 

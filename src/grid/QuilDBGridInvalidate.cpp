@@ -1,4 +1,8 @@
-// What the grid repaints when its look changes, and its border.
+// What the grid repaints when its look changes, and its border. The grid keeps the base
+// paint: the window system buffers every paint, right to left too, so there is no
+// buffer of its own to draw through.
+#include <algorithm>
+
 #include "framework/graphics/Canvas.h"
 #include "framework/graphics/FrameDrawing.h"
 #include "framework/rtl/ScopeExit.h"
@@ -45,20 +49,27 @@ void TQuilCustomDBGrid::InvalidateBorder() {
     BorderFrame(this, frameCanvas_, false);
 }
 
+// The base fills the square with the face color of the style in force, on either side
+// the vertical scroll bar stands.
+void TQuilCustomDBGrid::InvalidateCorner() {
+  // FIXME: a search panel below the grid moves the square up by the panel's height,
+  // and fills the strip beside a panel taller than the scroll bar's room.
+}
+
 void TQuilCustomDBGrid::WMNCPaint(TMessage& message) {
   TCustomGrid::WMNCPaint(message);
   frameCanvas_ = reinterpret_cast<TCanvas*>(message.WParam);
   TScopeExit release([this] { frameCanvas_ = nullptr; });
   InvalidateBorder();
+  InvalidateCorner();
 }
 
 // --- Invalidation
 
-// The row counts that UpdateRowCount passes through change nothing on screen; what
-// changes is invalidated at its end, so a record coming in at the bottom paints only
-// the row that scrolling exposed.
+// Painted straight to the screen, the row counts that UpdateRowCount passes through
+// would each show; it invalidates what changed at its end instead.
 void TQuilCustomDBGrid::Invalidate() {
-  if (rowCountLock_ == 0) TCustomGrid::Invalidate();
+  if (rowCountLock_ == 0 || DoubleBuffered()) TCustomGrid::Invalidate();
 }
 
 void TQuilCustomDBGrid::InvalidateBox(int rawCol, int rawRow) {
@@ -106,11 +117,12 @@ void TQuilCustomDBGrid::InvalidateTitle(TQuilColumn* column) {
     return;
   }
   const int rawCol = DataToRawColumn(column->Index());
-  const int lastRawCol = DataToRawColumn(column->GetExpandIndex());
-  // An expanded column's title spans its group on its own row; any other reaches down
-  // to the last title row.
-  const bool expanded = lastRawCol > rawCol;
-  InvalidateRect(BoxRect(rawCol, column->Depth(), lastRawCol, expanded ? column->Depth() : titleOffset_ - 1));
+  // An expanded group's title spans the group on its own row; any other title, a
+  // collapsed group's too, reaches down to the last title row.
+  if (column->GetExpanded())
+    InvalidateRect(BoxRect(rawCol, column->Depth(), DataToRawColumn(column->GetExpandIndex()), column->Depth()));
+  else
+    InvalidateRect(BoxRect(rawCol, column->Depth(), rawCol, titleOffset_ - 1));
 }
 
 void TQuilCustomDBGrid::InvalidateTitles() {
@@ -118,6 +130,14 @@ void TQuilCustomDBGrid::InvalidateTitles() {
   TGridDrawInfo info;
   CalcFixedInfo(info);
   InvalidateRect(Rect(0, 0, ClientWidth(), info.Vert.FixedBoundary));
+}
+
+bool TQuilCustomDBGrid::InvalidateTile(TImageDraw kind) {
+  const bool tiled = std::any_of(visibleColumns_.begin(), visibleColumns_.end(), [kind](const TQuilColumn* column) {
+    return column->ImageDraw() == kind || column->ImageDraw() == idTileGrid;
+  });
+  if (tiled) Invalidate();
+  return tiled;
 }
 
 void TQuilCustomDBGrid::InvalidateTotals() {

@@ -1,5 +1,6 @@
 // The grid's built-in glyph lists: loaded in the constructor, rebuilt by
-// RecreateMarkers at each layout when the look or the pixels per inch changed.
+// RecreateMarkers at each layout, on a switch of style and on a change of the system
+// style elements, when the look or the pixels per inch changed.
 #include "grid/QuilDBGrid.h"
 
 namespace quil {
@@ -36,10 +37,11 @@ TImageList* TQuilCustomDBGrid::GetIndicators() const { return indicatorImages_ ?
 
 TImageList* TQuilCustomDBGrid::GetMarkers() const { return titleMarkers_ ? titleMarkers_ : markers_.get(); }
 
-// FIXME: visual styles add the system's own look of fixed cells (IsSystemStyle of
-// sseFixed), which takes the active style's name as well.
+// The glyphs take the colors of the style that paints the fixed cells: a custom style,
+// or the system's own look.
 QString TQuilCustomDBGrid::GlyphStyleName() const {
-  return TStyleManager::IsCustomStyleActive() ? TStyleManager::ActiveStyle().Name() : QString();
+  const bool styled = TStyleManager::IsCustomStyleActive() || IsSystemStyle({sseFixed});
+  return styled ? TStyleManager::ActiveStyle().Name() : QString();
 }
 
 void TQuilCustomDBGrid::LoadIndicatorList(int ppi, const QString& styleName) {
@@ -58,17 +60,14 @@ void TQuilCustomDBGrid::LoadBoxLists(int ppi) {
 }
 
 void TQuilCustomDBGrid::RecreateMarkers() {
-  // FIXME: visual styles answer IsGridThemed and FixedStyle; until then a custom style
-  // is the only theme and every grid has the default fixed style.
-  const bool themed = TStyleManager::IsCustomStyleActive();
-  const int fixedStyle = 0;
-  TMarkerStyle style = ResolveMarkerStyle(markerStyle_, themed, fixedStyle);
+  TMarkerStyle style = ResolveMarkerStyle(markerStyle_, IsGridThemed(false), fixedStyle_);
   bool transparent = ResolveMarkerTransparent(markerTransparent_, style);
   bool force = optionsExt_.Contains(dgForceSystemMarker);
   const QString styleName = GlyphStyleName();
   if (!styleName.isEmpty()) {
     style = msRaisedMild;
     transparent = true;
+    force = force || IsSystemStyle({sseFixed, sseMarker});
   }
   const int key = 3 * (4 * transparent) + style + 3 * (8 * force);
   const int ppi = GetCurrentPPI();

@@ -1,4 +1,5 @@
-// Movement of the cursor: every move of the record or the column ends here.
+// Movement of the cursor: every move of the record or the column ends here; and the
+// grid's answer to a new left column.
 #include "framework/db/DataSet.h"
 #include "framework/db/Field.h"
 #include "framework/rtl/ScopeExit.h"
@@ -99,6 +100,21 @@ int TQuilCustomDBGrid::GetRecCount() const {
 // FIXME: row numbers store these under dgForceSequence; without it the data set counts.
 void TQuilCustomDBGrid::SetupRecNumber(int) {}
 void TQuilCustomDBGrid::SetupRecCount(int) {}
+
+// A tile that runs along the rows moves with the columns. The base moves the editor.
+void TQuilCustomDBGrid::TopLeftChanged() {
+  // FIXME: the horizontal flat scroll bar follows the left column here.
+  InvalidateTile(idTileRow);
+  if (HandleAllocated()) TCustomGrid::TopLeftChanged();
+  // FIXME: a detail grid moves its master grid's left column along here.
+  if (LeftCol() == lastLeftCol_) return;
+  lastLeftCol_ = LeftCol();
+  ColumnScroll(RawToDataColumn(lastLeftCol_));
+}
+
+void TQuilCustomDBGrid::ColumnScroll(int dataCol) {
+  if (OnColumnScroll) OnColumnScroll(dataCol);
+}
 
 // FIXME: row selection keeps the selection and the position across the walk.
 void TQuilCustomDBGrid::DisablePosition() {

@@ -105,7 +105,7 @@ void TQuilCustomDBGrid::FitCellRect(TRect& rect, const TCellLook& look) const {
 void TQuilCustomDBGrid::MergeTotalCell(TRect& rect, TCellLook& look) const {
   if (optionsEx_.Contains(dgTotalColLines) || !options_.Contains(dgColLines) || visibleColumns_.empty()) return;
   look.merged = true;
-  int first = fixedCols_ > 0 ? 0 : std::max(RawToDataColumn(LeftCol()), 0);
+  int first = std::max(GetDataLeftCol(), 0);
   while (first < columns_->Count() - 1 && !columns_->Items(first)->GetShowing()) ++first;
   const int last = visibleColumns_.back()->Index();
   if (look.dataCol > first) rect.Left -= GridLineWidth();

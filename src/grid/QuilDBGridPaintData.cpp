@@ -172,7 +172,8 @@ void TQuilCustomDBGrid::ChooseDataBrush(const TCellLook& look, TQuilColumn* colu
   const TDataCellBrush chosen = ChooseDataCellBrush(Canvas()->Brush()->Color(), paint_.highlight, paint_.selections,
                                                     look.fixed, look.dataRow == look.activeRow, colors);
   Canvas()->Brush()->SetColor(chosen.brush);
-  if (chosen.columnFontColor) Canvas()->Font()->SetColor(column->GetFont()->Color());
+  // A disabled grid keeps its gray text under the highlight too.
+  if (chosen.columnFontColor) Canvas()->Font()->SetColor(Enabled() ? column->GetFont()->Color() : clGrayText);
 }
 
 // A frozen cell in a column selection.

@@ -72,8 +72,7 @@ void TQuilCustomDBGrid::DrawColLine(const TRect& rect, TCellLook& look) {
   int below = width - 1;
   const bool noLines = dataColLineColor_ == clNone && dataRowLineColor_ == clNone;
   const bool blankRow = look.dataRow == look.lastRow;
-  const bool aboveTallBlank = look.dataRow == look.lastRow - 1 && optionsEx_.Contains(dgBlankRow) &&
-                              GetBlankHeight() >= GetRowHeight();
+  const bool aboveTallBlank = look.dataRow == look.lastRow - 1 && GetBlankHeight() >= GetRowHeight();
   if (noLines && (blankRow || aboveTallBlank)) below -= width;
   const TColor lineColor = color == clNone ? Canvas()->Brush()->Color() : color;
   DrawLineRun(lineColor, look, Point(rect.Right, bottom + below), Point(rect.Right, rect.Top - 1), Point(1, 0), width);
@@ -108,9 +107,13 @@ TRect TQuilCustomDBGrid::GrowOverSkippedLines(TRect rect) const {
 void TQuilCustomDBGrid::SelectionFill(TRect rect, const TCellLook& look) {
   rect = GrowOverSkippedLines(rect);
   if (look.elementFill) return SelectionElement(rect, look);
+  GradientFill(rect, Canvas()->Brush()->Color());
+}
+
+// The classic style and a flat theme fill without the gradient's shading.
+void TQuilCustomDBGrid::GradientFill(const TRect& rect, TColor color) {
   const TGridDrawingStyle style = GetDrawingStyle();
-  const bool flat = style == gdsClassic || (style == gdsThemed && IsFlatStyle());
-  gradient_->FillCell(Canvas(), rect, Canvas()->Brush()->Color(), flat);
+  gradient_->FillCell(Canvas(), rect, color, style == gdsClassic || (style == gdsThemed && IsFlatStyle()));
 }
 
 // A selection drawn by the style. Where the selection is a row, the row's cells draw one
@@ -144,6 +147,12 @@ void TQuilCustomDBGrid::SelectionElement(TRect rect, const TCellLook& look) {
     }
   }
   GetCellFrameRect(rect);
+  DrawSelectionElement(element, rect, cell, look);
+}
+
+// The element as the drawing style in force draws it; a themed element is clipped to clip.
+void TQuilCustomDBGrid::DrawSelectionElement(TThemedGrid element, const TRect& rect, const TRect& clip,
+                                             const TCellLook& look) {
   TCanvas* canvas = Canvas();
   const TThemedElementDetails details = TCustomStyleServices::GetElementDetails(GridElement(element));
   TColor first = clNone;
@@ -156,9 +165,9 @@ void TQuilCustomDBGrid::SelectionElement(TRect rect, const TCellLook& look) {
     case gdsThemed:
       if (!look.systemStyle) {
         canvas->Brush()->SetColor(StyleServices()->GetStyleColor(scGrid));
-        canvas->FillRect(cell);
+        canvas->FillRect(clip);
       }
-      StyleServices()->DrawElement(canvas, details, rect, &cell);
+      StyleServices()->DrawElement(canvas, details, rect, &clip);
       break;
     case gdsGradient:
       StyleServices()->GetElementColor(details, ecGradientColor1, first);
@@ -180,12 +189,11 @@ void TQuilCustomDBGrid::SearchHighlight(const TCellTextMatch& match, const TCell
   if (gridStyle_->DataRowSpace() % 2 == 0) rect.Bottom += 1;
   rect.Inflate(1, 1);
   if (styled) {
-    StyleServices()->DrawElement(canvas, TCustomStyleServices::GetElementDetails(GridElement(tgCellSelected)), rect);
+    DrawSelectionElement(tgCellSelected, rect, rect, look);
     canvas->Font()->SetColor(GetStyleFontColor(sfGridItemSelected, GridElement(tgCellSelected)));
   } else {
     brush->SetColor(GetTrueColor(search_->Color(), search_->DefaultColor(), clDefault));
-    const TGridDrawingStyle style = GetDrawingStyle();
-    gradient_->FillCell(canvas, rect, brush->Color(), style == gdsClassic || (style == gdsThemed && IsFlatStyle()));
+    GradientFill(rect, brush->Color());
   }
   brush->SetStyle(bsClear);
   // The match's rectangle ends on its last pixel; the clip excludes its right edge.

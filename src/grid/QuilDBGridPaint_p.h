@@ -36,13 +36,6 @@ struct TCellLook {
   int activeRow = -1;
 };
 
-// The selection colors as painting resolves them; clNone where one is off.
-struct TSelectionColors {
-  TColor selection = clNone;
-  TColor selectRow = clNone;
-  TColor selectCell = clNone;
-};
-
 // The brush of a data cell after the selection rules, each overriding the one before:
 // multi-selected, the current row, the current cell. A current cell without a color of
 // its own takes back the column's font color instead.

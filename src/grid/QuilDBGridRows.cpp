@@ -75,10 +75,9 @@ int TQuilCustomDBGrid::GetBlankHeight() const {
   return height;
 }
 
-// FIXME: scrolling and visual styles also ask for a horizontal scroll bar that takes
-// room and for a themed grid; neither exists yet.
+// FIXME: scrolling also asks for a horizontal scroll bar that takes room.
 bool TQuilCustomDBGrid::GetAlignTotalsToBorder() const {
-  return totalRows_ >= 1 && (BorderStyle() != bsSingle || !Ctl3D());
+  return totalRows_ >= 1 && !IsGridThemed(false) && (BorderStyle() != bsSingle || !Ctl3D());
 }
 
 // FIXME: column sizing supplies the active stretch mode and scrolling a vertical scroll

@@ -5,6 +5,7 @@
 #include <QHash>
 #include <initializer_list>
 
+#include "framework/graphics/StyleScheme.h"
 #include "grid/QuilDBGrid.h"
 #include "support/MarlGraph.h"
 
@@ -38,6 +39,12 @@ const TEnumTypeInfo& TypeInfo(TListBorder) {
 
 const TEnumTypeInfo& TypeInfo(TVisualStyle) {
   static const TEnumTypeInfo info("TVisualStyle", {"vsCustom", "vsDefault", "vsStandard", "vsXPStyle"});
+  return info;
+}
+
+const TEnumTypeInfo& TypeInfo(TSystemStyleElement) {
+  static const TEnumTypeInfo info("TSystemStyleElement", {"sseFixed", "sseText", "sseButton", "sseMarker", "sseData",
+                                                          "sseFont", "sseClient", "sseSearch"});
   return info;
 }
 
@@ -202,6 +209,13 @@ TStyleTables::TStyleTables() {
         "Windows10 OxfordBlue", "Windows10 Solitude", "Windows10 Vulcan", "Windows10 Vulcan LE",
         "Windows10 WhiteSmoke", "Windows10 Zodiac", "Windows10 Zodiac 2", "Zircon", "Zircon SE", "Zodiac",
         "Zodiac LE"});
+
+  // The library's own styles are flat. Selected fixed text is the highlight shaded
+  // away from the face, so that it reads at a contrast of 4.5 to 1 or more.
+  const QString light = LightStyleScheme().Name, dark = DarkStyleScheme().Name;
+  for (const QString& name : {light, dark}) flat.insert(Key(name), 1);
+  fixedText.insert(Key(light), -20);
+  fixedText.insert(Key(dark), 70);
 }
 
 // Made on first use, which is at module start for any grid, and kept to the end.
@@ -286,6 +300,17 @@ THotButtons TQuilCustomDBGrid::HotButtonsStyle() const {
   return byFixedStyle[fixedStyle_];
 }
 
+TCheckBoxStyle TQuilCustomDBGrid::CheckBoxStyle(TCheckBoxStyle style) const {
+  if (style != cbAuto && style != cbAutoGray && style != cbAutoLowered) return style;
+  // Rows by fixed style, columns cbAuto, cbAutoGray, cbAutoLowered.
+  static constexpr TCheckBoxStyle byFixedStyle[][3] = {
+      {cbDefault, cbSoft, cbDefault},                 {cbSoft, cbSoft, cbSoft},
+      {cbLoweredDark, cbLoweredGray, cbLoweredDark},  {cbFlat, cbGray, cbLoweredDark},
+      {cbLoweredGray, cbLoweredGray, cbLoweredGray},  {cbGray, cbGray, cbLoweredGray},
+      {cbLoweredMild, cbLoweredGray, cbLoweredMild},  {cbMild, cbGray, cbLoweredMild}};
+  return byFixedStyle[fixedStyle_][style - cbAuto];
+}
+
 TFocusRect TQuilCustomDBGrid::FocusRectStyle() const { return focusRect_ == frAuto ? frDefault : focusRect_; }
 
 TListBorder TQuilCustomDBGrid::ListBorderStyle() const {
@@ -343,11 +368,13 @@ bool TQuilCustomDBGrid::FixedLinesShown() const {
   return TStyleManager::IsCustomStyleActive() || GridLineWidth() > 1;
 }
 
-// A switch of style can change what the fixed lines and the spacing resolve to.
+// A switch of style can change what the fixed lines, the spacing and the glyphs'
+// colors resolve to; the base repaints.
 void TQuilCustomDBGrid::CMStyleChanged(TMessage& message) {
   ApplyBaseOptions(options_);
   if (gridStyle_->VisualStyle() == vsDefault) gridStyle_->SetVisualStyle(vsDefault);
   UpdateBorder(false);
+  RecreateMarkers();
   TCustomGrid::CMStyleChanged(message);
 }
 

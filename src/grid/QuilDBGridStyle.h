@@ -8,6 +8,7 @@
 #include "framework/graphics/Types.h"
 #include "framework/rtl/Persistent.h"
 #include "framework/rtl/TypInfo.h"
+#include "grid/QuilDBGridOptions.h"
 
 namespace quil {
 
@@ -26,6 +27,7 @@ const TEnumTypeInfo& TypeInfo(TFocusRect);
 const TEnumTypeInfo& TypeInfo(THotButtons);
 const TEnumTypeInfo& TypeInfo(TListBorder);
 const TEnumTypeInfo& TypeInfo(TVisualStyle);
+const TEnumTypeInfo& TypeInfo(TSystemStyleElement);
 
 // clDefault gives defaultColor; clNone gives alternate, or defaultColor when alternate
 // is clDefault; any other color gives itself.

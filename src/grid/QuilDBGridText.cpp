@@ -52,11 +52,10 @@ QString MapListItems(const TQuilColumn* column, const QString& text, MapItem map
   return joined;
 }
 
-// A stored item index: trimmed and read as a number, -1 when it is none. A number
-// replaces the text by its plain decimal form.
+// A stored item index: trimmed and read as a number, -1 when it is none. Only a number
+// replaces the text, by its plain decimal form; any other text stays as it stands.
 int ReadItemIndex(QString& text) {
-  text = text.trimmed();
-  const int index = StrToIntDef(text, -1);
+  const int index = StrToIntDef(text.trimmed(), -1);
   if (index >= 0) text = QString::number(index);
   return index;
 }

@@ -4,7 +4,9 @@
 // How a data change travels: the data set notifies its TDataSource, which hands the
 // event to TQuilGridDataLink. A scroll of the record window becomes Scroll(Distance):
 // UpdateActive puts the base grid's Row on ActiveRecord + title offset, and the rows'
-// pixels move by ScrollWindowEx so that only the exposed rows paint. A change of data
+// pixels move by ScrollWindowEx so that only the exposed rows paint; at the bottom edge
+// a double-buffered grid sizes the buffer again and repaints whole, as does a column
+// whose image tiles with the data. A change of data
 // becomes DataChanged: UpdateRowCount sizes the link's buffer to the rows that fit
 // (BufferCount), composes title, data, blank and total rows, and the grid paints once.
 // A change of fields becomes LayoutChanged.
@@ -39,6 +41,10 @@
 // PaintColumnCell, the style's font and background, the selection fill, image and text
 // through CellTextOut, the search mark) before OnDrawDataCell and OnDrawColumnCell. It puts
 // ActiveRecord back and draws the focus frame last.
+//
+// How a switch of style travels: the style manager sends CM_STYLECHANGED down every
+// control tree; the grid works out its fixed lines, spacing and border again, rebuilds
+// its glyph lists in the new style's colors (RecreateMarkers) and repaints whole.
 
 #include "grid/QuilColumnsWrapper.h"
 #include "grid/QuilDBGrid.h"

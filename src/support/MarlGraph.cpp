@@ -3,6 +3,7 @@
 #include "framework/controls/Controls.h"
 #include "framework/graphics/Bitmap.h"
 #include "framework/graphics/Canvas.h"
+#include "framework/graphics/ColorProps.h"
 #include "framework/graphics/GraphUtil.h"
 #include "framework/graphics/StyleServices.h"
 #include "framework/rtl/ScopeExit.h"
@@ -16,7 +17,8 @@ TControlNeedsInvalidate NeedsInvalidate = ControlNeedsInvalidate;
 namespace {
 
 // The shades FillCell works out, kept for the last color given: it runs for every
-// selected cell of every paint.
+// selected cell of every paint. The color is kept resolved, so that a system color
+// whose value a style switch changed is worked out again.
 struct TCellShades {
   TColor color = clNone;  // clNone: nothing worked out yet
   TColor top = clNone;
@@ -55,6 +57,17 @@ constexpr int PlatformMinor = 0;
 constexpr int PlatformBuild = 22631;
 
 }  // namespace
+
+const TEnumTypeInfo& TypeInfo(TMarlGradientCell) {
+  static const TEnumTypeInfo info("TMarlGradientCell",
+                                  {"gcSelectedCell", "gcSelectedRow", "gcMultiSelected", "gcStripedRows"});
+  return info;
+}
+
+const TEnumTypeInfo& TypeInfo(TMarlGradientOption) {
+  static const TEnumTypeInfo info("TMarlGradientOption", {"goGradient", "goHotButton", "goHotTrack", "goHotColor"});
+  return info;
+}
 
 // --- TMarlGradient
 
@@ -148,19 +161,20 @@ TColor TMarlGradient::ShadowColor(TColor color, int factor) {
 
 void TMarlGradient::FillCell(TCanvas* canvas, const TRect& rect, TColor color, bool flat) {
   TCellShades& shades = flat ? flatShades : raisedShades;
-  if (shades.color != color) {
-    shades.color = color;
+  const TColor rgb = ColorToRGB(color);
+  if (shades.color != rgb) {
+    shades.color = rgb;
     if (flat) {
-      TColor fill = GetShadowColor(color, 20);
+      TColor fill = GetShadowColor(rgb, 20);
       if (ShadesToWhite(fill, 10)) {
-        fill = GetShadowColor(color, 10);
-        if (ShadesToWhite(fill, 10)) fill = color;
+        fill = GetShadowColor(rgb, 10);
+        if (ShadesToWhite(fill, 10)) fill = rgb;
       }
       shades.top = shades.bottom = fill;
     } else {
-      shades.top = GetShadowColor(color, 35);
-      shades.bottom = GetShadowColor(color, 10);
-      if (ShadesToWhite(shades.bottom, 10)) shades.bottom = color;
+      shades.top = GetShadowColor(rgb, 35);
+      shades.bottom = GetShadowColor(rgb, 10);
+      if (ShadesToWhite(shades.bottom, 10)) shades.bottom = rgb;
     }
   }
   if (flat) {
@@ -282,7 +296,17 @@ void TMarlGradient::FillStyleRect(TCanvas* canvas, const TRect& rect, TColor col
 // --- TMarlGradientButton
 
 const TMetaClass& TMarlGradientButton::StaticClass() {
-  static const TMetaClass meta("TMarlGradientButton", &TMarlGradient::StaticClass());
+  using G = TMarlGradientButton;
+  static const TMetaClass meta =
+      TMetaClass("TMarlGradientButton", &TMarlGradient::StaticClass())
+          .Published(EnumProp("Direction", &G::Direction, &G::SetDirection).Default(gdVertical))
+          .Published(SetProp("Options", &G::Options, &G::SetOptions)
+                         .Default(TMarlGradientOptions{goGradient, goHotButton}))
+          .Published(BoolProp("SwapColors", &G::SwapColors, &G::SetSwapColors).Default(false))
+          .Published(ColorProp("StartColor", &G::StartColor, &G::SetStartColor).Default(clWindow))
+          .Published(ColorProp("EndColor", &G::EndColor, &G::SetEndColor).Default(clDefault))
+          .Published(ColorProp("HotColor", &G::HotColor, &G::SetHotColor).Default(clDefault))
+          .Published(IntProp("ShadowFactor", &G::ShadowFactor, &G::SetShadowFactor).Default(-25));
   return meta;
 }
 
@@ -307,9 +331,15 @@ bool IsWin08() {
   return answer;
 }
 
+// True everywhere: the framework draws the current flat look on every platform, and the grid follows it.
 bool IsWin11() {
   static const bool answer = IsWin11Version(PlatformMajor, PlatformBuild);
   return answer;
+}
+
+TSystemGeneration SystemGeneration() {
+  if (IsWin11()) return sgWin11;
+  return IsVista() ? sgVista : sgBeforeVista;
 }
 
 bool StylesEnabled() { return TStyleManager::IsCustomStyleActive(); }

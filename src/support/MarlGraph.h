@@ -30,6 +30,10 @@ using TMarlGradientCells = TSet<TMarlGradientCell>;
 enum TMarlGradientOption { goGradient, goHotButton, goHotTrack, goHotColor };
 using TMarlGradientOptions = TSet<TMarlGradientOption>;
 
+class TEnumTypeInfo;
+const TEnumTypeInfo& TypeInfo(TMarlGradientCell);
+const TEnumTypeInfo& TypeInfo(TMarlGradientOption);
+
 // Read by the navigator's buttons.
 enum TFineTheme { ftNoChange, ftBorder, ftUnderline };
 enum TButtonDrawingStyle { bdsClassic, bdsThemed, bdsGradient };
@@ -167,12 +171,19 @@ bool IsWin08();
 bool IsWin11();
 bool IsWin08Version(int major, int minor);
 bool IsWin11Version(int major, int build);
+// The generations whose default colors differ: before Vista, Vista up to the last
+// before Windows 11, and Windows 11 on.
+enum TSystemGeneration { sgBeforeVista, sgVista, sgWin11 };
+TSystemGeneration SystemGeneration();
 
 // A custom style is active.
 bool StylesEnabled();
 // Themes are on for the control, or with none for the application.
 bool ThemesEnabled(const TControl* control = nullptr);
-// Prepares a control's background before it paints transparently over its parent.
+// Prepares a control's background before it paints transparently over its parent: its
+// client area on dc takes the parent's color, which is all that erasing through the
+// parent gives here, as no window of the framework draws another background. Nothing
+// without a parent; there is no stock brush to hand back.
 void ClearBackground(TWinControl* control, TCanvas* dc);
 void SetupParentBackground(TControl* control, bool on);
 // Without themes: the control's published "Transparent", or for a control with a

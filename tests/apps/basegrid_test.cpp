@@ -1,5 +1,6 @@
 #include <gtest/gtest.h>
 
+#include <QFile>
 #include <QImage>
 #include <QProcess>
 #include <QTemporaryDir>
@@ -58,4 +59,29 @@ TEST(BaseGridDemo, ScrollsAndOpensTheEditor) {
   const QRect currentCell(52, 25, 72, 18);
   EXPECT_NE(plain.copy(currentCell), scrolled.copy(currentCell));
   EXPECT_EQ(plain.copy(300, 100, 600, 400), scrolled.copy(300, 100, 600, 400));
+}
+
+// A column border dragged in the titles widens the column, and a smaller window keeps its
+// cells down to its new bottom; the wheel scrolls on from there.
+TEST(BaseGridDemo, SizesAColumnAndTheWindowAndScrollsByWheel) {
+  QTemporaryDir dir;
+  ASSERT_TRUE(dir.isValid());
+  const QString script = dir.filePath("steps.txt");
+  QFile steps(script);
+  ASSERT_TRUE(steps.open(QIODevice::WriteOnly));
+  steps.write("drag 128 10 168 10\nresize 800 500\n");
+  steps.close();
+  const QImage plain = RunScreenshot(dir, {});
+  const QImage sized = RunScreenshot(dir, {"--script", script});
+  ASSERT_FALSE(sized.isNull());
+  EXPECT_EQ(sized.size(), QSize(800, 500));
+  EXPECT_EQ(plain.copy(129, 0, 80, 22), sized.copy(169, 0, 80, 22)) << "the second title moved by the 40 pixels dragged";
+  EXPECT_GT(InkInBand(sized, 460, 480, 60), 100) << "cells reach the new bottom";
+
+  ASSERT_TRUE(steps.open(QIODevice::WriteOnly | QIODevice::Truncate));
+  steps.write("wheel 40\n");
+  steps.close();
+  const QImage wheeled = RunScreenshot(dir, {"--script", script});
+  ASSERT_FALSE(wheeled.isNull());
+  EXPECT_NE(plain.copy(0, 25, 1000, 500), wheeled.copy(0, 25, 1000, 500)) << "the wheel scrolled the rows";
 }

@@ -1,6 +1,7 @@
 #include <gtest/gtest.h>
 
 #include <QApplication>
+#include <tuple>
 
 #include "CellGrid.h"
 #include "DemoScript.h"
@@ -78,7 +79,23 @@ INSTANTIATE_TEST_SUITE_P(Lines, DemoScriptBadLine,
                                            BadLine{"click 2", "click wants a column and a row"},
                                            BadLine{"click two 5", "\"two\" is not a whole number"},
                                            BadLine{"clickat -3 4", "\"-3\" is not a whole number of 0"},
-                                           BadLine{"wait soon", "\"soon\" is not a whole number"}));
+                                           BadLine{"wait soon", "\"soon\" is not a whole number"},
+                                           BadLine{"drag 1 2 3", "drag wants two points"},
+                                           BadLine{"wheel 0", "other than 0"},
+                                           BadLine{"wheel", "wheel wants a number of notches"},
+                                           BadLine{"resize 800 0", "\"0\" is not a whole number of 1 or more"}));
+
+TEST(DemoScript, ReadsDragsWheelTurnsAndResizes) {
+  const demo::Script script = ParseScript("drag 128 10 168 12\nwheel -3\nresize 800 500\n", "steps.txt");
+  ASSERT_EQ(script.steps.size(), 3u);
+  EXPECT_EQ(script.steps[0].kind, ScriptStep::Kind::Drag);
+  EXPECT_EQ(std::tuple(script.steps[0].x, script.steps[0].y, script.steps[0].x2, script.steps[0].y2),
+            std::tuple(128, 10, 168, 12));
+  EXPECT_EQ(script.steps[1].kind, ScriptStep::Kind::Wheel);
+  EXPECT_EQ(script.steps[1].count, -3);
+  EXPECT_EQ(script.steps[2].kind, ScriptStep::Kind::Resize);
+  EXPECT_EQ(std::pair(script.steps[2].x, script.steps[2].y), std::pair(800, 500));
+}
 
 TEST(DemoScript, AFileThatIsMissingIsAnError) {
   EXPECT_THROW(demo::LoadScript("/nonexistent/steps.txt"), ScriptError);

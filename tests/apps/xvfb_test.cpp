@@ -2,6 +2,7 @@
 // offscreen runs of the other app tests do not go through a window system; these do.
 #include <gtest/gtest.h>
 
+#include <QFile>
 #include <QImage>
 #include <QProcess>
 #include <QStandardPaths>
@@ -40,6 +41,14 @@ protected:
       GTEST_SKIP() << "Xvfb is missing; ./scripts/setup installs it (package xvfb)";
     ASSERT_TRUE(dir.isValid());
   }
+  // Writes the steps into a script file and answers the arguments that play it.
+  QStringList Script(const QByteArray& steps) {
+    const QString file = dir.filePath("steps.txt");
+    QFile out(file);
+    EXPECT_TRUE(out.open(QIODevice::WriteOnly));
+    out.write(steps);
+    return {"--script", file};
+  }
   QTemporaryDir dir;
 };
 
@@ -56,6 +65,30 @@ TEST_F(Xvfb, BaseGridScrollsEditsAndPaintsOnAnXServer) {
   const QRect currentCell(52, 25, 72, 18);
   EXPECT_NE(plain.copy(currentCell), edited.copy(currentCell)) << "the editor covers the current cell";
   EXPECT_EQ(plain.copy(300, 100, 600, 400), edited.copy(300, 100, 600, 400));
+}
+
+// Many one-row scrolls down and back by keys and wheel leave the screen as a fresh paint of
+// the same cells: every strip the grid moved instead of repainting came out right.
+TEST_F(Xvfb, BaseGridScrolledThereAndBackShowsWhatAFreshPaintShows) {
+  const QImage fresh = RunOnXvfb(QUIL_BASEGRID_BINARY, {}, dir);
+  const QImage scrolled =
+      RunOnXvfb(QUIL_BASEGRID_BINARY, Script("key Down 45\nwheel 12\nkey Up 45\nwheel -12\nkey Right 16\nkey Left 16\n"), dir);
+  ASSERT_FALSE(fresh.isNull());
+  ASSERT_FALSE(scrolled.isNull());
+  EXPECT_TRUE(scrolled == fresh) << "the screen after scrolling differs from a fresh paint";
+}
+
+// A column border dragged in the titles widens the column; the window made smaller keeps
+// its cells down to the new bottom.
+TEST_F(Xvfb, BaseGridSizesAColumnAndTheWindow) {
+  const QImage plain = RunOnXvfb(QUIL_BASEGRID_BINARY, {}, dir);
+  const QImage sized = RunOnXvfb(QUIL_BASEGRID_BINARY, Script("drag 128 10 168 10\nresize 800 500\n"), dir);
+  ASSERT_FALSE(sized.isNull());
+  EXPECT_EQ(sized.size(), QSize(800, 500));
+  EXPECT_GT(Ink(plain, QRect(132, 4, 30, 14)), 10) << "the second title starts here before";
+  EXPECT_EQ(Ink(sized, QRect(132, 4, 30, 14)), 0) << "and is pushed right by the wider first column";
+  EXPECT_EQ(plain.copy(129, 0, 80, 22), sized.copy(169, 0, 80, 22)) << "the second title moved by the 40 pixels dragged";
+  EXPECT_GT(Ink(sized, QRect(60, 460, 700, 20)), 50) << "cells reach the new bottom";
 }
 
 TEST_F(Xvfb, DataGridDemoShowsItsOrdersOnAnXServer) {

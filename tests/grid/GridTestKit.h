@@ -25,6 +25,8 @@ using quil::TRect;
 class TProbeGrid : public quil::TQuilDBGrid {
 public:
   using TQuilDBGrid::TQuilDBGrid;
+  using TQuilDBGrid::CanEditModify;
+  using TQuilDBGrid::CanEditShow;
   using TQuilDBGrid::ColExit;
   using TQuilDBGrid::GetEditLimit;
   using TQuilDBGrid::GetEditMask;
@@ -34,13 +36,21 @@ public:
   // Cells drawn since the last ClearDrawn, by base grid row and column.
   std::map<std::pair<int, int>, int> drawn;
   int colExits = 0;
+  // Windows made for the grid, the first one included.
+  int windowsMade = 0;
+  // Paints of the window's frame that reached the corner between the scroll bars.
+  int cornerPaints = 0;
   // LayoutFromDataSet at each LayoutChanged.
   std::vector<bool> layoutSources;
-  // Where ColExit moves the cursor to itself; -1 leaves it.
+  // Where ColExit moves the cursor to itself; -1 leaves it to the grid's own exit.
   int exitMovesTo = -1;
   // The arguments of each TotalsChanged.
   std::vector<std::pair<quil::TTotalResult, quil::TField*>> totalsChanges;
 
+  void InvalidateCorner() override {
+    ++cornerPaints;
+    TQuilDBGrid::InvalidateCorner();
+  }
   void ClearDrawn() { drawn.clear(); }
   int DrawnCount() const {
     int count = 0;
@@ -76,6 +86,11 @@ protected:
     ++colExits;
     TQuilDBGrid::ColExit();
     if (exitMovesTo >= 0) SetCol(exitMovesTo);
+    else TQuilDBGrid::ColExit();
+  }
+  void CreateWnd() override {
+    ++windowsMade;
+    TQuilDBGrid::CreateWnd();
   }
 };
 
@@ -110,6 +125,18 @@ protected:
   void Paint() {
     grid->Update();
     QCoreApplication::processEvents();
+  }
+  // What the grid's window shows, frame included. Grabbing paints whatever is pending,
+  // so it tells what a paint looks like, never whether the grid asked for one.
+  QImage Grab() const { return grid->Handle()->grab().toImage(); }
+  static quil::TColor At(const QImage& image, int x, int y) {
+    const QRgb pixel = image.pixel(x, y);
+    return quil::RGB(qRed(pixel), qGreen(pixel), qBlue(pixel));
+  }
+  // Saves the image for a look by eye when QUIL_GRAPHICS_SNAPSHOTS names a folder.
+  static void Save(const QImage& image, const char* name) {
+    const QString folder = qEnvironmentVariable("QUIL_GRAPHICS_SNAPSHOTS");
+    if (!folder.isEmpty()) image.save(folder + QLatin1Char('/') + QLatin1String(name) + ".png");
   }
   // Data rows that fit, worked out from the row heights alone; the last row's bottom
   // line may fall outside.

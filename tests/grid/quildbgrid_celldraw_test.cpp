@@ -93,6 +93,44 @@ TEST_F(CellDraw, LinesAreCenteredInTheRoomTheyLeave) {
   EXPECT_FALSE(InkIn(0, 2 + 2 * lineHeight, 200, cell.Bottom));
 }
 
+// Where a line lands, read from the search match on it: its rectangle starts at the
+// line's X and Y. The cell is 200 wide and three lines and 4 high, with margins of 2.
+struct PlacementCase {
+  const char* name;
+  const char* text;
+  TAlignment alignment;
+  TVAlignment vAlignment;
+  int (*x)(int width);
+  int (*y)(int lineHeight);
+};
+
+void PrintTo(const PlacementCase& placement, std::ostream* out) { *out << placement.name; }
+
+class LinePlacement : public CellDraw, public ::testing::WithParamInterface<PlacementCase> {};
+
+TEST_P(LinePlacement, PutsTheLineByItsAlignments) {
+  const PlacementCase& placement = GetParam();
+  const TRect cell = Rect(0, 0, 200, 3 * lineHeight + 4);
+  const TCellTextMatch match = CellTextOut(canvas, cell, 2, 2, QString::fromUtf8(placement.text), placement.alignment,
+                                           false, false, false, placement.vAlignment, QStringLiteral("Wg"), {});
+  EXPECT_EQ(match.rect.Left, placement.x(Width("Wg")));
+  EXPECT_EQ(match.rect.Top, placement.y(lineHeight));
+}
+
+INSTANTIATE_TEST_SUITE_P(
+    CellDraw, LinePlacement,
+    ::testing::Values(
+        PlacementCase{"TopLeft", "Wg", taLeftJustify, tvTopJustify, [](int) { return 2; }, [](int) { return 2; }},
+        PlacementCase{"Bottom", "Wg", taLeftJustify, tvBottomJustify, [](int) { return 2; },
+                      [](int height) { return 2 + 2 * height; }},
+        PlacementCase{"CenterX", "Wg", taCenter, tvTopJustify, [](int width) { return 100 - width / 2; },
+                      [](int) { return 2; }},
+        PlacementCase{"CrLfEndsOneLine", "a\r\nWg", taLeftJustify, tvTopJustify, [](int) { return 2; },
+                      [](int height) { return 2 + height; }},
+        PlacementCase{"CrLfBottom", "a\r\nWg", taLeftJustify, tvBottomJustify, [](int) { return 2; },
+                      [](int height) { return 2 + 2 * height; }}),
+    [](const ::testing::TestParamInfo<PlacementCase>& info) { return std::string(info.param.name); });
+
 TEST_F(CellDraw, RightAlignedTextEndsAMarginAndAPixelBeforeTheEdge) {
   const TRect cell = Rect(0, 0, 200, lineHeight + 4);
   CellTextOut(canvas, cell, 2, 2, "1234", taRightJustify, false, false, false, tvCenter, {}, {});

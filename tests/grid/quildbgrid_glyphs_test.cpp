@@ -285,6 +285,13 @@ TEST(GlyphRecoloring, StyledDarkAlternatesAreLightened) {
 
 // --- The grid's built-in lists
 
+// The system's own look of fixed cells decides the markers' look whenever it holds; a
+// grid without a theme for its fixed cells leaves it to MarkerStyle.
+void PaintOwnFixedCells(TQuilDBGrid& grid) {
+  grid.SetFixedTheme(ftNone);
+  ASSERT_FALSE(grid.IsSystemStyle({}));
+}
+
 TEST(GridGlyphs, ConstructorLoadsAllButTheMarkers) {
   TPixelsPerInch ppi(96);
   TQuilDBGrid grid(nullptr);
@@ -320,6 +327,7 @@ TEST(GridGlyphs, NothingIsReloadedWhenNothingChanged) {
 TEST(GridGlyphs, ALookOrResolutionChangeReloadsAtLayout) {
   TPixelsPerInch ppi(96);
   TQuilDBGrid grid(nullptr);
+  PaintOwnFixedCells(grid);
   grid.LayoutChanged();
   TImageList* before = grid.Markers();
   grid.SetMarkerStyle(msLoweredDark);
@@ -345,6 +353,7 @@ TEST(GridGlyphs, ALookOrResolutionChangeReloadsAtLayout) {
 TEST(GridGlyphs, MarkerStyleAndForceDecideTheMarkerColors) {
   TPixelsPerInch ppi(96);
   TQuilDBGrid grid(nullptr);
+  PaintOwnFixedCells(grid);
   grid.SwitchOptionsExt({dgForceSystemMarker}, false);
   grid.SetMarkerStyle(msFlat);
   grid.LayoutChanged();
@@ -378,6 +387,7 @@ TEST(GridGlyphs, EveryMarkerStyleLeavesInkOnTheFixedFace) {
   for (int ppi : {96, 192}) {
     TPixelsPerInch scale(ppi);
     TQuilDBGrid grid(nullptr);
+    PaintOwnFixedCells(grid);
     grid.SwitchOptionsExt({dgForceSystemMarker}, false);
     grid.LayoutChanged();
     const int side = grid.Indicators()->Width();
@@ -398,6 +408,37 @@ TEST(GridGlyphs, EveryMarkerStyleLeavesInkOnTheFixedFace) {
     EXPECT_GT(test::CountInk(sheet, Rect(0, 0, side, side), ColorToRGB(clBtnFace)), side / 2) << "current row";
     test::Snapshot(sheet, QStringLiteral("glyph-markers-%1").arg(ppi));
   }
+}
+
+// Under the system's look of markers the theme's arrow stands in for the plain ones;
+// a change of the elements rebuilds the markers at once, without a layout.
+TEST(GridGlyphs, TheSystemLookOfMarkersFollowsTheSystemStyleElements) {
+  TPixelsPerInch ppi(96);
+  TQuilDBGrid grid(nullptr);
+  grid.SwitchOptionsExt({dgForceSystemMarker}, false);
+  grid.SetMarkerStyle(msFlat);
+  grid.LayoutChanged();
+  ASSERT_TRUE(grid.IsSystemStyle({sseFixed, sseMarker}));
+  TBitmap image;
+  auto drawPlainMarker = [&] {
+    test::WhiteBitmap(image, 16, 16);
+    image.Canvas()->Brush()->SetColor(clYellow);
+    image.Canvas()->FillRect(Rect(0, 0, 16, 16));
+    grid.Markers()->Draw(image.Canvas(), 0, 0, 0);
+    return ColorsOf(image);
+  };
+  EXPECT_EQ(drawPlainMarker(), std::set<TColor>{clYellow});
+  TImageList* before = grid.Markers();
+  grid.SwitchSystemStyleElements({sseMarker}, false);
+  EXPECT_NE(grid.Markers(), before);
+  const std::set<TColor> systemLook = drawPlainMarker();
+  EXPECT_GT(test::CountInk(image, Rect(0, 0, 16, 16), clYellow), 5);
+  // Without the system's look of fixed cells, MarkerStyle decides: a flat face.
+  before = grid.Markers();
+  grid.SwitchSystemStyleElements({sseFixed}, false);
+  EXPECT_NE(grid.Markers(), before);
+  EXPECT_EQ(drawPlainMarker(), (std::set<TColor>{clYellow, clBlack, clWhite}));
+  EXPECT_NE(systemLook, (std::set<TColor>{clYellow, clBlack, clWhite}));
 }
 
 TEST(GridGlyphs, ApplicationListsReplaceTheBuiltInOnesUntilFreed) {

@@ -34,20 +34,11 @@ protected:
     grid->SwitchOptionsEx({quil::dgTotalFooter}, true);
     Settle();
   }
-  QImage Grab() const { return grid->Handle()->grab().toImage(); }
   // A client point in the pixels of the grid's window, frame included.
   quil::TPoint ClientToWidget(quil::TPoint point) const {
     const quil::TPoint screen = grid->ClientToScreen(point);
     const QPoint local = grid->Handle()->mapFromGlobal(QPoint(screen.X, screen.Y));
     return quil::Point(local.x(), local.y());
-  }
-  static quil::TColor At(const QImage& image, int x, int y) {
-    const QRgb pixel = image.pixel(x, y);
-    return quil::RGB(qRed(pixel), qGreen(pixel), qBlue(pixel));
-  }
-  static void Save(const QImage& image, const char* name) {
-    const QString folder = qEnvironmentVariable("QUIL_GRAPHICS_SNAPSHOTS");
-    if (!folder.isEmpty()) image.save(folder + QLatin1Char('/') + QLatin1String(name) + ".png");
   }
 };
 
@@ -82,6 +73,17 @@ TEST_F(GridInvalidateTest, AMergedTotalCellTakesTheLineOnItsLeft) {
   Settle();
   grid->InvalidateBox(2, totalRow);
   EXPECT_EQ(Pending(), Region(grid->BoxRect(2, totalRow, 2, totalRow)));
+}
+
+TEST_F(GridInvalidateTest, RightToLeftAMergedTotalCellTakesTheLineOnItsRight) {
+  OpenWithFooter();
+  grid->SetBiDiMode(quil::bdRightToLeft);
+  Settle();
+  const int totalRow = LastRow();
+  TRect expected = grid->BoxRect(2, totalRow, 2, totalRow);
+  ++expected.Right;
+  grid->InvalidateBox(2, totalRow);
+  EXPECT_EQ(Pending(), Region(expected));
 }
 
 TEST_F(GridInvalidateTest, InvalidateColCoversTheColumnFromTitleToLastRow) {
@@ -133,6 +135,38 @@ TEST_F(GridInvalidateTest, InvalidateTitleCoversOneTitleOrAllAndNothingWithoutTi
   EXPECT_TRUE(grid->UpdateRects().empty());
 }
 
+// People's four columns in two groups: ID owns Name and stays expanded, City owns
+// Amount and is collapsed. Titles stand on two rows.
+class GroupedTitlesTest : public GridInvalidateTest {
+protected:
+  void SetUp() override {
+    Open(30);
+    quil::TQuilDBGridColumns* columns = grid->Columns();
+    columns->SetState(quil::csCustomized);
+    columns->Items(0)->SetExpandCols(1);
+    columns->Items(2)->SetExpandCols(1);
+    columns->Items(2)->SetExpanded(false);
+    Settle();
+    ASSERT_EQ(grid->TitleOffset(), 2);
+  }
+  quil::TQuilColumn* Column(int dataCol) const { return grid->Columns()->Items(dataCol); }
+};
+
+TEST_F(GroupedTitlesTest, AnExpandedGroupsTitleSpansTheGroupOnItsOwnRow) {
+  grid->InvalidateTitle(Column(0));
+  EXPECT_EQ(Pending(), Region(grid->BoxRect(1, 0, 2, 0)));
+}
+
+TEST_F(GroupedTitlesTest, AChildsTitleStandsOnItsDepthRowDownToTheLastTitleRow) {
+  grid->InvalidateTitle(Column(1));
+  EXPECT_EQ(Pending(), Region(grid->BoxRect(2, 1, 2, 1)));
+}
+
+TEST_F(GroupedTitlesTest, ACollapsedGroupsTitleReachesDownToTheLastTitleRow) {
+  grid->InvalidateTitle(Column(2));
+  EXPECT_EQ(Pending(), Region(grid->BoxRect(3, 0, 3, 1)));
+}
+
 TEST_F(GridInvalidateTest, InvalidateTitlesCoversTheWidthDownToTheFixedBoundary) {
   Open(30);
   quil::TGridDrawInfo info;
@@ -161,6 +195,85 @@ TEST_F(GridInvalidateTest, InvalidateTotalsCoversTheRowsBelowTheDataAndTheLastCo
   EXPECT_EQ(Pending(), Region(expected));
 }
 
+// Working out the row count passes through counts that never show. Painted straight
+// to the screen they would flicker, so the grid stands still; double-buffered it
+// repaints whole.
+TEST_F(GridInvalidateTest, UnderTheRowCountLockOnlyADoubleBufferedGridRepaints) {
+  Open(30);
+  grid->SetDoubleBuffered(false);
+  Settle();
+  grid->UpdateRowCount();
+  EXPECT_TRUE(grid->UpdateRects().empty());
+  grid->SetDoubleBuffered(true);
+  Settle();
+  grid->UpdateRowCount();
+  EXPECT_EQ(Pending(), Region(grid->ClientRect()));
+}
+
+// People's columns, customized so that their image settings stay.
+class TiledColumnsTest : public GridInvalidateTest {
+protected:
+  void SetUp() override {
+    Open(100);
+    grid->Columns()->SetState(quil::csCustomized);
+    Settle();
+  }
+  quil::TQuilColumn* Column(int dataCol) const { return grid->Columns()->Items(dataCol); }
+  void Tile(int dataCol, quil::TImageDraw kind) {
+    Column(dataCol)->SetImageDraw(kind);
+    Settle();
+  }
+};
+
+TEST_F(TiledColumnsTest, InvalidateTileRepaintsWholeForAShowingColumnTiledThatWay) {
+  EXPECT_FALSE(grid->InvalidateTile(quil::idTileCol));
+  Tile(1, quil::idTileCol);
+  EXPECT_FALSE(grid->InvalidateTile(quil::idTileRow));
+  EXPECT_TRUE(grid->UpdateRects().empty());
+  EXPECT_TRUE(grid->InvalidateTile(quil::idTileCol));
+  EXPECT_EQ(Pending(), Region(grid->ClientRect()));
+  Settle();
+  // A tile over the whole grid moves either way.
+  Tile(1, quil::idTileGrid);
+  EXPECT_TRUE(grid->InvalidateTile(quil::idTileRow));
+  Settle();
+  Column(1)->SetVisible(false);
+  Settle();
+  EXPECT_FALSE(grid->InvalidateTile(quil::idTileRow));
+  EXPECT_TRUE(grid->UpdateRects().empty());
+}
+
+// Painted straight to the screen, so that the row counts repaint nothing: without the
+// tile only the rows that scrolling touches paint.
+TEST_F(TiledColumnsTest, ScrollingRepaintsTheWholeGridUnderATileThatMovesWithTheData) {
+  grid->SetDoubleBuffered(false);
+  Tile(2, quil::idTileCol);
+  grid->MoveBy(grid->DataLink()->BufferCount() - 1);
+  Settle();
+  dataSet->Next();
+  Paint();
+  EXPECT_EQ(int(grid->DrawnRows().size()), grid->RowCount());
+}
+
+TEST_F(TiledColumnsTest, ANewLeftColumnRepaintsARowTileAndIsReported) {
+  for (int dataCol = 0; dataCol < 4; ++dataCol) Column(dataCol)->SetWidth(200);
+  Settle();
+  std::vector<int> scrolledTo;
+  grid->OnColumnScroll = [&](int dataCol) { scrolledTo.push_back(dataCol); };
+  grid->SetLeftCol(grid->LeftCol() + 1);
+  EXPECT_NE(Pending(), Region(grid->ClientRect())) << "only what the scroll exposes";
+  EXPECT_EQ(scrolledTo, std::vector<int>{grid->RawToDataColumn(grid->LeftCol())});
+  Settle();
+  Tile(3, quil::idTileRow);
+  grid->SetLeftCol(grid->LeftCol() + 1);
+  EXPECT_EQ(Pending(), Region(grid->ClientRect()));
+  EXPECT_EQ(scrolledTo.size(), 2u);
+  Settle();
+  // A move of the rows alone is no column scroll.
+  grid->MoveBy(30);
+  EXPECT_EQ(scrolledTo.size(), 2u);
+}
+
 TEST_F(GridInvalidateTest, WithoutAWindowNothingIsInvalidated) {
   quil::TQuilDBGrid loose(nullptr);
   loose.InvalidateBox(1, 1);
@@ -170,51 +283,45 @@ TEST_F(GridInvalidateTest, WithoutAWindowNothingIsInvalidated) {
   loose.InvalidateTitle(nullptr);
   loose.InvalidateTitles();
   loose.InvalidateTotals();
+  loose.Invalidate();
   EXPECT_FALSE(loose.HandleAllocated());
   EXPECT_TRUE(loose.UpdateRects().empty());
 }
 
+// The switch itself must leave the whole client pending: grabbing would paint anyway,
+// so the pixels tell only what the repaint looks like.
 TEST_F(GridInvalidateTest, SwitchingStyleAtRunTimeRepaintsWithTheNewColors) {
   Open(30);
   const TRect cell = grid->CellRect(2, 3);
   const quil::TPoint inside = ClientToWidget(quil::Point(cell.Right - 3, cell.Top + 2));
+  const TRect titleCell = grid->CellRect(2, 0);
+  const quil::TPoint title = ClientToWidget(quil::Point(titleCell.Right - 3, titleCell.Top + 2));
   const QImage system = Grab();
   Save(system, "grid_style_system");
   EXPECT_EQ(At(system, inside.X, inside.Y), quil::ColorToRGB(quil::clWindow));
+  const quil::TImageList* markers = grid->Markers();
+  const quil::TImageList* indicators = grid->Indicators();
 
   quil::TStyleManager::SetStyle(QStringLiteral("Quil Dark"));
+  EXPECT_EQ(Pending(), Region(grid->ClientRect()));
+  // The glyphs take the new style's colors without waiting for a layout.
+  EXPECT_NE(grid->Markers(), markers);
+  EXPECT_NE(grid->Indicators(), indicators);
   Settle();
   const QImage dark = Grab();
   Save(dark, "grid_style_dark");
   EXPECT_EQ(At(dark, inside.X, inside.Y), quil::ColorToRGB(quil::clWindow));
   EXPECT_NE(At(dark, inside.X, inside.Y), At(system, inside.X, inside.Y));
+  EXPECT_NE(At(dark, title.X, title.Y), At(system, title.X, title.Y));
   // Under a custom style the fixed cells get their lines as well.
   EXPECT_TRUE(grid->quil::TCustomGrid::Options().Contains(quil::goFixedVertLine));
 
   quil::TStyleManager::SetStyle(QStringLiteral("Quil Light"));
+  EXPECT_EQ(Pending(), Region(grid->ClientRect()));
   Settle();
   const QImage light = Grab();
   Save(light, "grid_style_light");
   EXPECT_EQ(At(light, inside.X, inside.Y), quil::ColorToRGB(quil::clWindow));
-}
-
-TEST_F(GridInvalidateTest, SofterFixedStylesFrameTheBorderThemselves) {
-  Open(30);
-  grid->SetFixedTheme(quil::ftNone);
-  ASSERT_FALSE(grid->GridCtl3D());
-  Settle();
-  const quil::TColor plainFrame = At(Grab(), 0, 0);
-  EXPECT_EQ(plainFrame, quil::ColorToRGB(quil::clWindowFrame));
-  grid->SetFixedStyle(quil::fsFine);
-  Settle();
-  QImage mild = Grab();
-  Save(mild, "grid_border_mild");
-  EXPECT_EQ(At(mild, 0, 0), quil::ColorToRGB(quil::clBtnShadow));
-  EXPECT_EQ(At(mild, mild.width() - 1, mild.height() - 1), quil::ColorToRGB(quil::clBtnShadow));
-  // Without row lines the base's frame stands.
-  grid->SwitchOptions({quil::dgRowLines}, false);
-  Settle();
-  EXPECT_EQ(At(Grab(), 0, 0), plainFrame);
 }
 
 }  // namespace

@@ -127,15 +127,23 @@ TEST_F(GridPaint, WithoutASelectCellColorTheCurrentCellKeepsTheRowAndTheColumnsT
   EXPECT_TRUE(HasInk(image, Cell(IdCol, 1)));
 }
 
-TEST_F(GridPaint, ADisabledGridWritesGrayText) {
+TEST_F(GridPaint, ADisabledGridWritesGrayTextAlsoUnderTheHighlight) {
   Open(10);
   Classic();
+  grid->SwitchOptions({dgAlwaysShowSelection}, true);
+  grid->SetSelectCellColor(clNone);
   grid->SetEnabled(false);
   Paint();
   const QImage image = Grab();
   const int gray = qGray(qRgb(GetRValue(ColorToRGB(clGrayText)), GetGValue(ColorToRGB(clGrayText)),
                               GetBValue(ColorToRGB(clGrayText))));
   EXPECT_NEAR(DarkestGray(image, Cell(NameCol, 3)), gray, 12);
+  // The current cell takes the column's font back, and stays as gray as its row.
+  TRect current = Cell(IdCol, 1);
+  current.Inflate(-2, -2);  // inside the focus frame
+  TRect besideCurrent = Cell(NameCol, 1);
+  besideCurrent.Inflate(-2, -2);
+  EXPECT_NEAR(DarkestGray(image, current), DarkestGray(image, besideCurrent), 12);
 }
 
 TEST_F(GridPaint, ARowLineOfItsOwnColorLiesUnderTheCell) {
@@ -204,6 +212,15 @@ TEST_F(GridPaint, ASearchTextIsMarkedInTheCellsThatHoldIt) {
   Save(image, "search");
   EXPECT_TRUE(marked(image, Cell(NameCol, 3)));
   EXPECT_FALSE(marked(image, Cell(CityCol, 3)));
+  grid->Search()->SetOptions(grid->Search()->Options() + soCurrentCol);
+  grid->Invalidate();
+  Paint();
+  EXPECT_FALSE(marked(Grab(), Cell(NameCol, 3))) << "only the selected column is searched";
+  grid->SetSelectedIndex(NameCol - 1);
+  grid->Search()->SetText(QStringLiteral("ame00"));  // leaving a column clears the search
+  grid->Invalidate();
+  Paint();
+  EXPECT_TRUE(marked(Grab(), Cell(NameCol, 3)));
   grid->Search()->SetColor(clNone);
   Paint();
   EXPECT_FALSE(marked(Grab(), Cell(NameCol, 3)));

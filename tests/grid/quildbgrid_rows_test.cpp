@@ -51,6 +51,25 @@ TEST_F(RowComposition, TotalRowsStandBelowABlankRowThatFillsTheRest) {
   EXPECT_EQ(grid->GetTotalHeight(), BottomRowsHeight(2));
 }
 
+// The totals meet the window's edge where no raised frame or theme gives an edge of
+// its own; there the blank row takes the pixel that the missing line leaves.
+TEST_F(RowComposition, TotalsAlignToTheBorderOnlyOnAnUnthemedGridWithoutARaisedFrame) {
+  Open(500);
+  grid->SwitchOptionsEx({dgTotalFooter}, true);
+  grid->SetBorderStyle(bsNone);
+  ASSERT_TRUE(grid->IsGridThemed(false));
+  EXPECT_FALSE(grid->GetAlignTotalsToBorder());
+  const int themedBlank = grid->GetBlankHeight();
+  grid->SetFixedTheme(ftNone);
+  EXPECT_TRUE(grid->GetAlignTotalsToBorder());
+  EXPECT_EQ(grid->GetBlankHeight(), themedBlank + 1);
+  grid->SetBorderStyle(bsSingle);
+  grid->SetCtl3D(true);
+  EXPECT_FALSE(grid->GetAlignTotalsToBorder());
+  grid->SetCtl3D(false);
+  EXPECT_TRUE(grid->GetAlignTotalsToBorder());
+}
+
 TEST_F(RowComposition, WithoutRecordsOneEmptyDataRowStaysAboveTheTotals) {
   Open(0);
   grid->SetOptionsEx(grid->OptionsEx() + dgTotalHeader + dgTotalFooter);

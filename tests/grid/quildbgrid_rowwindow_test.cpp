@@ -245,6 +245,25 @@ INSTANTIATE_TEST_SUITE_P(Heights, RowWindowScrollPixels,
                                            TScrollCase{251, true, false}, TScrollCase{247, false, true},
                                            TScrollCase{251, true, true}));
 
+// Double-buffered, a repaint cannot flicker: the row counts that sizing the buffer
+// passes through at the bottom edge repaint the whole grid. At the top edge the buffer
+// keeps its size and only the exposed rows paint.
+TEST_F(RowWindow, DoubleBufferedScrollingAtTheBottomRepaintsTheWholeGrid) {
+  Open(100000);
+  ASSERT_TRUE(grid->DoubleBuffered());
+  const int fit = grid->DataLink()->BufferCount();
+  grid->MoveBy(fit - 1);
+  Settle();
+  dataSet->Next();
+  Paint();
+  EXPECT_EQ(int(grid->DrawnRows().size()), grid->RowCount());
+  grid->MoveBy(-(fit - 1));
+  Settle();
+  dataSet->Prior();
+  Paint();
+  EXPECT_EQ(grid->DrawnRows(), (std::set<int>{grid->TitleOffset(), grid->TitleOffset() + 1}));
+}
+
 // A change of the row count is a change of what shows: the grid repaints whole.
 TEST_F(RowWindow, GrowingWindowRepaintsWhenMoreRecordsFit) {
   Open(1000);
@@ -267,8 +286,10 @@ TEST_F(RowWindow, MovingInsideTheWindowRepaintsTheOldAndTheNewRow) {
   EXPECT_EQ(grid->DrawnRows(), (std::set<int>{row - 1, row}));
 }
 
+// Straight to the screen, so that what paints is what scrolling invalidates itself.
 TEST_F(RowWindow, ScrollingFurtherThanTheWindowRepaintsAllDataRows) {
   Open(1000);
+  grid->SetDoubleBuffered(false);
   const int fit = grid->DataLink()->BufferCount();
   grid->MoveBy(3 * fit);
   Paint();
@@ -279,6 +300,7 @@ TEST_F(RowWindow, ScrollingFurtherThanTheWindowRepaintsAllDataRows) {
 
 TEST_F(RowWindow, StripedRowsRepaintTheWholeDataAreaOnEveryScroll) {
   Open(1000);
+  grid->SetDoubleBuffered(false);
   grid->SetStripeColor(clYellow);
   const int fit = grid->DataLink()->BufferCount();
   grid->MoveBy(fit - 1);

@@ -1,5 +1,10 @@
 #include <gtest/gtest.h>
 
+#include <cmath>
+#include <functional>
+#include <string>
+#include <utility>
+
 #include "GridTestKit.h"
 #include "framework/graphics/GraphUtil.h"
 #include "framework/graphics/StyleServices.h"
@@ -51,6 +56,45 @@ TEST_F(GridStyleTest, DefaultColorsFollowTheActiveStyle) {
   EXPECT_EQ(grid->DefaultHighlightText(), clHighlightText);
   EXPECT_EQ(grid->DefaultStripeColor(), cl3DLight);
   EXPECT_EQ(grid->DefaultEditorColor(), clInfoBk);
+}
+
+struct GenerationCase {
+  const char* name;
+  TSystemGeneration generation;
+  bool gradientActive;
+  TColor selectCell, selectRow, selection;
+};
+
+class DefaultSelectionColorsTest : public ::testing::TestWithParam<GenerationCase> {};
+
+TEST_P(DefaultSelectionColorsTest, FollowTheSystemGeneration) {
+  const GenerationCase& row = GetParam();
+  const TSelectionColors colors =
+      TQuilCustomDBGrid::DefaultSelectionColors(row.generation, row.gradientActive);
+  EXPECT_EQ(colors.selectCell, row.selectCell);
+  EXPECT_EQ(colors.selectRow, row.selectRow);
+  EXPECT_EQ(colors.selection, row.selection);
+}
+
+INSTANTIATE_TEST_SUITE_P(
+    Table, DefaultSelectionColorsTest,
+    ::testing::Values(
+        GenerationCase{"Win11", sgWin11, false, TMarlGradient::ShadowColor(clHighlight, -10),
+                       TMarlGradient::ShadowColor(clHighlight, 20), clHighlight},
+        GenerationCase{"Win11WithGradient", sgWin11, true, TMarlGradient::ShadowColor(clHighlight, -10),
+                       TMarlGradient::ShadowColor(clHighlight, 20), clHighlight},
+        GenerationCase{"VistaWithGradient", sgVista, true, 15230976, 14982776, 16743699},
+        GenerationCase{"Vista", sgVista, false, 16743699, 15448477, 16749885},
+        GenerationCase{"BeforeVista", sgBeforeVista, true, clHighlight, clGradientInactiveCaption,
+                       clGradientActiveCaption}),
+    [](const ::testing::TestParamInfo<GenerationCase>& info) { return std::string(info.param.name); });
+
+TEST_F(GridStyleTest, TheDefaultsAreThoseOfTheRunningSystem) {
+  ASSERT_EQ(SystemGeneration(), sgWin11);
+  const TSelectionColors win11 = TQuilCustomDBGrid::DefaultSelectionColors(sgWin11, false);
+  EXPECT_EQ(grid->DefaultSelectCellColor(), win11.selectCell);
+  EXPECT_EQ(grid->DefaultSelectRowColor(), win11.selectRow);
+  EXPECT_EQ(grid->DefaultSelectionColor(), win11.selection);
 }
 
 TEST_F(GridStyleTest, DataLinesStandOutFromASilverBackground) {
@@ -167,6 +211,19 @@ TEST_F(GridStyleTest, GridStyleNumbersReachTheRowHeights) {
 
 // --- Drawing style and the style questions
 
+TEST_F(GridStyleTest, AtDesignTimeTheDrawingStyleAlsoSetsTheFixedStyleAndTheGradientsOptions) {
+  grid->SetDesigning(true);
+  grid->SetDrawingStyle(gdsGradient);
+  EXPECT_EQ(grid->FixedStyle(), fsGray);
+  EXPECT_EQ(grid->Gradient()->Options(), (TMarlGradientOptions{goGradient, goHotButton, goHotTrack, goHotColor}));
+  grid->SetDrawingStyle(gdsClassic);
+  EXPECT_EQ(grid->FixedStyle(), fsDefault);
+  EXPECT_EQ(grid->Gradient()->Options(), (TMarlGradientOptions{goGradient, goHotButton}));
+  grid->SetFixedStyle(fsMild);
+  grid->SetDrawingStyle(gdsThemed);
+  EXPECT_EQ(grid->FixedStyle(), fsDefault);
+}
+
 TEST_F(GridStyleTest, DrawingStyleFollowsThemeAndGradient) {
   EXPECT_EQ(grid->DrawingStyle(), gdsThemed);
   grid->SetDrawingStyle(gdsClassic);
@@ -247,6 +304,33 @@ INSTANTIATE_TEST_SUITE_P(Table, FixedStyleTableTest,
                                            FixedStyleCase{fsFine, hbTile, lbMild, clBtnShadow},
                                            FixedStyleCase{fsMild, hbTile, lbMild, clBtnShadow}));
 
+struct CheckBoxCase {
+  TFixedStyle fixedStyle;
+  TCheckBoxStyle automatic, automaticGray, automaticLowered;
+};
+
+class CheckBoxStyleTableTest : public ::testing::TestWithParam<CheckBoxCase> {};
+
+TEST_P(CheckBoxStyleTableTest, ResolvesTheAutomaticMembersAndKeepsTheOthers) {
+  TQuilDBGrid grid(nullptr);
+  grid.SetFixedStyle(GetParam().fixedStyle);
+  EXPECT_EQ(grid.CheckBoxStyle(cbAuto), GetParam().automatic);
+  EXPECT_EQ(grid.CheckBoxStyle(cbAutoGray), GetParam().automaticGray);
+  EXPECT_EQ(grid.CheckBoxStyle(cbAutoLowered), GetParam().automaticLowered);
+  for (TCheckBoxStyle style : {cbDefault, cbSoft, cbLoweredDark, cbLoweredGray, cbLoweredMild, cbFlat, cbGray, cbMild})
+    EXPECT_EQ(grid.CheckBoxStyle(style), style);
+}
+
+INSTANTIATE_TEST_SUITE_P(Table, CheckBoxStyleTableTest,
+                         ::testing::Values(CheckBoxCase{fsDefault, cbDefault, cbSoft, cbDefault},
+                                           CheckBoxCase{fsSoft, cbSoft, cbSoft, cbSoft},
+                                           CheckBoxCase{fsNice, cbLoweredDark, cbLoweredGray, cbLoweredDark},
+                                           CheckBoxCase{fsFlat, cbFlat, cbGray, cbLoweredDark},
+                                           CheckBoxCase{fsGreat, cbLoweredGray, cbLoweredGray, cbLoweredGray},
+                                           CheckBoxCase{fsGray, cbGray, cbGray, cbLoweredGray},
+                                           CheckBoxCase{fsFine, cbLoweredMild, cbLoweredGray, cbLoweredMild},
+                                           CheckBoxCase{fsMild, cbMild, cbGray, cbLoweredMild}));
+
 TEST_F(GridStyleTest, ResolvedStylesGiveWayToWhatIsSet) {
   grid->SetHotButtons(hbNone);
   EXPECT_EQ(grid->HotButtonsStyle(), hbNone);
@@ -262,6 +346,45 @@ TEST_F(GridStyleTest, ResolvedStylesGiveWayToWhatIsSet) {
   EXPECT_EQ(grid->ListBorderStyle(), lbGray);
   TStyleManager::SetStyle(QStringLiteral("Quil Dark"));
   EXPECT_EQ(grid->ListBorderStyle(), lbDefault);
+}
+
+// The fixed cell element gives the face's text; the root element gives no text color,
+// and the style's font stands in.
+TEST_F(GridStyleTest, StyleFontColorTakesTheElementsTextBeforeTheStylesFont) {
+  TStyleManager::SetStyle(QStringLiteral("Quil Dark"));
+  const TCustomStyleServices* style = StyleServices();
+  ASSERT_NE(style->GetStyleFontColor(sfButtonTextDisabled), style->GetSystemColor(clBtnText));
+  EXPECT_EQ(grid->GetStyleFontColor(sfButtonTextDisabled, tgFixedCellNormal), style->GetSystemColor(clBtnText));
+  EXPECT_EQ(grid->GetStyleFontColor(sfButtonTextDisabled, tgRoot), style->GetStyleFontColor(sfButtonTextDisabled));
+}
+
+// Each of these changes what a cell looks like, and so lays the grid out; the editor's
+// color shows only when it opens.
+TEST(GridStyleSetters, LookSettersLayOutAndTheEditorColorDoesNot) {
+  gridtest::TProbeGrid grid(nullptr);
+  const std::pair<const char*, std::function<void()>> setters[] = {
+      {"HighlightText", [&] { grid.SetHighlightText(clRed); }},
+      {"SelectCellColor", [&] { grid.SetSelectCellColor(clRed); }},
+      {"SelectRowColor", [&] { grid.SetSelectRowColor(clRed); }},
+      {"SelectionColor", [&] { grid.SetSelectionColor(clRed); }},
+      {"StripeColor", [&] { grid.SetStripeColor(clRed); }},
+      {"DataColLineColor", [&] { grid.SetDataColLineColor(clRed); }},
+      {"DataRowLineColor", [&] { grid.SetDataRowLineColor(clRed); }},
+      {"FocusRect", [&] { grid.SetFocusRect(frGray); }},
+      {"HotButtons", [&] { grid.SetHotButtons(hbTile); }},
+      {"ListBorder", [&] { grid.SetListBorder(lbMild); }}};
+  for (const auto& [name, set] : setters) {
+    grid.layoutSources.clear();
+    set();
+    EXPECT_FALSE(grid.layoutSources.empty()) << name;
+    grid.layoutSources.clear();
+    set();
+    EXPECT_TRUE(grid.layoutSources.empty()) << name << " set again";
+  }
+  grid.layoutSources.clear();
+  grid.SetEditorColor(clRed);
+  EXPECT_TRUE(grid.layoutSources.empty());
+  EXPECT_EQ(grid.EditorColor(), clRed);
 }
 
 TEST_F(GridStyleTest, FixedLinesUnderAThemeFollowTheSystemTheme) {
@@ -287,8 +410,18 @@ TEST_F(GridStyleTest, StyleTablesAnswerForTheNamesTheyHold) {
   EXPECT_TRUE(TQuilCustomDBGrid::GetFlatStyle(QStringLiteral("Windows")));
 }
 
+// Made active by name; registered once, with the colors of the light style.
+void ActivateStyleNamed(const QString& name) {
+  if (!TStyleManager::StyleNames().contains(name)) {
+    TStyleScheme scheme = LightStyleScheme();
+    scheme.Name = name;
+    TStyleManager::RegisterStyle(scheme);
+  }
+  TStyleManager::SetStyle(name);
+}
+
 TEST_F(GridStyleTest, AStyleNameNoTableHasGivesNoShadeNoFrameAndIsNotFlat) {
-  TStyleManager::SetStyle(QStringLiteral("Quil Light"));
+  ActivateStyleNamed(QStringLiteral("Unlisted Test Style"));
   EXPECT_EQ(TQuilCustomDBGrid::GetFixedTextActiveStyle(), 0);
   EXPECT_EQ(TQuilCustomDBGrid::GetSelectRowActiveStyle(), 0);
   EXPECT_EQ(TQuilCustomDBGrid::GetCellFrameActiveStyle(), 0);
@@ -302,7 +435,7 @@ TEST_F(GridStyleTest, AStyleNameNoTableHasGivesNoShadeNoFrameAndIsNotFlat) {
 }
 
 TEST_F(GridStyleTest, EntriesAddedForTheActiveStyleReachTheNextQuestion) {
-  TStyleManager::SetStyle(QStringLiteral("Quil Dark"));
+  ActivateStyleNamed(QStringLiteral("Test Style With Entries"));
   TQuilCustomDBGrid::SetSelectRowActiveStyle(15);
   TQuilCustomDBGrid::SetFixedTextActiveStyle(-20);
   TQuilCustomDBGrid::SetCellFrameActiveStyle(3);
@@ -314,7 +447,7 @@ TEST_F(GridStyleTest, EntriesAddedForTheActiveStyleReachTheNextQuestion) {
   TRect rect = Rect(10, 10, 20, 20);
   TQuilCustomDBGrid::GetCellFrameRect(rect);
   EXPECT_EQ(rect, Rect(7, 7, 23, 23));
-  EXPECT_EQ(TQuilCustomDBGrid::GetSelectRowStyle(QStringLiteral("quil dark")), 15);
+  EXPECT_EQ(TQuilCustomDBGrid::GetSelectRowStyle(QStringLiteral("test style with entries")), 15);
   TQuilCustomDBGrid::SetSelectRowActiveStyle(0);
   TQuilCustomDBGrid::SetFixedTextActiveStyle(0);
   TQuilCustomDBGrid::SetCellFrameActiveStyle(0);
@@ -322,15 +455,42 @@ TEST_F(GridStyleTest, EntriesAddedForTheActiveStyleReachTheNextQuestion) {
 }
 
 TEST_F(GridStyleTest, NamedStylesWithoutAShadeHaveAFixedTextColor) {
-  if (!TStyleManager::StyleNames().contains(QStringLiteral("Ruby Graphite"))) {
-    TStyleScheme scheme = LightStyleScheme();
-    scheme.Name = QStringLiteral("Ruby Graphite");
-    TStyleManager::RegisterStyle(scheme);
-  }
-  TStyleManager::SetStyle(QStringLiteral("Ruby Graphite"));
+  ActivateStyleNamed(QStringLiteral("Ruby Graphite"));
   EXPECT_EQ(TQuilCustomDBGrid::GetFixedTextSelected(), 255);
   EXPECT_EQ(TQuilCustomDBGrid::GetCellFrameActiveStyle(), 1);
 }
+
+// The contrast of two colors by their relative luminance, from 1 to 21.
+double Contrast(TColor first, TColor second) {
+  auto luminance = [](TColor color) {
+    auto channel = [](int value) {
+      const double share = value / 255.0;
+      return share <= 0.03928 ? share / 12.92 : std::pow((share + 0.055) / 1.055, 2.4);
+    };
+    const TColor rgb = ColorToRGB(color);
+    return 0.2126 * channel(GetRValue(rgb)) + 0.7152 * channel(GetGValue(rgb)) + 0.0722 * channel(GetBValue(rgb));
+  };
+  const double a = luminance(first), b = luminance(second);
+  return (std::max(a, b) + 0.05) / (std::min(a, b) + 0.05);
+}
+
+class LibraryStyleTest : public ::testing::TestWithParam<const char*> {
+protected:
+  void SetUp() override { TStyleManager::SetStyle(QString::fromLatin1(GetParam())); }
+  void TearDown() override { TStyleManager::SetStyle(TStyleManager::SystemStyleName()); }
+};
+
+TEST_P(LibraryStyleTest, IsFlatWithReadableSelectedTitlesAndRows) {
+  EXPECT_TRUE(TQuilCustomDBGrid::IsFlatStyle());
+  EXPECT_GE(Contrast(TQuilCustomDBGrid::GetFixedTextSelected(), clBtnFace), 4.5);
+  EXPECT_GE(Contrast(TQuilCustomDBGrid::GetSelectRowSelected(), clHighlightText), 4.5);
+  EXPECT_EQ(TQuilCustomDBGrid::GetCellFrameActiveStyle(), 0);
+}
+
+INSTANTIATE_TEST_SUITE_P(Named, LibraryStyleTest, ::testing::Values("Quil Light", "Quil Dark"),
+                         [](const ::testing::TestParamInfo<const char*>& info) {
+                           return QString::fromLatin1(info.param).remove(QLatin1Char(' ')).toStdString();
+                         });
 
 // --- The border
 

@@ -4,6 +4,7 @@
 #include "GridTestKit.h"
 #include "framework/db/Field.h"
 #include "framework/rtl/Strings.h"
+#include "order/OrderText.h"
 
 using namespace quil;
 using gridtest::GridFixture;
@@ -81,7 +82,10 @@ INSTANTIATE_TEST_SUITE_P(
                       PickCase{"StoredIndexPastTheListStaysAsNumber", Defaults + poStoreItemIndex, " 09", "9"},
                       PickCase{"FormattedRowShowsValueAndText", Defaults + poFormatPickText, "O", "O - Oslo"},
                       PickCase{"FormatForTheListOnly", Defaults + poFormatPickText + poFormatListOnly, "O", "Oslo"},
-                      PickCase{"WithoutPickTextTheListAlone", TQuilPickOptions{}, "o", "O"}),
+                      PickCase{"WithoutPickTextTheListAlone", TQuilPickOptions{}, "o", "O"},
+                      PickCase{"NoIndexKeepsTheTextUntrimmed", Defaults + poStoreItemIndex, " X ", " X "},
+                      PickCase{"ListAloneNoIndexKeepsTheTextUntrimmed", {poStoreItemIndex}, " X ", " X "},
+                      PickCase{"ListAloneReadsAStoredIndex", {poStoreItemIndex}, " 1 ", "O"}),
     [](const ::testing::TestParamInfo<PickCase>& info) { return std::string(info.param.name); });
 
 class PickStore : public GridText, public ::testing::WithParamInterface<PickCase> {};
@@ -101,7 +105,10 @@ INSTANTIATE_TEST_SUITE_P(
                       PickCase{"AnIndexIsAccepted", Defaults + poAcceptItemIndex, "1", "O"},
                       PickCase{"AnIndexPastTheTextsIsRefused", Defaults + poAcceptItemIndex + poListItemsOnly, "3", ""},
                       PickCase{"AFormattedRowGivesItsValue", Defaults + poFormatPickText, "P - Paris", "P"},
-                      PickCase{"WithoutPickTextTheListAlone", TQuilPickOptions{poListItemsOnly}, "Oslo", ""}),
+                      PickCase{"WithoutPickTextTheListAlone", TQuilPickOptions{poListItemsOnly}, "Oslo", ""},
+                      PickCase{"ListAloneStoresTheIndexOfAValue", {poStoreItemIndex}, "P", "                   2"},
+                      PickCase{"ListAloneAcceptsAnIndex", {poAcceptItemIndex}, "1", "O"},
+                      PickCase{"ListAloneRefusesAnIndexPastItsEnd", {poAcceptItemIndex, poListItemsOnly}, "3", ""}),
     [](const ::testing::TestParamInfo<PickCase>& info) { return std::string(info.param.name); });
 
 TEST_F(GridText, AStoredIndexIsRightAlignedInTheWidthOfAStringField) {
@@ -111,6 +118,14 @@ TEST_F(GridText, AStoredIndexIsRightAlignedInTheWidthOfAStringField) {
   ASSERT_EQ(name->Field()->Size(), 20);
   EXPECT_EQ(grid->ColSetItem(city, QStringLiteral("Paris")), QStringLiteral("2").rightJustified(20));
   EXPECT_EQ(grid->ColGetItem(city, QStringLiteral("2").rightJustified(20), tkDisplay), QStringLiteral("Paris"));
+}
+
+TEST_F(GridText, AnIndexPastAShorterPickListIsNoValue) {
+  city->PickList()->Delete(2);
+  city->SwitchPickOptions({poAcceptItemIndex}, true);
+  EXPECT_EQ(grid->ColSetItem(city, QStringLiteral("2")), QStringLiteral("2")) << "not Paris, which has no value";
+  city->SwitchPickOptions({poListItemsOnly}, true);
+  EXPECT_EQ(grid->ColSetItem(city, QStringLiteral("2")), QString());
 }
 
 TEST_F(GridText, ANumberFieldStoresThePlainIndex) {
@@ -148,6 +163,17 @@ TEST_F(GridText, AMultiSelectValueMayHoldOneItemALine) {
   EXPECT_EQ(grid->ColSetText(city, QStringLiteral("Paris\r\n\r\nBerlin")), QStringLiteral("P\r\nB"));
 }
 
+TEST_F(GridText, AMultiSelectValueOverPickTextAloneIsSplitToo) {
+  city->PickList()->Clear();
+  city->SwitchPickOptions({poStoreItemIndex}, true);
+  city->SwitchListOptions({loMultiSelectList}, true);
+  ASSERT_TRUE(city->GetPickDataActive());
+  ASSERT_TRUE(city->GetMultiSelectList());
+  EXPECT_EQ(grid->ColGetText(city, QStringLiteral("0,2"), tkEdit), QStringLiteral("Berlin,Paris"));
+  EXPECT_EQ(grid->ColSetText(city, QStringLiteral("Paris,Berlin")),
+            QStringLiteral("2").rightJustified(20) + "," + QStringLiteral("0").rightJustified(20));
+}
+
 // --- Lookups
 
 class GridLookupText : public GridText {
@@ -178,6 +204,12 @@ TEST_F(GridLookupText, AKeyShowsTheLookedUpText) {
 
 TEST_F(GridLookupText, AKeyNotFoundShowsAnEmptyCell) {
   EXPECT_EQ(grid->ColGetItem(city, QStringLiteral("Paris"), tkDisplay), QString());
+}
+
+TEST_F(GridLookupText, AClosedLookupIsOpened) {
+  cities.Close();
+  EXPECT_EQ(grid->ColGetItem(city, QStringLiteral("Oslo"), tkDisplay), QStringLiteral("City of Oslo"));
+  EXPECT_TRUE(cities.Active());
 }
 
 TEST_F(GridLookupText, AnEmptyKeyStaysEmptyWithoutTouchingTheLookup) {
@@ -266,6 +298,75 @@ TEST_F(GridText, TheEditorsTextIsKeptAndUpdateDataWritesIt) {
   EXPECT_EQ(Field("Name")->AsString(), QStringLiteral("Zed"));
 }
 
+TEST_F(GridText, CanColumnModifyNeedsAWritableLinkAndAnEdit) {
+  grid->DataLink()->SetReadOnly(true);
+  EXPECT_FALSE(grid->CanColumnModify(city));
+  grid->DataLink()->SetReadOnly(false);
+  source->SetAutoEdit(false);
+  EXPECT_FALSE(grid->CanColumnModify(city)) << "the edit does not start";
+  EXPECT_FALSE(grid->DataLink()->IsModified());
+}
+
+TEST_F(GridText, TheEditorShowsOnlyOutsideALayoutAndWhereTheColumnAllows) {
+  grid->SwitchOptions({dgAlwaysShowEditor}, true);
+  grid->SetSelectedColumn(city);
+  ASSERT_TRUE(grid->CanEditShow());
+  grid->BeginLayout();
+  EXPECT_FALSE(grid->CanEditShow());
+  grid->EndLayout();
+  city->SetAutoNumber(true);
+  EXPECT_FALSE(grid->CanEditShow());
+}
+
+TEST_F(GridText, EnteringAColumnShowsTheEditorAgainOrHidesIt) {
+  grid->SwitchOptions({dgAlwaysShowEditor}, true);
+  grid->SetSelectedColumn(Column("ID"));
+  int enters = 0;
+  grid->OnColEnter = [&](TObject* sender) {
+    EXPECT_EQ(sender, grid);
+    ++enters;
+  };
+  grid->MoveCol(grid->DataToRawColumn(city->Index()), 0);
+  EXPECT_EQ(enters, 1);
+  EXPECT_TRUE(grid->EditorMode());
+  EXPECT_TRUE(grid->InplaceEditor() && grid->InplaceEditor()->Visible());
+  Column("Amount")->SetCheckBox(true);
+  grid->MoveCol(grid->DataToRawColumn(Column("Amount")->Index()), 0);
+  EXPECT_EQ(enters, 2);
+  EXPECT_FALSE(grid->InplaceEditor()->Visible()) << "a check box is not edited as text";
+}
+
+TEST_F(GridText, LeavingAColumnClearsASearchOfTheCurrentColumn) {
+  int exits = 0;
+  grid->OnColExit = [&](TObject* sender) {
+    EXPECT_EQ(sender, grid);
+    ++exits;
+  };
+  grid->Search()->SetActive(true);
+  grid->Search()->SetText(QStringLiteral("Os"));
+  grid->MoveCol(grid->Col() + 1, 0);
+  EXPECT_EQ(exits, 1);
+  EXPECT_EQ(grid->Search()->Text(), QStringLiteral("Os")) << "a search over all columns stays";
+  grid->Search()->SetOptions(grid->Search()->Options() + soCurrentCol);
+  grid->MoveCol(grid->Col() + 1, 0);
+  EXPECT_EQ(exits, 2);
+  EXPECT_EQ(grid->Search()->Text(), QString());
+}
+
+TEST_F(GridText, WithoutAnActiveLinkNoTextMaskOrRecordNumber) {
+  grid->SetSelectedColumn(Column("Name"));
+  Field("Name")->SetEditMask(QStringLiteral("LLLL;0;_"));
+  TQuilColumn* name = Column("Name");
+  name->SetAutoNumber(true);
+  EXPECT_EQ(AutoNumberStr(0), QString());
+  EXPECT_EQ(AutoNumberStr(1), QStringLiteral("1."));
+  dataSet->Close();
+  EXPECT_EQ(grid->GetEditText(grid->Col(), grid->Row()), QString());
+  EXPECT_EQ(grid->GetEditMask(grid->Col(), grid->Row()), QString());
+  EXPECT_EQ(grid->GetRecNumber(), -1);
+  EXPECT_EQ(grid->ColGetItem(name, QStringLiteral("7"), tkDisplay), QString());
+}
+
 TEST_F(GridText, EditLimitAndMaskFollowTheSelectedField) {
   grid->SetSelectedColumn(Column("Name"));
   EXPECT_EQ(grid->GetEditLimit(), 20);
@@ -276,6 +377,68 @@ TEST_F(GridText, EditLimitAndMaskFollowTheSelectedField) {
   EXPECT_EQ(grid->GetEditMask(grid->Col(), grid->Row()), QString());
   grid->SetSelectedColumn(Column("Amount"));
   EXPECT_EQ(grid->GetEditLimit(), 0);
+}
+
+// --- Memo fields: a grid over one record with a note, whose column starts with neither
+// ShowBlob nor EditMemo.
+
+class GridMemoText : public GridFixture {
+protected:
+  void SetUp() override {
+    Open(1);
+    notes.FieldDefs()->Add("Note", ftMemo);
+    notes.CreateDataSet();
+    notes.AppendRecord({QStringLiteral("first line")});
+    source->SetDataSet(&notes);
+    Settle();
+    grid->Columns()->SetState(csCustomized);
+    note = grid->ColumnByName("Note");
+    note->SetShowBlob(false);
+    note->SetEditMemo(false);
+  }
+  void TearDown() override {
+    source->SetDataSet(nullptr);
+    GridFixture::TearDown();
+  }
+  TField* NoteField() { return notes.FieldByName("Note"); }
+
+  dbtest::TWindowCheckedDataSet notes{nullptr};
+  TQuilColumn* note = nullptr;
+};
+
+TEST_F(GridMemoText, AMemoShowsItsTextWithShowBlobAndEditsItWithEditMemo) {
+  ASSERT_TRUE(note);
+  const QString fieldText = NoteField()->DisplayText();
+  ASSERT_NE(fieldText, QStringLiteral("first line"));
+  EXPECT_EQ(note->GetDisplayText(), fieldText);
+  EXPECT_EQ(note->GetEditText(), NoteField()->Text());
+  note->SetShowBlob(true);
+  EXPECT_EQ(note->GetDisplayText(), QStringLiteral("first line"));
+  note->SetEditMemo(true);
+  EXPECT_EQ(note->GetEditText(), QStringLiteral("first line"));
+  NoteField()->OnGetText = [](TField*, QString& text, bool) { text = QStringLiteral("own"); };
+  EXPECT_EQ(note->GetEditText(), QStringLiteral("own")) << "the field's own text wins";
+}
+
+TEST_F(GridMemoText, EditMemoWritesTheMemoAsText) {
+  note->SetEditMemo(true);
+  notes.Edit();
+  note->SetEditText(QStringLiteral("second line"));
+  EXPECT_EQ(NoteField()->AsString(), QStringLiteral("second line"));
+}
+
+TEST_F(GridMemoText, AMemoIsModifiedAsTextOnlyThroughOnSetTextOrEditMemo) {
+  grid->SetSelectedColumn(note);
+  EXPECT_FALSE(grid->CanColumnModify(note));
+  EXPECT_FALSE(grid->CanEditModify());
+  EXPECT_EQ(notes.State(), dsBrowse);
+  note->SetEditMemo(true);
+  EXPECT_FALSE(grid->CanColumnModify(note)) << "EditMemo is the editor's way alone";
+  EXPECT_TRUE(grid->CanEditModify());
+  notes.Cancel();
+  note->SetEditMemo(false);
+  NoteField()->OnSetText = [](TField* field, const QString& text) { field->SetAsString(text); };
+  EXPECT_TRUE(grid->CanColumnModify(note));
 }
 
 }  // namespace

@@ -1,11 +1,14 @@
 #include <gtest/gtest.h>
 
 #include <QImage>
+#include <functional>
+#include <string>
 
 #include "framework/graphics/Bitmap.h"
 #include "framework/graphics/Canvas.h"
 #include "framework/graphics/GraphUtil.h"
 #include "framework/graphics/StyleServices.h"
+#include "framework/rtl/TypInfo.h"
 #include "support/MarlGraph.h"
 
 namespace quil {
@@ -113,6 +116,43 @@ TEST_F(MarlGraphTest, ChangeTellsOnlyWhenSomethingDiffers) {
   EXPECT_EQ(gradient.HotColor(), clYellow);
 }
 
+struct SettingCase {
+  const char* name;
+  std::function<void(TMarlGradient&)> change;
+  std::function<bool(const TMarlGradient&)> took;
+};
+
+class GradientSettingTest : public ::testing::TestWithParam<SettingCase> {};
+
+TEST_P(GradientSettingTest, ChangeTakesAndTellsASettingThatDiffersAndAssignCopiesIt) {
+  Counter counter;
+  TMarlGradient gradient(nullptr);
+  gradient.SetOnChange(TNotifyEvent(&counter, &Counter::Changed));
+  TMarlGradient source(nullptr);
+  GetParam().change(source);
+  EXPECT_TRUE(gradient.Change(&source));
+  EXPECT_TRUE(GetParam().took(gradient));
+  EXPECT_EQ(counter.changes, 1);
+  EXPECT_FALSE(gradient.Change(&source));
+  EXPECT_EQ(counter.changes, 1);
+  TMarlGradient copy(nullptr);
+  copy.Assign(&source);
+  EXPECT_TRUE(GetParam().took(copy));
+}
+
+INSTANTIATE_TEST_SUITE_P(
+    Settings, GradientSettingTest,
+    ::testing::Values(
+        SettingCase{"Direction", [](TMarlGradient& g) { g.SetDirection(gdHorizontal); },
+                    [](const TMarlGradient& g) { return g.Direction() == gdHorizontal; }},
+        SettingCase{"SwapColors", [](TMarlGradient& g) { g.SetSwapColors(true); },
+                    [](const TMarlGradient& g) { return g.SwapColors(); }},
+        SettingCase{"EndColor", [](TMarlGradient& g) { g.SetEndColor(clNavy); },
+                    [](const TMarlGradient& g) { return g.EndColor() == clNavy; }},
+        SettingCase{"StepColor", [](TMarlGradient& g) { g.SetStepColor(clOlive); },
+                    [](const TMarlGradient& g) { return g.StepColor() == clOlive; }}),
+    [](const ::testing::TestParamInfo<SettingCase>& info) { return std::string(info.param.name); });
+
 TEST_F(MarlGraphTest, DefaultsOfTheSettingsAndTheButton) {
   TMarlGradient plain(nullptr);
   EXPECT_TRUE(plain.Active());
@@ -128,6 +168,38 @@ TEST_F(MarlGraphTest, DefaultsOfTheSettingsAndTheButton) {
   EXPECT_EQ(button.Options(), (TMarlGradientOptions{goGradient, goHotButton}));
 }
 
+TEST(MarlGraphPublished, ABareGradientPublishesOnlyActive) {
+  TMarlGradient plain(nullptr);
+  EXPECT_NE(GetPropInfo(&plain, QStringLiteral("Active")), nullptr);
+  for (const char* name : {"Direction", "Options", "StartColor", "ShadowFactor", "Cells", "StepColor"})
+    EXPECT_EQ(GetPropInfo(&plain, QString::fromLatin1(name)), nullptr) << name;
+}
+
+// A button's settings are published with its own defaults, so that a fresh button
+// stores nothing and each change is stored.
+TEST(MarlGraphPublished, AButtonPublishesItsSettingsAtTheirDefaults) {
+  TMarlGradientButton button(nullptr);
+  const char* const names[] = {"Active",     "Direction", "Options",  "SwapColors",
+                               "StartColor", "EndColor",  "HotColor", "ShadowFactor"};
+  for (const char* name : names) {
+    const TPropInfo* prop = GetPropInfo(&button, QString::fromLatin1(name));
+    ASSERT_NE(prop, nullptr) << name;
+    EXPECT_TRUE(IsDefaultPropertyValue(&button, prop)) << name;
+  }
+  EXPECT_EQ(GetPropInfo(&button, QStringLiteral("StepColor")), nullptr);
+  EXPECT_EQ(GetPropInfo(&button, QStringLiteral("Cells")), nullptr);
+  button.SetActive(false);
+  button.SetDirection(gdHorizontal);
+  button.SwitchOptions({goHotButton}, false);
+  button.SetSwapColors(true);
+  button.SetStartColor(clBlack);
+  button.SetEndColor(clNone);
+  button.SetHotColor(clRed);
+  button.SetShadowFactor(-10);
+  for (const char* name : names)
+    EXPECT_FALSE(IsDefaultPropertyValue(&button, GetPropInfo(&button, QString::fromLatin1(name)))) << name;
+}
+
 TEST_F(MarlGraphTest, AGradientGivesWayToThemesUnlessForced) {
   TMarlGradient gradient(nullptr);
   ASSERT_TRUE(ThemesEnabled());
@@ -136,6 +208,7 @@ TEST_F(MarlGraphTest, AGradientGivesWayToThemesUnlessForced) {
   EXPECT_FALSE(gradient.IsHotActive(true));
   gradient.SwitchOptions({goHotColor}, true);
   EXPECT_TRUE(gradient.IsHotActive(true));
+  EXPECT_FALSE(gradient.IsHotActive(false));
   gradient.SetActive(false);
   EXPECT_FALSE(gradient.IsActive(true));
   gradient.SetActive(true);
@@ -224,6 +297,23 @@ TEST_F(MarlGraphTest, FillCellShadesTheColorAndKeepsVeryLightColorsFromTurningWh
   EXPECT_EQ(Pixel(45, 20), GetShadowColor(color, 20));
 }
 
+// What the grid passes is a system color, whose value the active style decides.
+TEST_F(MarlGraphTest, FillCellWorksTheShadesOutAgainWhenAStyleSwitchMovesTheColor) {
+  TMarlGradient gradient(nullptr);
+  gradient.FillCell(canvas(), Rect(0, 0, 10, 40), clHighlight, true);
+  gradient.FillCell(canvas(), Rect(10, 0, 20, 40), clHighlight, false);
+  const TColor systemFlat = Pixel(5, 20);
+  EXPECT_EQ(systemFlat, GetShadowColor(ColorToRGB(clHighlight), 20));
+  TStyleManager::SetStyle(QStringLiteral("Quil Dark"));
+  const TColor dark = ColorToRGB(clHighlight);
+  gradient.FillCell(canvas(), Rect(20, 0, 30, 40), clHighlight, true);
+  gradient.FillCell(canvas(), Rect(30, 0, 40, 40), clHighlight, false);
+  EXPECT_NE(Pixel(25, 20), systemFlat);
+  EXPECT_EQ(Pixel(25, 20), GetShadowColor(dark, 20));
+  ExpectNear(Pixel(35, 0), GetShadowColor(dark, 35));
+  ExpectNear(Pixel(35, 39), GetShadowColor(dark, 10));
+}
+
 TEST_F(MarlGraphTest, FillBackPutsTheGradientBehindWhatIsDrawn) {
   const TColor background = RGB(200, 200, 200);
   canvas()->Brush()->SetColor(background);
@@ -243,6 +333,64 @@ TEST_F(MarlGraphTest, FillBackWithNoRoomInsideTheMarginDoesNothing) {
   TMarlGradient gradient(nullptr);
   gradient.FillBack(canvas(), Rect(0, 0, 10, 10), clWhite, 2, 3, false, false, false);
   for (int x = 0; x < 12; ++x) EXPECT_EQ(Pixel(x, 5), clWhite) << x;
+}
+
+// The extent of the filled area is read off a plain fill in the end color, on a white
+// canvas whose white is the background that FillBack lays back transparently.
+class FillBackGrowthTest : public MarlGraphTest {
+protected:
+  // The filled rectangle, as the first and last pixels that are not white along the
+  // diagonal-free middle lines of the 40 by 40 square at the origin.
+  TRect Filled() {
+    TRect filled = Rect(-1, -1, -1, -1);
+    for (int x = 0; x < 40; ++x)
+      if (Pixel(x, 20) != clWhite) {
+        if (filled.Left < 0) filled.Left = x;
+        filled.Right = x + 1;
+      }
+    for (int y = 0; y < 40; ++y)
+      if (Pixel(20, y) != clWhite) {
+        if (filled.Top < 0) filled.Top = y;
+        filled.Bottom = y + 1;
+      }
+    return filled;
+  }
+  TRect Grown(TMarlGradient& gradient, bool hot, bool pressed, bool styled = false) {
+    SetUp();
+    if (styled) gradient.FillStyleBack(canvas(), Rect(0, 0, 40, 40), clWhite, 5, 0, hot, pressed, true);
+    else gradient.FillBack(canvas(), Rect(0, 0, 40, 40), clWhite, 5, 0, hot, pressed, true);
+    return Filled();
+  }
+};
+
+TEST_F(FillBackGrowthTest, APlainButtonGrowsUpAndLeftAPressedOneDownAndRight) {
+  TMarlGradient gradient(nullptr);
+  gradient.SetOptions({});
+  gradient.SetEndColor(clRed);
+  gradient.FillBack(canvas(), Rect(0, 0, 40, 40), clWhite, 5, 0, false, false, false);
+  EXPECT_EQ(Filled(), Rect(5, 5, 35, 35));
+  EXPECT_EQ(Pixel(20, 20), clRed);
+  EXPECT_EQ(Grown(gradient, false, false), Rect(4, 4, 35, 35));
+  EXPECT_EQ(Grown(gradient, false, true), Rect(5, 5, 36, 36));
+  // Hot without hot tracking grows as a plain button does.
+  EXPECT_EQ(Grown(gradient, true, true), Rect(5, 5, 36, 36));
+}
+
+TEST_F(FillBackGrowthTest, AHotTrackedButtonGrowsOnAllSides) {
+  TMarlGradient gradient(nullptr);
+  gradient.SetOptions({goHotTrack});
+  gradient.SetEndColor(clRed);
+  EXPECT_EQ(Grown(gradient, true, true), Rect(4, 4, 36, 36));
+  EXPECT_EQ(Grown(gradient, true, false), Rect(4, 4, 36, 36));
+}
+
+TEST_F(FillBackGrowthTest, AStyledButtonGrowsOnAllSidesOnlyWhenHot) {
+  TStyleManager::SetStyle(QStringLiteral("Quil Dark"));
+  TMarlGradient gradient(nullptr);
+  gradient.SetOptions({});
+  EXPECT_EQ(Grown(gradient, false, false, true), Rect(5, 5, 35, 35));
+  EXPECT_EQ(Grown(gradient, false, true, true), Rect(5, 5, 35, 35));
+  EXPECT_EQ(Grown(gradient, true, false, true), Rect(4, 4, 36, 36));
 }
 
 TEST_F(MarlGraphTest, FillStepEndsInTheStepColorAndPutsTheEndColorBack) {
@@ -271,40 +419,40 @@ TEST_F(MarlGraphTest, FillStyleRectRunsFromLighterToDarkerAndPlainWithoutGradien
   EXPECT_EQ(Pixel(50, 0), color);
 }
 
-TEST_F(MarlGraphTest, FillStyleBackTakesTheStyleElementsColors) {
+struct StyleBackCase {
+  const char* name;
+  bool hot, pressed;
+  TThemedGrid gradientPart, classicPart;
+};
+
+class FillStyleBackTest : public MarlGraphTest, public ::testing::WithParamInterface<StyleBackCase> {};
+
+// The fixed grid cell of the button's state: its gradient pair with gradients on, else
+// its fill.
+TEST_P(FillStyleBackTest, TakesTheColorsOfTheStylesElementForTheState) {
   TStyleManager::SetStyle(QStringLiteral("Quil Dark"));
+  const StyleBackCase& row = GetParam();
   const TCustomStyleServices* style = StyleServices();
+  const TThemedElementDetails gradientPart = TCustomStyleServices::GetElementDetails(row.gradientPart);
   TColor top = clNone, bottom = clNone, classic = clNone;
-  style->GetElementColor(TCustomStyleServices::GetElementDetails(tgGradientFixedCellHot), ecGradientColor1, top);
-  style->GetElementColor(TCustomStyleServices::GetElementDetails(tgGradientFixedCellHot), ecGradientColor2, bottom);
-  style->GetElementColor(TCustomStyleServices::GetElementDetails(tgClassicFixedCellPressed), ecFillColor, classic);
+  style->GetElementColor(gradientPart, ecGradientColor1, top);
+  style->GetElementColor(gradientPart, ecGradientColor2, bottom);
+  style->GetElementColor(TCustomStyleServices::GetElementDetails(row.classicPart), ecFillColor, classic);
   TMarlGradient gradient(nullptr);
-  gradient.FillStyleBack(canvas(), Rect(0, 0, 20, 40), clWhite, 0, 0, true, false, false);
+  gradient.FillStyleBack(canvas(), Rect(0, 0, 20, 40), clWhite, 0, 0, row.hot, row.pressed, false);
   ExpectNear(Pixel(10, 0), top);
   ExpectNear(Pixel(10, 39), bottom);
   gradient.SetOptions({});
-  gradient.FillStyleBack(canvas(), Rect(20, 0, 40, 40), clWhite, 0, 0, false, true, false);
+  gradient.FillStyleBack(canvas(), Rect(20, 0, 40, 40), clWhite, 0, 0, row.hot, row.pressed, false);
   EXPECT_EQ(Pixel(30, 20), classic);
 }
 
-TEST(MarlGraphPlatform, VersionQuestions) {
-  EXPECT_FALSE(IsWin11Version(10, 19045));
-  EXPECT_TRUE(IsWin11Version(10, 22000));
-  EXPECT_TRUE(IsWin08Version(10, 0));
-  EXPECT_TRUE(IsWin08Version(6, 2));
-  EXPECT_FALSE(IsWin08Version(6, 1));
-  // The framework draws in the newest manner.
-  EXPECT_TRUE(IsVista());
-  EXPECT_TRUE(IsWin08());
-  EXPECT_TRUE(IsWin11());
-}
-
-TEST(MarlGraphPlatform, StylesEnabledFollowsTheCustomStyle) {
-  EXPECT_FALSE(StylesEnabled());
-  TStyleManager::SetStyle(QStringLiteral("Quil Light"));
-  EXPECT_TRUE(StylesEnabled());
-  TStyleManager::SetStyle(TStyleManager::SystemStyleName());
-}
+INSTANTIATE_TEST_SUITE_P(
+    States, FillStyleBackTest,
+    ::testing::Values(StyleBackCase{"Normal", false, false, tgGradientFixedCellNormal, tgClassicFixedCellNormal},
+                      StyleBackCase{"Hot", true, false, tgGradientFixedCellHot, tgClassicFixedCellHot},
+                      StyleBackCase{"Pressed", false, true, tgGradientFixedCellPressed, tgClassicFixedCellPressed}),
+    [](const ::testing::TestParamInfo<StyleBackCase>& info) { return std::string(info.param.name); });
 
 }  // namespace
 }  // namespace quil

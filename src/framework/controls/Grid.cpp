@@ -7,8 +7,14 @@
 #include "framework/controls/Grids.h"
 #include "framework/controls/ScrollBars.h"
 #include "framework/rtl/Exceptions.h"
+#include "framework/rtl/TypInfo.h"
 
 namespace quil {
+
+const TEnumTypeInfo& TypeInfo(TGridDrawingStyle) {
+  static const TEnumTypeInfo info("TGridDrawingStyle", {"gdsClassic", "gdsThemed", "gdsGradient"});
+  return info;
+}
 
 void TGridExtents::Set(int index, int size) {
   if (size == default_) custom_.erase(index);

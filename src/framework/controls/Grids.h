@@ -41,6 +41,7 @@ using TGridDrawState = TSet<TGridDrawStateMember>;
 
 // How a grid paints its cells: the raised look, the theme's elements, or gradients.
 enum TGridDrawingStyle { gdsClassic, gdsThemed, gdsGradient };
+const TEnumTypeInfo& TypeInfo(TGridDrawingStyle);
 
 enum TGridState { gsNormal, gsSelecting, gsRowSizing, gsColSizing, gsRowMoving, gsColMoving };
 enum TScrollStyle { ssNone, ssHorizontal, ssVertical, ssBoth };

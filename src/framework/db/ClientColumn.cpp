@@ -41,6 +41,17 @@ void TClientColumn::UpdateFixedData() {
       values_);
 }
 
+bool TClientColumn::ReadValue(int row, void* buffer) const {
+  std::visit(
+      [&](const auto& values) {
+        using T = typename std::decay_t<decltype(values)>::value_type;
+        if constexpr (std::is_same_v<T, uint8_t>) *static_cast<bool*>(buffer) = values[size_t(row)] != 0;
+        else *static_cast<T*>(buffer) = values[size_t(row)];
+      },
+      values_);
+  return true;
+}
+
 Variant TClientColumn::Value(int row) const {
   if (nulls_[size_t(row)]) return Null();
   TNativeValue value(kind_);

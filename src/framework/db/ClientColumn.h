@@ -37,11 +37,17 @@ public:
       case 1: std::memcpy(buffer, value, 1); break;
       case 4: std::memcpy(buffer, value, 4); break;
       case 8: std::memcpy(buffer, value, 8); break;
-      default: ReadValue(row, buffer); break;
+      default: return ReadValue(row, buffer);
     }
     return true;
   }
   Variant Value(int row) const;
+  bool IsNull(int row) const { return nulls_[size_t(row)] != 0; }
+  // The stored value of a row, for a column whose kind stores T; reads nothing else.
+  template <typename T>
+  const T& At(int row) const {
+    return (*std::get_if<std::vector<T>>(&values_))[size_t(row)];
+  }
   // Null or Unassigned clears the value; raises EVariantError when value does not fit.
   void Write(int row, const Variant& value);
   // Null first; text code unit by code unit, or without case.
@@ -50,15 +56,8 @@ public:
 
 private:
   void UpdateFixedData();
-  void ReadValue(int row, void* buffer) const {
-    std::visit(
-        [&](const auto& values) {
-          using T = typename std::decay_t<decltype(values)>::value_type;
-          if constexpr (std::is_same_v<T, uint8_t>) *static_cast<bool*>(buffer) = values[size_t(row)] != 0;
-          else *static_cast<T*>(buffer) = values[size_t(row)];
-        },
-        values_);
-  }
+  // Values of no fixed size; out of line, so that Read's callers stay small. True.
+  bool ReadValue(int row, void* buffer) const;
 
   TNativeKind kind_;
   std::vector<uint8_t> nulls_;

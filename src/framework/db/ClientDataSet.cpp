@@ -185,6 +185,14 @@ void TCustomClientDataSet::FreeRecordBuffer(TRecordBuffer& buffer) {
   buffer = nullptr;
 }
 
+namespace {
+
+// Out of line: freeing the values inline would give every fetch a frame to save
+// registers in, and a walk fetches once per record.
+[[gnu::noinline]] void DropPending(std::unique_ptr<std::vector<Variant>>& pending) { pending.reset(); }
+
+}  // namespace
+
 TGetResult TCustomClientDataSet::GetRecord(TRecordBuffer buffer, TGetMode mode, bool doCheck) {
   const int count = int(view_.size());
   int position = cursor_;
@@ -204,7 +212,7 @@ TGetResult TCustomClientDataSet::GetRecord(TRecordBuffer buffer, TGetMode mode, 
   record->flag = bfCurrent;
   record->position = position;
   record->version = viewVersion_;
-  record->pending.reset();
+  if (record->pending) [[unlikely]] DropPending(record->pending);
   GetCalcFields(buffer);
   return grOK;
 }
@@ -285,8 +293,21 @@ void TCustomClientDataSet::SetRecNo(int value) {
 // --- Field values ---------------------------------------------------------------------
 
 bool TCustomClientDataSet::GetFieldData(TField* field, void* buffer) {
+  // A walk reads a stored row of a browsed record on every call: that case calls
+  // nothing, so it needs no frame; every other goes to OtherFieldData.
+  const int fieldNo = field->FieldNo();
+  if (fieldNo <= 0 || State() != dsBrowse) [[unlikely]] return OtherFieldData(field, buffer);
+  const TRecordBuffer recordBuffer = StateBuffer();
+  if (!recordBuffer) return false;
+  const TRecord* record = Record(recordBuffer);
+  if (record->pending || record->row < 0 || record->flag != bfCurrent) [[unlikely]]
+    return OtherFieldData(field, buffer);
+  return columns_[size_t(fieldNo - 1)].Read(record->row, buffer);
+}
+
+bool TCustomClientDataSet::OtherFieldData(TField* field, void* buffer) {
   if (field->FieldNo() <= 0) return TDataSet::GetFieldData(field, buffer);
-  TRecordBuffer recordBuffer = StateBuffer();
+  const TRecordBuffer recordBuffer = StateBuffer();
   if (!recordBuffer) return false;
   const TRecord* record = Record(recordBuffer);
   const size_t column = size_t(field->FieldNo() - 1);

@@ -123,6 +123,8 @@ private:
   class TFilterRecord;
 
   static TRecord* Record(TRecordBuffer buffer) { return reinterpret_cast<TRecord*>(buffer); }
+  // GetFieldData for all but a stored row in browse state.
+  bool OtherFieldData(TField* field, void* buffer);
 
   // Data
   void ResetStore();

@@ -24,6 +24,30 @@ public:
     if (fieldIndex < columnCount) return dataSet_.columns_[size_t(fieldIndex)].Value(row_);
     return dataSet_.filterFields_[size_t(fieldIndex - columnCount)]->AsVariant();
   }
+  TFilterNativeValue FieldNative(int fieldIndex) const override {
+    TFilterNativeValue value;
+    if (size_t(fieldIndex) >= dataSet_.columns_.size()) return value;
+    const TClientColumn& column = dataSet_.columns_[size_t(fieldIndex)];
+    using TKind = TFilterNativeValue::TKind;
+    switch (column.Kind()) {
+      case TNativeKind::Int32: value.kind = TKind::Integer; break;
+      case TNativeKind::Int64: value.kind = TKind::Integer; break;
+      case TNativeKind::Double: value.kind = TKind::Real; break;
+      case TNativeKind::String: value.kind = TKind::Text; break;
+      default: return value;
+    }
+    if (column.IsNull(row_)) {
+      value.kind = TKind::Null;
+      return value;
+    }
+    switch (column.Kind()) {
+      case TNativeKind::Int32: value.integer = column.At<int32_t>(row_); break;
+      case TNativeKind::Int64: value.integer = column.At<int64_t>(row_); break;
+      case TNativeKind::Double: value.real = column.At<double>(row_); break;
+      default: value.text = &column.At<QString>(row_); break;
+    }
+    return value;
+  }
 
 private:
   const TCustomClientDataSet& dataSet_;

@@ -303,7 +303,9 @@ protected:
   }
   int BookmarkSize() const { return bookmarkSize_; }
   void SetBookmarkSize(int size) { bookmarkSize_ = size; }
-  void SetCurrentRecord(int index);
+  void SetCurrentRecord(int index) {
+    if (currentRecord_ != index) MoveCursorTo(index);
+  }
   void InitRecord(TRecordBuffer buffer);
   // A buffer of the descendant's with storage for calculated values, for a descendant
   // that tests records outside the window; give it back with DestroyRecordBuffer.
@@ -360,7 +362,23 @@ private:
   void SetBufListSize(int count);
   void ClearBuffers();
   void ActivateBuffers();
-  void MoveBuffer(int fromIndex, int toIndex);
+  void MoveBuffer(int fromIndex, int toIndex) {
+    if (fromIndex == toIndex) return;
+    // Every scroll past the edge of a full window comes here: the ring turns by one.
+    const size_t lastIndex = buffers_.size() - 1;
+    if (fromIndex == 0 && size_t(toIndex) == lastIndex) {
+      firstBuffer_ = firstBuffer_ == lastIndex ? 0 : firstBuffer_ + 1;
+      return;
+    }
+    if (size_t(fromIndex) == lastIndex && toIndex == 0) {
+      firstBuffer_ = firstBuffer_ == 0 ? lastIndex : firstBuffer_ - 1;
+      return;
+    }
+    ShiftBuffers(fromIndex, toIndex);
+  }
+  // MoveBuffer over a part of the window: the buffers between shift by one.
+  void ShiftBuffers(int fromIndex, int toIndex);
+  void MoveCursorTo(int index);
   bool GetNextRecord();
   bool GetPriorRecord();
   // The steps of MoveBy; they answer how many records they moved.

@@ -65,18 +65,7 @@ void TDataSet::ActivateBuffers() {
   eof_ = false;
 }
 
-void TDataSet::MoveBuffer(int fromIndex, int toIndex) {
-  if (fromIndex == toIndex) return;
-  // Every scroll past the edge of a full window comes here: the ring turns by one.
-  const int lastIndex = int(buffers_.size()) - 1;
-  if (fromIndex == 0 && toIndex == lastIndex) {
-    firstBuffer_ = int(firstBuffer_) == lastIndex ? 0 : firstBuffer_ + 1;
-    return;
-  }
-  if (fromIndex == lastIndex && toIndex == 0) {
-    firstBuffer_ = firstBuffer_ == 0 ? size_t(lastIndex) : firstBuffer_ - 1;
-    return;
-  }
+void TDataSet::ShiftBuffers(int fromIndex, int toIndex) {
   const TRecordBuffer moved = Slot(fromIndex);
   const int step = fromIndex < toIndex ? 1 : -1;
   for (int index = fromIndex; index != toIndex; index += step) Slot(index) = Slot(index + step);
@@ -95,8 +84,7 @@ TRecordBuffer TDataSet::OtherStateBuffer() const {
 
 // --- Fetching -------------------------------------------------------------------------
 
-void TDataSet::SetCurrentRecord(int index) {
-  if (currentRecord_ == index) return;
+void TDataSet::MoveCursorTo(int index) {
   if (!uniDirectional_) {
     TRecordBuffer buffer = Slot(index);
     switch (GetBookmarkFlag(buffer)) {
@@ -112,7 +100,8 @@ void TDataSet::UpdateCursorPos() {
   if (recordCount_ > 0) SetCurrentRecord(activeRecord_);
 }
 
-bool TDataSet::GetNextRecord() {
+// Inline, as is MoveForward: a walk runs through both once per record.
+inline bool TDataSet::GetNextRecord() {
   TGetMode mode = gmNext;
   if (recordCount_ > 0) {
     SetCurrentRecord(recordCount_ - 1);
@@ -197,7 +186,8 @@ void TDataSet::Last() {
 }
 
 int TDataSet::MoveBy(int distance) {
-  CheckBrowseMode();
+  // A walk with controls disabled browses: CheckBrowseMode would neither notify nor post.
+  if (state_ != dsBrowse || !ControlsDisabled()) CheckBrowseMode();
   DoBeforeScroll();
   if (!((distance > 0 && !eof_) || (distance < 0 && !bof_))) return 0;
   bof_ = false;
@@ -231,7 +221,7 @@ int TDataSet::MoveBy(int distance) {
   return moved;
 }
 
-int TDataSet::MoveForward(int distance, int& scrolled) {
+inline int TDataSet::MoveForward(int distance, int& scrolled) {
   int moved = 0;
   for (; moved < distance; ++moved) {
     if (activeRecord_ < recordCount_ - 1) {

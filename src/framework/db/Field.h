@@ -202,6 +202,8 @@ private:
   friend class TFields;
   friend class TObjectField;
 
+  // GetData without a data set, or while OnValidate runs.
+  bool GetDataAside(void* buffer) const;
   // The fields below this one, depth-first; none but for a structured field.
   void AppendDescendants(std::vector<TField*>& list) const;
   // Gives this field and its descendants to dataSet, in no list yet.

@@ -26,6 +26,7 @@
 // Every failure raises EDatabaseError naming the 1-based position in the text.
 
 #include <QString>
+#include <cstdint>
 #include <functional>
 #include <memory>
 #include <optional>
@@ -47,11 +48,27 @@ struct TFilterField {
 // Finds a field by name while compiling; no value means there is no such field.
 using TFilterFieldResolver = std::function<std::optional<TFilterField>(const QString& fieldName)>;
 
+// A field's value as a source keeps it, for a test that can do without a Variant. It
+// stands for what FieldValue would give: Integer for an integral Variant, Real for a
+// varDouble, Text for a varString. Unknown sends the test to FieldValue.
+struct TFilterNativeValue {
+  enum class TKind : uint8_t { Unknown, Null, Integer, Real, Text };
+  TKind kind = TKind::Unknown;
+  union {
+    int64_t integer = 0;
+    double real;
+    const QString* text;  // valid until the source changes
+  };
+};
+
 // The record under test.
 class TFilterValueSource {
 public:
   virtual ~TFilterValueSource() = default;
   virtual Variant FieldValue(int fieldIndex) const = 0;
+  // A source that keeps values in a native form answers here, saving a filter over many
+  // records a Variant per field it reads.
+  virtual TFilterNativeValue FieldNative(int fieldIndex) const { return {}; }
 };
 
 enum class TFilterCase { Sensitive, Insensitive };

@@ -59,6 +59,24 @@ private:
   TFilterOperandPtr operand_;
 };
 
+// A constant in the form that a field's native value compares with (TFilterNativeValue),
+// so that a test of a field against constants needs no Variant; None for the kinds
+// that need the general rules.
+struct TFilterNativeConstant {
+  enum class TKind : uint8_t { None, Integer, Real, Text };
+  TKind kind = TKind::None;
+  int64_t integer = 0;
+  double real = 0;  // an Integer's value too, for a Real field
+  QString text;
+
+  static TFilterNativeConstant Of(const Variant& value);
+};
+
+// The sign of field - constant (constant - field unless fieldFirst), as
+// CompareFilterValues would give it; false when the value needs the general rules.
+bool CompareNative(const TFilterNativeValue& field, const TFilterNativeConstant& constant, bool fieldFirst,
+                   TFilterCase textCase, std::optional<int>& sign);
+
 class TFilterNode {
 public:
   virtual ~TFilterNode() = default;
@@ -95,8 +113,7 @@ private:
 
 class TFilterCompareNode final : public TFilterNode {
 public:
-  TFilterCompareNode(TFilterCompareOp op, TFilterOperandPtr left, TFilterOperandPtr right, TFilterCase textCase)
-      : op_(op), left_(std::move(left)), right_(std::move(right)), textCase_(textCase) {}
+  TFilterCompareNode(TFilterCompareOp op, TFilterOperandPtr left, TFilterOperandPtr right, TFilterCase textCase);
   bool Test(const TFilterValueSource& record) const override;
   TFilterCompareOp Op() const { return op_; }
   const TFilterOperand& Left() const { return *left_; }
@@ -108,12 +125,16 @@ private:
   TFilterOperandPtr left_;
   TFilterOperandPtr right_;
   TFilterCase textCase_;
+  // A field against a constant: the field's index (-1 otherwise), its side, and the
+  // constant in native form.
+  int nativeField_ = -1;
+  bool fieldFirst_ = true;
+  TFilterNativeConstant constant_;
 };
 
 class TFilterLikeNode final : public TFilterNode {
 public:
-  TFilterLikeNode(TFilterOperandPtr operand, TLikePattern pattern)
-      : operand_(std::move(operand)), pattern_(std::move(pattern)) {}
+  TFilterLikeNode(TFilterOperandPtr operand, TLikePattern pattern);
   bool Test(const TFilterValueSource& record) const override;
   const TFilterOperand& Operand() const { return *operand_; }
   const TLikePattern& Pattern() const { return pattern_; }
@@ -121,12 +142,12 @@ public:
 private:
   TFilterOperandPtr operand_;
   TLikePattern pattern_;
+  int nativeField_ = -1;  // the operand's field, -1 when it is none
 };
 
 class TFilterInNode final : public TFilterNode {
 public:
-  TFilterInNode(TFilterOperandPtr operand, std::vector<Variant> items, TFilterCase textCase)
-      : operand_(std::move(operand)), items_(std::move(items)), textCase_(textCase) {}
+  TFilterInNode(TFilterOperandPtr operand, std::vector<Variant> items, TFilterCase textCase);
   bool Test(const TFilterValueSource& record) const override;
   const TFilterOperand& Operand() const { return *operand_; }
   const std::vector<Variant>& Items() const { return items_; }
@@ -136,6 +157,8 @@ private:
   TFilterOperandPtr operand_;
   std::vector<Variant> items_;
   TFilterCase textCase_;
+  int nativeField_ = -1;  // the operand's field, -1 when it is none
+  std::vector<TFilterNativeConstant> nativeItems_;
 };
 
 enum class TFilterValueTest { IsNull, IsTrue };
@@ -144,7 +167,7 @@ enum class TFilterValueTest { IsNull, IsTrue };
 // not true).
 class TFilterValueTestNode final : public TFilterNode {
 public:
-  TFilterValueTestNode(TFilterValueTest test, TFilterOperandPtr operand) : test_(test), operand_(std::move(operand)) {}
+  TFilterValueTestNode(TFilterValueTest test, TFilterOperandPtr operand);
   bool Test(const TFilterValueSource& record) const override;
   TFilterValueTest ValueTest() const { return test_; }
   const TFilterOperand& Operand() const { return *operand_; }
@@ -152,6 +175,7 @@ public:
 private:
   TFilterValueTest test_;
   TFilterOperandPtr operand_;
+  int nativeField_ = -1;  // the operand's field, -1 when it is none
 };
 
 }  // namespace quil

@@ -4,6 +4,7 @@
 
 #include "framework/graphics/Canvas_p.h"
 #include "framework/graphics/Colors_p.h"
+#include "framework/rtl/TypInfo.h"
 
 namespace quil {
 
@@ -16,6 +17,11 @@ TTriVertex Vertex(int x, int y, TColor color) {
                     uint16_t(GetBValue(rgb) << 8), 0};
 }
 }  // namespace
+
+const TEnumTypeInfo& TypeInfo(TGradientDirection) {
+  static const TEnumTypeInfo info("TGradientDirection", {"gdHorizontal", "gdVertical"});
+  return info;
+}
 
 bool GradientFill(HDC dc, const TTriVertex* vertices, uint32_t vertexCount, const TGradientRect* mesh,
                   uint32_t meshCount, uint32_t mode) {

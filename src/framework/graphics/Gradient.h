@@ -27,6 +27,8 @@ constexpr uint32_t GRADIENT_FILL_RECT_H = 0;
 constexpr uint32_t GRADIENT_FILL_RECT_V = 1;
 
 enum TGradientDirection { gdHorizontal, gdVertical };
+class TEnumTypeInfo;
+const TEnumTypeInfo& TypeInfo(TGradientDirection);
 
 // The first pixel column (or row) takes the upper-left vertex' color, the last one
 // the lower-right's. Only the two rectangle modes are known; others answer false.

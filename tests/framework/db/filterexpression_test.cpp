@@ -54,10 +54,45 @@ public:
   }
   QString Name() const { return values_[colName].AsString(); }
   std::vector<int>& Reads() const { return reads_; }
+  const Variant& At(int fieldIndex) const { return values_.at(size_t(fieldIndex)); }
 
 private:
   std::vector<Variant> values_;
   mutable std::vector<int> reads_;
+};
+
+// The same row from a source that also answers native values, for the kinds that have
+// them: a test must find the same rows either way.
+class TNativeRow : public TFilterValueSource {
+public:
+  explicit TNativeRow(const TRow& row) : row_(row) {}
+  Variant FieldValue(int fieldIndex) const override { return row_.At(fieldIndex); }
+  TFilterNativeValue FieldNative(int fieldIndex) const override {
+    const Variant& value = row_.At(fieldIndex);
+    TFilterNativeValue native;
+    switch (value.Type()) {
+      case varNull: native.kind = TFilterNativeValue::TKind::Null; break;
+      case varInteger: case varInt64:
+        native.kind = TFilterNativeValue::TKind::Integer;
+        native.integer = value.AsInt64();
+        break;
+      case varDouble:
+        native.kind = TFilterNativeValue::TKind::Real;
+        native.real = value.AsDouble();
+        break;
+      case varString:
+        native.kind = TFilterNativeValue::TKind::Text;
+        text_ = value.AsString();
+        native.text = &text_;
+        break;
+      default: break;
+    }
+    return native;
+  }
+
+private:
+  const TRow& row_;
+  mutable QString text_;
 };
 
 Variant Day(int year, int month, int day) { return VarFromDateTime(EncodeDate(year, month, day)); }
@@ -101,8 +136,11 @@ private:
 
 QStringList MatchingNames(const TFilterExpression& expression) {
   QStringList names;
-  for (const TRow& row : Rows())
-    if (expression.Matches(row)) names << (row.Name().isEmpty() ? QStringLiteral("<empty>") : row.Name());
+  for (const TRow& row : Rows()) {
+    const bool matches = expression.Matches(row);
+    if (matches) names << (row.Name().isEmpty() ? QStringLiteral("<empty>") : row.Name());
+    if (expression.Matches(TNativeRow(row)) != matches) names << QStringLiteral("<native differs>");
+  }
   return names;
 }
 
@@ -237,6 +275,20 @@ INSTANTIATE_TEST_SUITE_P(Nulls, FilterMatches, testing::Values(
     TMatchCase{"Price = 0 OR Price IS NULL", {"Carl", "<empty>"}},
     TMatchCase{"Price > NULL", {}},
     TMatchCase{"UPPER(City) IS NULL", {"Carl"}}));
+
+// A field against a constant on either side, of the same kind or integer against real,
+// as a source with native values answers them without a Variant.
+INSTANTIATE_TEST_SUITE_P(FieldAgainstConstant, FilterMatches, testing::Values(
+    TMatchCase{"12 = Price", {"Bert"}},
+    TMatchCase{"0 > Price", {"O'Hara"}},
+    TMatchCase{"Id < 2.5", {"Anna", "Bert"}},
+    TMatchCase{"2.5 > Id", {"Anna", "Bert"}},
+    TMatchCase{"Price >= 3", {"Anna", "Bert"}},
+    TMatchCase{"'Bert' <= Name", {"Bert", "Carl", "O'Hara"}},
+    TMatchCase{"Name IN (1, 'Carl')", {"Carl"}},
+    TMatchCase{"Id IN (2.0, 20)", {"Bert", "<empty>"}},
+    TMatchCase{"City NOT LIKE 'Ab%'", {"Bert", "Carl", "O'Hara", "<empty>"}},
+    TMatchCase{"Price IS NULL OR Price < 1", {"Carl", "O'Hara", "<empty>"}}));
 
 INSTANTIATE_TEST_SUITE_P(Booleans, FilterMatches, testing::Values(
     TMatchCase{"Active = True", {"Anna", "O'Hara"}},
