@@ -86,7 +86,6 @@ protected:
     ++colExits;
     TQuilDBGrid::ColExit();
     if (exitMovesTo >= 0) SetCol(exitMovesTo);
-    else TQuilDBGrid::ColExit();
   }
   void CreateWnd() override {
     ++windowsMade;
