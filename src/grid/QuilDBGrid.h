@@ -201,6 +201,8 @@ public:
   int StretchPixelsLeft() const { return 0; }
   int StretchBasesLeft() const { return 0; }
   virtual void StretchGrid() {}
+  // Starts or ends stretching as StretchMode and the link say.
+  void SetStretchActive() {}
   // The raw column whose width changed last; -1 once the base grid took it in.
   int ResizedCol() const { return resizedCol_; }
   void SetResizedCol(int rawCol) { resizedCol_ = rawCol; }
@@ -223,6 +225,9 @@ public:
   void SetGridLineWidth(int value);
   // The client area changes, and the rows that fit with it.
   void SetBorderStyle(TBorderStyle value);
+  // FIXME: scrolling owns the bars the grid asks for, both by default; the base grid's
+  // bar is only the horizontal one, since the vertical bar belongs to the record window.
+  TScrollStyle ScrollBars() const { return ssBoth; }
   bool ReadOnly() const { return readOnly_; }
   void SetReadOnly(bool value) { readOnly_ = value; }
   // Setting Ctl3D takes the choice away from the fixed style.
@@ -321,10 +326,13 @@ public:
   virtual void DefineFieldMap();
 
   // --- Movement
+  // Moves the record window with the cursor held on its screen row, within the data.
+  bool GetScrollGridMode() const;
   int MoveBy(int distance, bool force = false);
   void MoveCol(int rawCol, int direction);
   int GetPosition() const;
   void SetPosition(int index);
+  // The active record's number from 1, -1 when none is known; the count, 0 when unknown.
   int GetRecNumber() const;
   void SetRecNumber(int value);
   int GetRecCount() const;
@@ -582,7 +590,9 @@ protected:
   // Recomputes the record numbers; true when any changed.
   virtual bool UpdateSequenceValues();
   virtual void UpdateScrollBar();
-  virtual void TotalsChanged();
+  // The total cells that show totalResult of field, or of any field when it is null,
+  // have a new value.
+  virtual void TotalsChanged(TTotalResult totalResult, TField* field);
   virtual void ColEnter();
   virtual void ColExit();
 
@@ -598,6 +608,26 @@ protected:
   void AlwaysShowEditor();
   // FIXME: row and column selection clear the selection lists here.
   void ClearSelection() {}
+  // FIXME: row and column selection derive the live kind from MultiSelectOptions, keep
+  // the frozen columns out of a column selection unless msFixed, and tell whether
+  // columns are selected.
+  void UpdateMultiSelect() {}
+  void UpdateSelectionOffset() {}
+  bool GetColsSelection() const { return false; }
+  // FIXME: scrolling shows the horizontal flat scroll bar while the columns are wider
+  // than the window.
+  void UpdateHorzFlatSB() {}
+  // FIXME: search shows its panel and places it beside the grid.
+  virtual void ShowSearchPanel() {}
+  virtual void UpdateSearchPanel() {}
+  // FIXME: column filters take the data set's filter over and give it back, write each
+  // column's filter text, and filter the rows.
+  void UpdateFilter() {}
+  void UpdateFilterText() {}
+  virtual void FilterChanged() {}
+  // FIXME: ordering reads the data set's order into the markers, or applies the grid's.
+  void SetupCurrentOrder() {}
+  void UpdateOrder(bool) {}
 
 private:
   class TBusyScope;

@@ -39,15 +39,18 @@ void TQuilCustomDBGrid::LinkActive(bool value) {
   ClearSelection();
   LayoutChanged();
   FreeDockedGrids();
-  // FIXME: column filters take over the data set's filter, and stretching starts.
+  UpdateFilter();
   UpdateListItems(false);
   UpdateSequence(false);
   UpdateScrollBar();
+  UpdateHorzFlatSB();
   UpdateRowCount();
-  // FIXME: ordering loads or applies the order here.
+  SetStretchActive();
+  if (value && optionsEx_.Contains(dgLoadCurrentOrder)) SetupCurrentOrder();
   treeView_->CheckState();
   if (treeView_->Active()) DataSet()->First();
   if (value) {
+    // FIXME: ordering applies the stored order, or sets the markers from it, here.
     Synchronize();
     AlwaysShowEditor();
   }
@@ -83,6 +86,7 @@ void TQuilCustomDBGrid::DataChanged() {
   }
   UpdateRowCount();
   UpdateScrollBar();
+  UpdateHorzFlatSB();
   UpdateActive();
   InvalidateEditor();
   // Whatever was queued is covered by the whole invalidation: the change paints once.
@@ -98,14 +102,16 @@ void TQuilCustomDBGrid::RecordChanged(TField* field) {
       TQuilColumn* column = columns_->Items(dataCol);
       TField* shown = column->Field();
       if (!column->GetShowing() || !shown) continue;
-      bool depends = shown == field || (shown->FieldKind() == fkLookup &&
+      const bool depends = shown == field || (shown->FieldKind() == fkLookup &&
                                         shown->KeyFields().compare(field->FieldName(), Qt::CaseInsensitive) == 0);
-      if (depends) InvalidateCol(DataToRawColumn(dataCol));
+      if (!depends) continue;
+      InvalidateCol(DataToRawColumn(dataCol));
+      TotalsChanged(trDataField, field);
     }
   } else {
     InvalidateData();
+    TotalsChanged(trDataField, nullptr);
   }
-  TotalsChanged();
   // Taking the field's text back would end a Korean composition under way.
   const bool composing =
       SysLocale.PriLangID == LANG_KOREAN && InplaceEditor() && InplaceEditor()->ImeComposing();
@@ -209,18 +215,19 @@ void TQuilCustomDBGrid::Scroll(int distance) {
     }
     AlwaysShowEditor();
   }
-  TotalsChanged();
+  TotalsChanged(trDataField, nullptr);
   if (updateLock_ == 0) Update();
 }
 
-// Moves the pixels of the data rows and paints only the rows that come into view.
+// Moves the pixels of the data rows and paints only the rows that come into view. The
+// area ends at the last data row's line: below it lies the blank row or the strip left
+// over when the height is not a whole number of rows, which no row may be moved into.
+// The box spans all columns, since column 0 may be scrolled out of view.
 void TQuilCustomDBGrid::ScrollDataRows(int distance) {
-  const int lastDataRow = totalRows_ > 0 ? RowCount() - totalRows_ - 1 : RowCount() - 1;
-  TRect area = CellRect(0, titleOffset_);
-  area.Left = 0;
-  area.Right = ClientWidth();
-  area.Bottom = totalRows_ > 0 ? BoxRect(0, lastDataRow, 0, lastDataRow).Bottom + GetRowLineWidth() : ClientHeight();
-  if (area.IsEmpty()) return;
+  const int lastDataRow = RowCount() - totalRows_ - 1;
+  const TRect rows = BoxRect(0, titleOffset_, ColCount() - 1, lastDataRow);
+  if (rows.IsEmpty()) return;
+  const TRect area{0, rows.Top, ClientWidth(), std::min(rows.Bottom + GetRowLineWidth(), ClientHeight())};
   const int shift = -distance * GetRowHeight();
   ScrollWindowEx(0, shift, &area, &area);
   TRect exposed = area;
@@ -234,8 +241,11 @@ void TQuilCustomDBGrid::WMSize(TMessage& message) {
   dataLink_->UpdateRecord();
   if (updateLock_ == 0) UpdateRowCount();
   UpdateScrollBar();
-  // A new size repaints the whole window, its frame too. FIXME: the search panel and
-  // stretching follow the size.
+  UpdateHorzFlatSB();
+  UpdateSearchPanel();
+  // A new size repaints the whole window, its frame too: the titles, the totals at the
+  // bottom edge, the border and the corner need nothing of their own.
+  StretchGrid();
   InvalidateEditor();
 }
 

@@ -75,6 +75,7 @@ void TQuilCustomDBGrid::DelayUpdateSequence(TObject*) {
   TakeTimer(dtSequence);
   if (!RecalcSequence()) return;
   UpdateScrollBar();
+  UpdateHorzFlatSB();
   UpdateActive();
   InvalidateEditor();
   ValidateRect(ClientRect());
@@ -92,7 +93,7 @@ void TQuilCustomDBGrid::DelayEndSelect(TObject*) { TakeTimer(dtEndSelect); }
 // FIXME: totals calculation runs here.
 void TQuilCustomDBGrid::RecalcTotals() {
   TBusyScope busy(*this);
-  TotalsChanged();
+  TotalsChanged(trCalcValue, nullptr);
 }
 
 bool TQuilCustomDBGrid::RecalcSequence() {
@@ -114,8 +115,8 @@ void TQuilCustomDBGrid::PerformDelayed() {
   if (timers_[dtTotals]) DelayUpdateTotals(nullptr);
 }
 
-// FIXME: totals invalidate their rows when a data change touches them.
-void TQuilCustomDBGrid::TotalsChanged() {}
+// FIXME: totals repaint the cells that match, or lay out again for captions.
+void TQuilCustomDBGrid::TotalsChanged(TTotalResult, TField*) {}
 
 // FIXME: scrolling sets the vertical scroll bar from the record number and count.
 void TQuilCustomDBGrid::UpdateScrollBar() {}

@@ -1,6 +1,7 @@
 // The grid's frame: construction and destruction, owned parts, option sets and the
 // properties that shape the layout.
 #include "framework/controls/Hints.h"
+#include "framework/controls/Menus.h"
 #include "framework/db/DataSet.h"
 #include "framework/db/DataSource.h"
 #include "framework/db/Field.h"
@@ -34,6 +35,58 @@ const TMetaClass& TQuilDBGrid::StaticClass() {
   static const TMetaClass meta =
       TMetaClass("TQuilDBGrid", &TQuilCustomDBGrid::StaticClass())
           .Creates<TQuilDBGrid>()
+          .Published(ObjectProp("DataSource", &TQuilDBGrid::DataSource, &TQuilDBGrid::SetDataSource))
+          .Published(SetProp("Options", &TQuilDBGrid::Options, &TQuilDBGrid::SetOptions).Default(DefaultGridOptions))
+          .Published(SetProp("OptionsEx", &TQuilDBGrid::OptionsEx, &TQuilDBGrid::SetOptionsEx)
+                         .Default(DefaultGridOptionsEx))
+          .Published(SetProp("OptionsExt", &TQuilDBGrid::OptionsExt, &TQuilDBGrid::SetOptionsExt)
+                         .Default(DefaultGridOptionsExt))
+          .Published(EnumProp("BorderStyle", &TQuilDBGrid::BorderStyle, &TQuilDBGrid::SetBorderStyle).Default(bsSingle))
+          .Published(IntProp("GridLineWidth", &TQuilDBGrid::GridLineWidth, &TQuilDBGrid::SetGridLineWidth).Default(1))
+          .Published(BoolProp("DefaultDrawing", &TQuilDBGrid::DefaultDrawing, &TQuilDBGrid::SetDefaultDrawing)
+                         .Default(true))
+          // The framework's own, as a placed control has them.
+          .Published(IntProp("Left", &TQuilDBGrid::Left, &TQuilDBGrid::SetLeft))
+          .Published(IntProp("Top", &TQuilDBGrid::Top, &TQuilDBGrid::SetTop))
+          .Published(IntProp("Width", &TQuilDBGrid::Width, &TQuilDBGrid::SetWidth))
+          .Published(IntProp("Height", &TQuilDBGrid::Height, &TQuilDBGrid::SetHeight))
+          .Published(EnumProp("Align", &TQuilDBGrid::Align, &TQuilDBGrid::SetAlign).Default(alNone))
+          .Published(EnumProp("BiDiMode", &TQuilDBGrid::BiDiMode, &TQuilDBGrid::SetBiDiMode)
+                         .Default(bdLeftToRight)
+                         .StoredBy(&TQuilDBGrid::IsBiDiModeStored))
+          .Published(BoolProp("ParentBiDiMode", &TQuilDBGrid::ParentBiDiMode, &TQuilDBGrid::SetParentBiDiMode)
+                         .Default(true))
+          .Published(IntProp("Color", &TQuilDBGrid::Color, &TQuilDBGrid::SetColor)
+                         .OfType(ColorTypeInfo())
+                         .Default(clWindow)
+                         .StoredBy(&TQuilDBGrid::IsColorStored))
+          .Published(BoolProp("ParentColor", &TQuilDBGrid::ParentColor, &TQuilDBGrid::SetParentColor).Default(false))
+          .Published(ObjectProp("Font", &TQuilDBGrid::Font, &TQuilDBGrid::SetFont).StoredBy(&TQuilDBGrid::IsFontStored))
+          .Published(BoolProp("ParentFont", &TQuilDBGrid::ParentFont, &TQuilDBGrid::SetParentFont).Default(true))
+          .Published(BoolProp("ParentCtl3D", &TQuilDBGrid::ParentCtl3D, &TQuilDBGrid::SetParentCtl3D).Default(true))
+          .Published(ObjectProp("PopupMenu", &TQuilDBGrid::PopupMenu, &TQuilDBGrid::SetPopupMenu))
+          .Published(BoolProp("ShowHint", &TQuilDBGrid::ShowHint, &TQuilDBGrid::SetShowHint)
+                         .Default(false)
+                         .StoredBy(&TQuilDBGrid::IsShowHintStored))
+          .Published(BoolProp("ParentShowHint", &TQuilDBGrid::ParentShowHint, &TQuilDBGrid::SetParentShowHint)
+                         .Default(true))
+          .Published(BoolProp("TabStop", &TQuilDBGrid::TabStop, &TQuilDBGrid::SetTabStop).Default(true))
+          .Published(BoolProp("Visible", &TQuilDBGrid::Visible, &TQuilDBGrid::SetVisible).Default(true))
+          .Published(EventProp("OnClick", &TQuilDBGrid::OnClick, &TQuilDBGrid::SetOnClick))
+          .Published(EventProp("OnDblClick", &TQuilDBGrid::OnDblClick, &TQuilDBGrid::SetOnDblClick))
+          .Published(EventProp("OnEnter", &TQuilDBGrid::OnEnter, &TQuilDBGrid::SetOnEnter))
+          .Published(EventProp("OnExit", &TQuilDBGrid::OnExit, &TQuilDBGrid::SetOnExit))
+          .Published(EventProp("OnKeyDown", &TQuilDBGrid::OnKeyDown, &TQuilDBGrid::SetOnKeyDown))
+          .Published(EventProp("OnKeyPress", &TQuilDBGrid::OnKeyPress, &TQuilDBGrid::SetOnKeyPress))
+          .Published(EventProp("OnKeyUp", &TQuilDBGrid::OnKeyUp, &TQuilDBGrid::SetOnKeyUp))
+          .Published(EventProp("OnMouseDown", &TQuilDBGrid::OnMouseDown, &TQuilDBGrid::SetOnMouseDown))
+          .Published(EventProp("OnMouseEnter", &TQuilDBGrid::OnMouseEnter, &TQuilDBGrid::SetOnMouseEnter))
+          .Published(EventProp("OnMouseLeave", &TQuilDBGrid::OnMouseLeave, &TQuilDBGrid::SetOnMouseLeave))
+          .Published(EventProp("OnMouseMove", &TQuilDBGrid::OnMouseMove, &TQuilDBGrid::SetOnMouseMove))
+          .Published(EventProp("OnMouseUp", &TQuilDBGrid::OnMouseUp, &TQuilDBGrid::SetOnMouseUp))
+          .Published(EventProp("OnMouseWheel", &TQuilDBGrid::OnMouseWheel, &TQuilDBGrid::SetOnMouseWheel))
+          .Published(EventProp("OnMouseWheelDown", &TQuilDBGrid::OnMouseWheelDown, &TQuilDBGrid::SetOnMouseWheelDown))
+          .Published(EventProp("OnMouseWheelUp", &TQuilDBGrid::OnMouseWheelUp, &TQuilDBGrid::SetOnMouseWheelUp))
           .Published(BoolProp("Ctl3D", &TQuilDBGrid::GridCtl3D, &TQuilDBGrid::SetCtl3D)
                          .StoredBy(&TQuilDBGrid::IsCtl3DStored))
           .Published(BoolProp("Ctl3DAuto", &TQuilDBGrid::Ctl3DAuto, &TQuilDBGrid::SetCtl3DAuto).Default(true))
@@ -193,8 +246,10 @@ void TQuilCustomDBGrid::SetOptions(TQuilDBGridOptions value) {
   if (value.Contains(dgRowSelect)) value -= TQuilDBGridOptions{dgEditing, dgAlwaysShowEditor};
   if (value == options_) return;
   ApplyBaseOptions(value);
-  // FIXME: row selection clears the selection when dgMultiSelect goes off.
-  const TQuilDBGridOptions changed = ChangedMembers(options_, value);
+  const TQuilDBGridOptions turnedOn = value - options_;
+  const TQuilDBGridOptions turnedOff = options_ - value;
+  if (turnedOff.Contains(dgMultiSelect) || (turnedOn.Contains(dgRowSelect) && GetColsSelection())) ClearSelection();
+  const TQuilDBGridOptions changed = turnedOn + turnedOff;
   options_ = value;
   if (changed.Contains(dgForceSequence)) UpdateSequence(false);
   if (changed.Intersects({dgEditing, dgAlwaysShowEditor, dgTitles, dgIndicator, dgColLines, dgRowLines,
@@ -203,8 +258,8 @@ void TQuilCustomDBGrid::SetOptions(TQuilDBGridOptions value) {
     LayoutChanged();
   if (changed.Intersects({dgTitles, dgIndicator, dgColLines, dgRowLines, dgTitleHeaders, dgTitleWidthOff}))
     InvalidateEditor();
-  // FIXME: column sizing stretches the grid and title markers update on the changes
-  // that concern them.
+  if (changed.Intersects({dgIndicator, dgColLines, dgTitleWidthOff})) StretchGrid();
+  if (changed.Intersects({dgMarkerAutoSwitch, dgMarkerAutoToggle, dgMarkerAscendOnly})) columns_->UpdateMarkers();
   if (changed.Intersects({dgColLines, dgRowLines}))
     UpdateBorder(IsGridThemed(false) || fixedStyle_ == fsSoft || fixedStyle_ == fsGreat ||
                  fixedStyle_ == fsGray || fixedStyle_ == fsFine || fixedStyle_ == fsMild);
@@ -229,7 +284,7 @@ void TQuilCustomDBGrid::SetOptionsEx(TQuilDBGridOptionsEx value) {
   const TQuilDBGridOptionsEx changed = ChangedMembers(optionsEx_, value);
   const TQuilDBGridOptionsEx turnedOn = value - optionsEx_;
   optionsEx_ = value;
-  // FIXME: ordering applies the order when the order members change.
+  if (changed.Intersects({dgLoadCurrentOrder, dgAutoUpdateOrder, dgAutoAscendOrder})) UpdateOrder(true);
   if (changed.Contains(dgAutoUpdateSequence)) UpdateSequence(true);
   if (turnedOn.Intersects({dgTotalHeader, dgTotalValues, dgTotalFooter, dgCalcInvisibleRows}) ||
       changed.Intersects({dgAutoUpdateTotals, dgCalcWholeDataSet, dgCalcSelectedRows, dgTotalHeaderSelected,
@@ -306,7 +361,8 @@ void TQuilCustomDBGrid::SetMultiSelectOptions(TMultiSelectOptions value) {
   ClearSelection();
   PerformDelayed();
   multiSelectOptions_ = value;
-  // FIXME: row and column selection update their kind and offsets here.
+  UpdateMultiSelect();
+  UpdateSelectionOffset();
 }
 
 void TQuilCustomDBGrid::SwitchMultiSelectOptions(TMultiSelectOptions members, bool include) {
@@ -374,7 +430,8 @@ void TQuilCustomDBGrid::SetGridLineWidth(int value) {
 void TQuilCustomDBGrid::SetBorderStyle(TBorderStyle value) {
   if (value == BorderStyle()) return;
   TCustomGrid::SetBorderStyle(value);
-  // FIXME: the search panel and the horizontal flat scroll bar follow the border.
+  UpdateHorzFlatSB();
+  UpdateSearchPanel();
   if (!ComponentState().Contains(csLoading)) UpdateRowCount();
   LayoutChanged();
 }

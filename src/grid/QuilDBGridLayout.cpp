@@ -79,12 +79,9 @@ void TQuilCustomDBGrid::Dispatch(TMessage& message) {
 
 void TQuilCustomDBGrid::InternalLayout() {
   if (ComponentState().Intersects({csLoading, csDestroying})) return;
-  if (HandleAllocated()) {
-    // This layout does the work that a deferred one would.
-    TMessage pending{};
-    if (PeekMessage(&pending, this, CM_DEFERLAYOUT, CM_DEFERLAYOUT, PM_REMOVE) && pending.Msg == WM_QUIT)
-      PostMessage(nullptr, WM_QUIT, pending.WParam, 0);
-  }
+  // This layout does the work that a deferred one would. The queue hands out only the
+  // message asked for: a request to quit goes through Qt's event loop, never through it.
+  if (HandleAllocated()) PeekMessage(nullptr, this, CM_DEFERLAYOUT, CM_DEFERLAYOUT, PM_REMOVE);
   FreeMixedColumns();
   indicatorOffset_ = options_.Contains(dgIndicator) ? 1 : 0;
   dataLink_->ClearMapping();
@@ -99,7 +96,7 @@ void TQuilCustomDBGrid::InternalLayout() {
     RepairFixedCols();
     TCustomGrid::SetFixedCols(indicatorOffset_ + fixedCols_);
   }
-  // FIXME: row and column selection update their offsets here.
+  UpdateSelectionOffset();
   titleOffset_ = uint8_t(ComputeTitleOffset());
   ComputeTotalRows();
   RecreateMarkers();
@@ -109,6 +106,7 @@ void TQuilCustomDBGrid::InternalLayout() {
   TQuilColumn* current = SelectedColumn();
   if (current && !current->GetShowing()) MoveCol(Col(), 1);
   UpdateScrollBar();
+  UpdateHorzFlatSB();
   SetColumnAttributes();
   UpdateActive();
   UpdateRowCount();
@@ -261,12 +259,11 @@ void TQuilCustomDBGrid::Loaded() {
   if (columns_->Count() > 0) SetColCount(columns_->Count());
   const bool designing = ComponentState().Contains(csDesigning);
   settings_->SetAutoLoadPending(!designing);
-  // FIXME: search shows its panel here.
-  if (!designing && search_->PanelVisible()) return;
+  if (!designing && search_->PanelVisible()) ShowSearchPanel();
   LayoutChanged();
   filterGrid_->UpdateColumns();
-  // FIXME: column filters update their text, and filters, search and tree view apply
-  // their row filter through FilterChanged.
+  UpdateFilterText();
+  if (filterGrid_->Active() || search_->FilterActive() || treeView_->Active()) FilterChanged();
 }
 
 void TQuilCustomDBGrid::Notification(TComponent* component, TOperation operation) {

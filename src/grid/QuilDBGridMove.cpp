@@ -8,8 +8,8 @@
 namespace quil {
 
 int TQuilCustomDBGrid::MoveBy(int distance, bool force) {
-  // FIXME: scrolling gives the grid mode its own scroll bar; here the option alone says.
-  if (optionsExt_.Contains(dgScrollGridMode) && DataSet()->IsSequenced()) {
+  if (!dataLink_->Active()) return 0;
+  if (GetScrollGridMode()) {
     if (GetRecNumber() < 0) DataSet()->CheckBrowseMode();
     const int recNumber = GetRecNumber();
     if ((recNumber == 1 && distance < 0) || (recNumber == GetRecCount() && distance > 0))
@@ -75,8 +75,16 @@ void TQuilCustomDBGrid::SetPosition(int index) {
   dataLink_->MoveBy(target - dataLink_->ActiveRecord());
 }
 
+// FIXME: row numbers keep the grid's own sequence under dgForceSequence, and grid mode
+// counts on it; until then a data set whose numbers answer at once stands in for it.
+bool TQuilCustomDBGrid::GetScrollGridMode() const {
+  return optionsExt_.Contains(dgScrollGridMode) && dataLink_->Active() && DataSet()->IsSequenced();
+}
+
 // FIXME: row numbers keep their own counters under dgForceSequence.
-// A data set that would have to count first gives no number rather than make a scroll wait.
+// An SQL data set that has not counted its rows would count them all, and make the
+// scroll or the paint that asked wait for it: such a data set gives no number and no
+// count, and MoveBy moves it without grid mode, which needs both.
 int TQuilCustomDBGrid::GetRecNumber() const {
   return dataLink_->Active() && DataSet()->IsSequenced() ? DataSet()->RecNo() : -1;
 }

@@ -6,6 +6,8 @@
 
 namespace quil {
 
+class TEnumTypeInfo;
+
 enum TQuilDBGridOption {
   dgEditing, dgAlwaysShowEditor, dgTitles, dgIndicator, dgColumnResize, dgColLines,
   dgRowLines, dgTabs, dgRowSelect, dgAlwaysShowSelection, dgConfirmDelete, dgCancelOnExit,
@@ -15,6 +17,7 @@ enum TQuilDBGridOption {
   dgMarkerAutoToggle, dgMarkerAscendOnly, dgForceSequence, dgThumbTracking, dgRightMoving
 };
 using TQuilDBGridOptions = TSet<TQuilDBGridOption>;
+const TEnumTypeInfo& TypeInfo(TQuilDBGridOption);
 
 enum TQuilDBGridOptionEx {
   dgBlankRow, dgTotalHeader, dgTotalValues, dgTotalFields, dgTotalFooter, dgTotalColLines,
@@ -26,6 +29,7 @@ enum TQuilDBGridOptionEx {
   dgClickSelectOff, dgShowEditorByCharOff
 };
 using TQuilDBGridOptionsEx = TSet<TQuilDBGridOptionEx>;
+const TEnumTypeInfo& TypeInfo(TQuilDBGridOptionEx);
 
 enum TQuilDBGridOptionExt {
   dgAutoNumberColumn, dgAutoSelectColumn, dgAutoExpandColumn, dgAutoUpdateListItems,
@@ -35,6 +39,7 @@ enum TQuilDBGridOptionExt {
   dgScaleByParentFont, dgIncrementalList
 };
 using TQuilDBGridOptionsExt = TSet<TQuilDBGridOptionExt>;
+const TEnumTypeInfo& TypeInfo(TQuilDBGridOptionExt);
 
 enum TGridDrawingOption {
   gdoHighlightText, gdoDataColLines, gdoDataRowLines, gdoSelectedCell, gdoSelectedRow,

@@ -1,5 +1,8 @@
 // The row window: title rows, data rows over the link's buffered records, the blank
 // row and the total rows, with their counts and heights.
+#include <functional>
+#include <vector>
+
 #include "framework/graphics/Canvas.h"
 #include "framework/rtl/ScopeExit.h"
 #include "grid/QuilDBGrid.h"
@@ -10,12 +13,26 @@ namespace {
 const QString SampleText = QStringLiteral("Wg");
 // Rows enough for any window while the base grid counts the rows that fit.
 constexpr int CountingRowCount = 1000;
+
+// Visits the visible columns of depth among first..last, and below each expanded one
+// its own columns a depth further, as long as a title row of that depth exists.
+void WalkTitles(const TQuilDBGridColumns& columns, int titleRows, int first, int last, int depth,
+                const std::function<void(TQuilColumn*, int)>& visit) {
+  for (int index = first; index <= last; ++index) {
+    TQuilColumn* column = columns.Items(index);
+    if (column->Depth() != depth || !column->GetVisible()) continue;
+    visit(column, depth);
+    if (column->GetExpanded() && depth + 1 < titleRows)
+      WalkTitles(columns, titleRows, index + 1, column->GetExpandIndex(), depth + 1, visit);
+  }
+}
 }  // namespace
 
 void TQuilCustomDBGrid::ComputeTotalRows() {
   totalHeaderRows_ = optionsEx_.Contains(dgTotalHeader) ? 1 : 0;
-  // FIXME: totals give each column its list of value cells; the greatest count is V.
   totalValuesRows_ = 0;
+  if (optionsEx_.Contains(dgTotalValues))
+    for (TQuilColumn* column : *columns_) totalValuesRows_ = std::max(totalValuesRows_, column->TotalValues()->Count());
   totalFooterRows_ = optionsEx_.Contains(dgTotalFooter) ? 1 : 0;
   totalRows_ = (optionsEx_.Contains(dgBlankRow) ? 1 : 0) + totalHeaderRows_ + totalValuesRows_ + totalFooterRows_;
   if (optionsEx_.Contains(dgTotalFields)) totalRows_ += totals_->FieldsRecordCount();
@@ -155,14 +172,32 @@ void TQuilCustomDBGrid::MeasureRows() {
   MeasureTotalRows();
 }
 
-// FIXME: column titles measure each title in its own font with its header bands, per
-// depth; until then a title has no bands and every title row is TitleLinesCount lines
-// of TitleFont.
+// Title rows, one for each depth of expanded columns. An expanded column's title stands
+// in the row of its depth; a leaf's title reaches down to the last title row, which
+// takes what the rows above leave of the tallest leaf.
 void TQuilCustomDBGrid::MeasureTitleRows() {
   TCanvas* canvas = Canvas();
-  canvas->SetFont(titleFont_.get());
-  const int height = titleLinesCount_ * canvas->TextHeight(SampleText) + gridStyle_->TitleRowSpace();
-  for (int row = 0; row < titleOffset_; ++row) SetRowHeights(row, height);
+  auto titleHeight = [&](TQuilColumn* column) {
+    canvas->SetFont(column->Title()->Font());
+    return titleLinesCount_ * canvas->TextHeight(SampleText) + gridStyle_->TitleRowSpace() +
+           column->Title()->GetHeaderRowCount() * titleLineHeight_;
+  };
+  const int lastRow = titleOffset_ - 1;
+  std::vector<int> heights(titleOffset_, 0);
+  WalkTitles(*columns_, titleOffset_, 0, columns_->Count() - 1, 0, [&](TQuilColumn* column, int depth) {
+    if (column->GetExpanded()) heights[depth] = std::max(heights[depth], titleHeight(column));
+  });
+  WalkTitles(*columns_, titleOffset_, 0, columns_->Count() - 1, 0, [&](TQuilColumn* column, int depth) {
+    if (column->GetExpanded()) return;
+    int height = titleHeight(column);
+    for (int row = depth; row < lastRow; ++row) height -= heights[row];
+    heights[lastRow] = std::max(heights[lastRow], height);
+  });
+  if (heights[0] == 0) {
+    canvas->SetFont(titleFont_.get());
+    heights[0] = titleLinesCount_ * canvas->TextHeight(SampleText) + gridStyle_->TitleRowSpace();
+  }
+  for (int row = 0; row < titleOffset_; ++row) SetRowHeights(row, heights[row]);
 }
 
 // FIXME: totals measure the active cells of each column in their own fonts.

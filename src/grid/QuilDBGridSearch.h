@@ -33,12 +33,15 @@ public:
   void SetText(const QString& value);
   // Cells mark the matches of Text.
   bool GetVisible() const { return active_ && !text_.isEmpty(); }
-  bool PanelVisible() const { return false; }
+  // The panel is to show; a grid loaded with it shows it.
+  bool PanelVisible() const { return panelVisible_; }
+  void SetPanelVisible(bool value) { panelVisible_ = value; }
   // The search hides the rows that do not match.
   bool FilterActive() const { return false; }
 
 private:
   bool active_ = true;
+  bool panelVisible_ = false;
   TColor color_ = clDefault;
   TQuilSearchOptions options_;
   QString text_;

@@ -9,6 +9,10 @@ namespace quil {
 class TField;
 class TQuilColumn;
 
+// What a total cell shows: nothing, its caption, a field of the grid's data set, a field
+// of the totals' data set, or a calculated value.
+enum TTotalResult { trNone, trCaption, trDataField, trTotalField, trCalcValue };
+
 // FIXME: totals replace these with the cells' published properties, their assigned
 // values, texts and calculation; until then a cell only holds the field it shows.
 class TQuilColumnTotal : public TCollectionItem {

@@ -4,6 +4,7 @@
 
 #include <QCoreApplication>
 #include <QImage>
+#include <QScreen>
 #include <QWidget>
 #include <gtest/gtest.h>
 #include <map>
@@ -43,6 +44,8 @@ public:
   std::vector<bool> layoutSources;
   // Where ColExit moves the cursor to itself; -1 leaves it to the grid's own exit.
   int exitMovesTo = -1;
+  // The arguments of each TotalsChanged.
+  std::vector<std::pair<quil::TTotalResult, quil::TField*>> totalsChanges;
 
   void InvalidateCorner() override {
     ++cornerPaints;
@@ -71,14 +74,18 @@ protected:
     ++drawn[{row, col}];
     TQuilDBGrid::DrawCell(col, row, rect, state);
   }
+  void TotalsChanged(quil::TTotalResult totalResult, quil::TField* field) override {
+    totalsChanges.emplace_back(totalResult, field);
+    TQuilDBGrid::TotalsChanged(totalResult, field);
+  }
   void LayoutChanged() override {
     layoutSources.push_back(LayoutFromDataSet());
     TQuilDBGrid::LayoutChanged();
   }
   void ColExit() override {
     ++colExits;
+    TQuilDBGrid::ColExit();
     if (exitMovesTo >= 0) SetCol(exitMovesTo);
-    else TQuilDBGrid::ColExit();
   }
   void CreateWnd() override {
     ++windowsMade;
@@ -138,6 +145,15 @@ protected:
     const int line = grid->GridLineWidth();
     const int dataArea = grid->ClientHeight() - (grid->RowHeights(0) + line) - totalHeight;
     return std::max(1, (dataArea + line) / (grid->DefaultRowHeight() + line));
+  }
+  // What the grid shows after the pending paints, from the screen's backing store: a
+  // grab would paint the widget anew and hide what scrolling left there.
+  QImage OnScreen() {
+    Paint();
+    QWidget* window = grid->Handle()->window();
+    const QImage screen = window->screen()->grabWindow(window->winId()).toImage();
+    const QPoint origin = grid->Handle()->mapTo(window, QPoint(0, 0));
+    return screen.copy(origin.x(), origin.y(), grid->Handle()->width(), grid->Handle()->height());
   }
 
   quil::TForm* form = nullptr;

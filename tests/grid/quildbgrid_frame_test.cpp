@@ -1,6 +1,7 @@
 // The frame's owned parts and their factories, its own properties, the delay timers,
 // Loaded, Notification and the streaming of columns against an ancestor.
 #include <QLocale>
+#include <QRegularExpression>
 #include <QThread>
 #include <functional>
 
@@ -28,9 +29,19 @@ public:
   bool timerGoneDuringWork = false;
   bool busyDuringWork = false;
   bool dataChangeDuringWork = false;
+  // Stretches asked for outside a layout, whose sizing of the columns asks on its own.
+  int stretches = 0;
+  int searchPanelShows = 0;
+  int searchPanelUpdates = 0;
+
+  void StretchGrid() override {
+    if (LayoutLock() == 0) ++stretches;
+  }
 
 protected:
   QString GetOrderFields() const override { return orderFields; }
+  void ShowSearchPanel() override { ++searchPanelShows; }
+  void UpdateSearchPanel() override { ++searchPanelUpdates; }
   bool UpdateSequenceValues() override {
     ++sequenceRuns;
     timerGoneDuringWork = DelayTimer(dtSequence) == nullptr;
@@ -177,6 +188,8 @@ TEST(GridFrame, ConstructionDefaults) {
   EXPECT_FALSE(grid.DragRows());
   EXPECT_FALSE(grid.ParentCustomHint());
   EXPECT_EQ(grid.DesignOptionsBoost(), (TGridOptions{goRowSizing, goColSizing}));
+  EXPECT_EQ(grid.ScrollBars(), ssBoth);
+  EXPECT_EQ(grid.TCustomGrid::ScrollBars(), ssHorizontal) << "the vertical bar is the record window's";
   EXPECT_EQ(grid.HeaderColor(), clBtnFace);
   EXPECT_EQ(grid.LinesCountMax(), -1);
   EXPECT_EQ(grid.LinesCountMin(), 1);
@@ -307,6 +320,38 @@ TEST_F(GridFrameShown, LoadedMarksTheSettingsToLoadOnTheNextActivation) {
   EXPECT_EQ(grid->DefaultRowHeight(), 2 * grid->DataLineHeight() + grid->GridStyle()->DataRowSpace() + 1);
   dataSet->Open();
   EXPECT_FALSE(grid->Settings()->AutoLoadPending());
+}
+
+// A grid loaded with its search panel shown shows the panel, and is laid out as well.
+TEST_F(GridFrameShown, LoadedShowsTheSearchPanelAndLaysOut) {
+  OpenFrame(10);
+  grid->Search()->SetPanelVisible(true);
+  grid->layoutSources.clear();
+  Frame()->Loaded();
+  EXPECT_EQ(Frame()->searchPanelShows, 1);
+  EXPECT_FALSE(grid->layoutSources.empty());
+}
+
+// The options that change the room the columns share stretch them again.
+TEST_F(GridFrameShown, OptionsThatChangeTheColumnsRoomStretchThem) {
+  OpenFrame(10);
+  for (TQuilDBGridOption option : {dgIndicator, dgColLines, dgTitleWidthOff, dgRowLines, dgTitles}) {
+    Frame()->stretches = 0;
+    grid->SwitchOptions({option}, !grid->Options().Contains(option));
+    const bool stretches = option == dgIndicator || option == dgColLines || option == dgTitleWidthOff;
+    EXPECT_EQ(Frame()->stretches, stretches ? 1 : 0) << GetEnumName(TypeInfo(option), option).toStdString();
+  }
+}
+
+TEST_F(GridFrameShown, ResizingStretchesTheColumnsAndPlacesTheSearchPanel) {
+  OpenFrame(10);
+  Frame()->stretches = 0;
+  Frame()->searchPanelUpdates = 0;
+  grid->SetWidth(300);
+  EXPECT_EQ(Frame()->stretches, 1);
+  EXPECT_EQ(Frame()->searchPanelUpdates, 1);
+  grid->SetBorderStyle(bsNone);
+  EXPECT_EQ(Frame()->searchPanelUpdates, 2) << "the border moves the panel too";
 }
 
 TEST_F(GridFrameShown, ActivationFreesTheDockedGridsItOwns) {
@@ -446,6 +491,94 @@ TEST(GridFrameStreaming, ControlPropertiesAreStoredAndReadBack) {
   EXPECT_EQ(copy.ImeName(), QStringLiteral("Hangul"));
   EXPECT_EQ(copy.StyleElements(), TStyleElements{seFont});
   EXPECT_TRUE(copy.ParentCustomHint());
+}
+
+// Whether the text form holds the property or one of its own properties.
+bool Stores(const QString& text, const QString& name) {
+  return text.contains(QRegularExpression(QStringLiteral("^\\s+%1(\\.\\w+)? = ").arg(name),
+                                          QRegularExpression::MultilineOption));
+}
+
+// The grid as placed on a form: its binding, option sets and the framework's properties
+// are stored away from their defaults and read back; components are found by name.
+TEST(GridFrameStreaming, PublishedPropertiesAreStoredAwayFromTheirDefaultsAndReadBack) {
+  TQuilDBGrid grid(nullptr);
+  const QStringList published{"DataSource", "Options",   "OptionsEx",      "OptionsExt", "BorderStyle",
+                              "Color",      "ParentColor", "GridLineWidth", "Align",      "Font",
+                              "ParentFont", "BiDiMode",  "ParentBiDiMode", "ShowHint",   "ParentShowHint",
+                              "TabStop",    "Visible",   "DefaultDrawing", "PopupMenu",  "ParentCtl3D"};
+  const QString plain = Written(grid, nullptr);
+  for (const QString& name : published) EXPECT_FALSE(Stores(plain, name)) << name.toStdString();
+  auto* source = new TDataSource(&grid);
+  source->SetName("Source");
+  auto* menu = new TPopupMenu(&grid);
+  menu->SetName("Menu");
+  grid.SetDataSource(source);
+  grid.SetPopupMenu(menu);
+  grid.SwitchOptions({dgIndicator, dgTabs}, false);
+  grid.SwitchOptionsEx({dgTotalFooter}, true);
+  grid.SwitchOptionsExt({dgAutoNumberColumn}, true);
+  grid.SetBorderStyle(bsNone);
+  grid.SetColor(clYellow);
+  grid.SetGridLineWidth(2);
+  grid.SetAlign(alClient);
+  grid.Font()->SetSize(14);
+  grid.SetBiDiMode(bdRightToLeft);
+  grid.SetShowHint(true);
+  grid.SetTabStop(false);
+  grid.SetVisible(false);
+  grid.SetDefaultDrawing(false);
+  grid.SetParentCtl3D(false);
+  grid.SetBounds(5, 6, 300, 200);
+  const QString text = Written(grid, nullptr);
+  for (const QString& name : published) {
+    // The grid keeps a color of its own, as by default.
+    if (name == "ParentColor") continue;
+    EXPECT_TRUE(Stores(text, name)) << name.toStdString() << "\n" << text.toStdString();
+  }
+  EXPECT_TRUE(text.contains("OptionsEx = [dgBlankRow, dgTotalFooter,")) << text.toStdString();
+  TMemoryStream stream;
+  stream.WriteComponent(&grid);
+  TQuilDBGrid copy(nullptr);
+  auto* copySource = new TDataSource(&copy);
+  copySource->SetName("Source");
+  auto* copyMenu = new TPopupMenu(&copy);
+  copyMenu->SetName("Menu");
+  stream.Seek(0, soBeginning);
+  stream.ReadComponent(&copy);
+  EXPECT_EQ(copy.DataSource(), copySource);
+  EXPECT_EQ(copy.PopupMenu(), copyMenu);
+  EXPECT_EQ(copy.Options(), grid.Options());
+  EXPECT_EQ(copy.OptionsEx(), grid.OptionsEx());
+  EXPECT_EQ(copy.OptionsExt(), grid.OptionsExt());
+  EXPECT_EQ(copy.BorderStyle(), bsNone);
+  EXPECT_EQ(copy.Color(), clYellow);
+  EXPECT_EQ(copy.GridLineWidth(), 2);
+  EXPECT_EQ(copy.Align(), alClient);
+  EXPECT_EQ(copy.Font()->Size(), 14);
+  EXPECT_FALSE(copy.ParentFont());
+  EXPECT_EQ(copy.BiDiMode(), bdRightToLeft);
+  EXPECT_TRUE(copy.ShowHint());
+  EXPECT_FALSE(copy.TabStop());
+  EXPECT_FALSE(copy.Visible());
+  EXPECT_FALSE(copy.DefaultDrawing());
+  EXPECT_FALSE(copy.ParentCtl3D());
+  EXPECT_EQ(copy.BoundsRect(), grid.BoundsRect());
+}
+
+// The framework's events are written by the name the writer finds for them.
+TEST(GridFrameStreaming, FrameworkEventsAreWrittenByName) {
+  TQuilDBGrid grid(nullptr);
+  grid.SetOnDblClick([](TObject*) {});
+  grid.SetOnMouseWheel([](TObject*, TShiftState, int, TPoint, bool&) {});
+  TMemoryStream binary;
+  TWriter writer(binary);
+  writer.FindMethodName = [](const TObject*, const TMethodPropInfo& prop) { return "Grid" + prop.Name(); };
+  writer.WriteRootComponent(&grid);
+  const QString text = test::ObjectText(binary);
+  EXPECT_TRUE(text.contains("OnDblClick = GridOnDblClick")) << text.toStdString();
+  EXPECT_TRUE(text.contains("OnMouseWheel = GridOnMouseWheel"));
+  EXPECT_FALSE(text.contains("OnKeyDown")) << "an event without a handler is left out";
 }
 
 TEST(GridFrameStreaming, ColumnsAreWrittenWhereTheyDifferFromTheAncestor) {

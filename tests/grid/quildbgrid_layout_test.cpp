@@ -166,6 +166,41 @@ TEST_F(GridDeferral, AFieldFreedWithControlsEnabledRelaysOutAtOnce) {
   EXPECT_EQ(grid->Columns()->Items(1)->FieldName(), QStringLiteral("City"));
 }
 
+class GridUpdateLock : public GridFixture {};
+
+// Under an update the row window keeps its size; the layout that follows sizes it.
+TEST_F(GridUpdateLock, AResizeDuringAnUpdateLeavesTheRowWindowAlone) {
+  Open(1000);
+  const int rowCount = grid->RowCount();
+  const int bufferCount = grid->DataLink()->BufferCount();
+  grid->BeginUpdate();
+  grid->SetHeight(120);
+  EXPECT_EQ(grid->RowCount(), rowCount);
+  EXPECT_EQ(grid->DataLink()->BufferCount(), bufferCount);
+  grid->EndUpdate();
+  static_cast<TQuilCustomDBGrid*>(grid)->LayoutChanged();
+  EXPECT_EQ(grid->DataLink()->BufferCount(), RowsThatFit());
+  EXPECT_LT(grid->RowCount(), rowCount);
+}
+
+// Rows that fill the client height exactly put the last row's bottom line outside it;
+// painted straight to the screen, the last row is painted again so that it ends clean.
+TEST_F(GridUpdateLock, RowsFillingTheWindowExactlyRepaintTheLastRow) {
+  Open(1000);
+  grid->SetDoubleBuffered(false);
+  const int pitch = grid->GetRowHeight();
+  const int frame = grid->Height() - grid->ClientHeight();
+  for (int spare : {0, 1}) {
+    grid->SetHeight(frame + grid->GetTitleHeight() + 7 * pitch + spare);
+    ASSERT_EQ(grid->RowCount(), grid->TitleOffset() + 7);
+    Settle();
+    grid->UpdateRowCount();
+    Paint();
+    const std::set<int> expected = spare == 0 ? std::set<int>{grid->RowCount() - 1} : std::set<int>{};
+    EXPECT_EQ(grid->DrawnRows(), expected) << "spare pixels " << spare;
+  }
+}
+
 // --- Option constraints
 
 TEST(GridOptionConstraints, RowSelectTurnsEditingOff) {
@@ -321,6 +356,29 @@ TEST_F(GridColumns, AnExitHandlerThatMovesTheColumnStopsTheMove) {
   grid->MoveCol(4, 0);
   EXPECT_EQ(grid->Col(), 2);
   EXPECT_EQ(grid->colExits, 1);
+}
+
+// The column left hears of it before the cursor moves, the column entered after.
+TEST_F(GridColumns, MovingTheCursorFiresColExitThenColEnter) {
+  Open(10);
+  QStringList heard;
+  auto note = [&](const char* what) {
+    return TNotifyEvent([&heard, what, this](TObject* sender) {
+      EXPECT_EQ(sender, grid);
+      heard << QStringLiteral("%1 %2").arg(what).arg(grid->SelectedIndex());
+    });
+  };
+  grid->OnColExit = note("exit");
+  grid->OnColEnter = note("enter");
+  grid->SetSelectedIndex(2);
+  EXPECT_EQ(heard, QStringList({"exit 0", "enter 2"}));
+  heard.clear();
+  grid->SetSelectedIndex(2);
+  EXPECT_TRUE(heard.isEmpty()) << "the cursor stays";
+  grid->exitMovesTo = 2;
+  grid->SetSelectedIndex(3);
+  EXPECT_EQ(heard, QStringList({"exit 2"})) << "an exit that moves the cursor itself enters nothing";
+  EXPECT_EQ(grid->SelectedIndex(), 1);
 }
 
 }  // namespace

@@ -1,6 +1,8 @@
 // Composition of the base grid's rows: title rows, data rows, the blank row and the
 // total rows, with and without records and totals.
 #include "GridTestKit.h"
+#include "grid/QuilDBGridColumnTitle.h"
+#include "grid/QuilDBGridTotalCells.h"
 
 using namespace quil;
 using gridtest::GridFixture;
@@ -155,6 +157,88 @@ TEST_F(RowComposition, LineWidthAndBorderChangeTheRowsThatFit) {
   grid->SetBorderStyle(bsNone);
   ASSERT_GT(grid->ClientHeight(), clientHeight);
   EXPECT_EQ(grid->DataLink()->BufferCount(), RowsThatFit());
+}
+
+TEST_F(RowComposition, ValueRowsAreTheMostValueCellsOfAnyColumn) {
+  Open(500);
+  grid->Columns()->Items(0)->TotalValues()->Add();
+  grid->Columns()->Items(0)->TotalValues()->Add();
+  grid->Columns()->Items(2)->TotalValues()->Add();
+  grid->SwitchOptionsEx({dgTotalHeader}, true);
+  EXPECT_EQ(grid->TotalValuesRows(), 0) << "value cells show only with dgTotalValues";
+  grid->SwitchOptionsEx({dgTotalValues, dgTotalFooter}, true);
+  EXPECT_EQ(grid->TotalValuesRows(), 2);
+  ASSERT_EQ(grid->TotalRows(), 1 + 1 + 2 + 1);
+  EXPECT_EQ(grid->GetTotalRowCount(), 4);
+  EXPECT_EQ(grid->GetTotalFieldsRowCount(), 0);
+  EXPECT_EQ(grid->RowCount(), grid->TitleOffset() + grid->DataLink()->RecordCount() + 5);
+  EXPECT_EQ(grid->DataLink()->RecordCount(), RowsThatFit(4 * (grid->TotalRowHeight() + Line())));
+  grid->Columns()->Items(0)->TotalValues()->Delete(1);
+  static_cast<TQuilCustomDBGrid*>(grid)->LayoutChanged();
+  EXPECT_EQ(grid->TotalValuesRows(), 1);
+  EXPECT_EQ(grid->TotalRows(), 4);
+}
+
+// --- Title rows
+
+class TitleRows : public RowComposition {
+protected:
+  TQuilColumnTitle* Title(int dataCol) const { return grid->Columns()->Items(dataCol)->Title(); }
+  // Customized columns ID, Name, City, Amount; Name owns City and Amount, City owns
+  // Amount: three title rows.
+  void OpenTwoDepths() {
+    Open(50);
+    grid->Columns()->SetState(csCustomized);
+    grid->Columns()->Items(2)->SetExpandCols(1);
+    grid->Columns()->Items(1)->SetExpandCols(2);
+    ASSERT_EQ(grid->TitleOffset(), 3);
+    ASSERT_EQ(grid->Columns()->Items(3)->Depth(), 2);
+  }
+};
+
+TEST_F(TitleRows, ATitleInItsOwnFontIsMeasuredInIt) {
+  Open(50);
+  const int plain = grid->RowHeights(0);
+  const int size = grid->TitleFont()->Size();
+  grid->TitleFont()->SetSize(30);
+  const int large = grid->RowHeights(0);
+  ASSERT_GT(large, plain);
+  grid->TitleFont()->SetSize(size);
+  EXPECT_EQ(grid->RowHeights(0), plain);
+  Title(1)->Font()->SetSize(30);
+  EXPECT_EQ(grid->RowHeights(0), large) << "one title in the larger font makes the row as tall";
+}
+
+TEST_F(TitleRows, HeaderBandsStandAboveTheCaption) {
+  Open(50);
+  const int plain = grid->RowHeights(0);
+  ASSERT_GT(grid->TitleLineHeight(), 0);
+  Title(2)->SetHeader("Address|Town");
+  EXPECT_EQ(grid->RowHeights(0), plain + 2 * grid->TitleLineHeight());
+  grid->SwitchOptions({dgTitleHeaders}, false);
+  EXPECT_EQ(grid->TitleLineHeight(), 0);
+  EXPECT_EQ(grid->RowHeights(0), plain);
+}
+
+// An expanded column's title takes the row of its depth; a leaf's reaches down to the
+// last title row, which takes what the rows above leave of it.
+TEST_F(TitleRows, EachDepthOfExpandedColumnsHasItsRow) {
+  OpenTwoDepths();
+  const int plain = grid->RowHeights(0);
+  const int band = grid->TitleLineHeight();
+  for (int row = 0; row < 3; ++row) EXPECT_EQ(grid->RowHeights(row), plain) << "row " << row;
+  Title(1)->SetHeader("Group");
+  EXPECT_EQ(grid->RowHeights(0), plain + band);
+  EXPECT_EQ(grid->RowHeights(1), plain);
+  EXPECT_EQ(grid->RowHeights(2), plain);
+  // ID stands alone over all three rows; its bands leave the last row taller.
+  Title(0)->SetHeader("a|b|c|d|e|f");
+  const int idLeft = plain + 6 * band - (plain + band) - plain;
+  ASSERT_GT(idLeft, plain);
+  EXPECT_EQ(grid->RowHeights(0), plain + band);
+  EXPECT_EQ(grid->RowHeights(1), plain);
+  EXPECT_EQ(grid->RowHeights(2), idLeft);
+  EXPECT_EQ(grid->GetTitleHeight(), plain + band + plain + idLeft + 3 * Line());
 }
 
 }  // namespace

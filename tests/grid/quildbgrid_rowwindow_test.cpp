@@ -1,6 +1,9 @@
 // The row window: the link buffers exactly the rows that fit, the base grid's rows map
 // onto the buffer, and scrolling by a row paints only the row it exposes.
+#include <QTemporaryDir>
+
 #include "GridTestKit.h"
+#include "framework/db/SqlTable.h"
 
 using namespace quil;
 using gridtest::GridFixture;
@@ -23,7 +26,7 @@ TEST_F(RowWindow, BuffersExactlyTheRowsThatFitOverALargeDataSet) {
 }
 
 TEST_F(RowWindow, FollowsNextAndPriorWithinTheWindowAndPastItsEdge) {
-  Open(1000);
+  Open(100000, 247);
   const int fit = grid->DataLink()->BufferCount();
   for (int step = 1; step < fit; ++step) {
     dataSet->Next();
@@ -79,9 +82,67 @@ TEST_F(RowWindow, InGridModeMoveByKeepsTheWindowInsideTheData) {
   dataSet->CheckConsistency();
 }
 
+TEST(RowWindowUnbound, MoveByWithoutAnActiveLinkMovesNothing) {
+  TQuilDBGrid grid(nullptr);
+  EXPECT_EQ(grid.MoveBy(1), 0);
+  EXPECT_EQ(grid.MoveBy(3, true), 0);
+  grid.SwitchOptionsExt({dgScrollGridMode}, true);
+  EXPECT_FALSE(grid.GetScrollGridMode());
+  EXPECT_EQ(grid.MoveBy(1), 0);
+  TClientDataSet closed(nullptr);
+  TDataSource source(nullptr);
+  source.SetDataSet(&closed);
+  grid.SetDataSource(&source);
+  EXPECT_EQ(grid.MoveBy(-1), 0);
+  EXPECT_EQ(grid.GetRecNumber(), -1);
+  EXPECT_EQ(grid.GetRecCount(), 0);
+}
+
+// An SQL table that has not counted its rows: the grid asks for no record number or
+// count, either of which would count the whole table, and moves without grid mode.
+class RowWindowOverSql : public RowWindow {
+protected:
+  void OpenTable() {
+    Open(0);
+    ASSERT_TRUE(folder.isValid());
+    auto* connection = new TSQLConnection(form);
+    connection->SetDatabaseName(folder.filePath(QStringLiteral("rows.sqlite")));
+    connection->ExecuteDirect(QStringLiteral("CREATE TABLE items (id INTEGER PRIMARY KEY, name TEXT)"));
+    connection->ExecuteDirect(QStringLiteral("WITH RECURSIVE n(i) AS (SELECT 1 UNION ALL SELECT i + 1 FROM n "
+                                             "WHERE i < 1000) INSERT INTO items SELECT i, 'Item' || i FROM n"));
+    table = new TSQLTable(form);
+    table->SetConnection(connection);
+    table->SetTableName(QStringLiteral("items"));
+    table->SetFetchSize(20);
+    source->SetDataSet(table);
+    table->Open();
+    Settle();
+  }
+
+  QTemporaryDir folder;
+  TSQLTable* table = nullptr;
+};
+
+TEST_F(RowWindowOverSql, ATableWithoutItsCountIsMovedWithoutRecordNumbers) {
+  OpenTable();
+  grid->SwitchOptionsExt({dgScrollGridMode}, true);
+  ASSERT_FALSE(table->IsSequenced());
+  EXPECT_FALSE(grid->GetScrollGridMode());
+  EXPECT_EQ(grid->GetRecNumber(), -1);
+  EXPECT_EQ(grid->GetRecCount(), 0);
+  // Grid mode would hold the cursor on the top row; the link moves it down the window.
+  EXPECT_EQ(grid->MoveBy(2), 2);
+  EXPECT_EQ(grid->Row(), grid->TitleOffset() + 2);
+  EXPECT_EQ(grid->MoveBy(500), 500);
+  EXPECT_EQ(table->FieldByName("id")->AsInteger(), 503);
+  grid->Invalidate();
+  grid->Update();
+  EXPECT_FALSE(table->RecordCountKnown()) << "nothing counted the table";
+}
+
 TEST_F(RowWindow, BufferCountFollowsTheHeightOfTheWindow) {
-  Open(1000);
-  for (int height : {120, 400, 60, 240, 15}) {
+  Open(100000);
+  for (int height : {120, 400, 60, 247, 15, 240}) {
     grid->SetHeight(height);
     QCoreApplication::processEvents();
     const int fit = RowsThatFit();
@@ -104,11 +165,13 @@ TEST_F(RowWindow, ShrinkingKeepsTheCurrentRecordInTheWindow) {
 }
 
 // The pixels move; what paints is the row that comes into view and the row that the
-// previous current record moved to, which loses its cursor. Painting straight to the
-// screen, the row counts that sizing the buffer passes through repaint nothing, so each
-// cell paints once.
-TEST_F(RowWindow, ScrollingByOneRepaintsOnlyTheExposedRow) {
-  Open(100000);
+// previous current record moved to, which loses its cursor. Painted straight to the
+// screen, each cell paints once, whether or not the height is a whole number of rows:
+// the row counts that sizing the buffer passes through repaint nothing.
+class RowWindowHeights : public RowWindow, public ::testing::WithParamInterface<int> {};
+
+TEST_P(RowWindowHeights, ScrollingByOneRepaintsOnlyTheExposedRow) {
+  Open(100000, GetParam());
   grid->SetDoubleBuffered(false);
   const int fit = grid->DataLink()->BufferCount();
   grid->MoveBy(fit - 1);
@@ -127,6 +190,60 @@ TEST_F(RowWindow, ScrollingByOneRepaintsOnlyTheExposedRow) {
   EXPECT_EQ(grid->DrawnCount(), 2 * grid->ColCount());
   EXPECT_EQ(grid->GetFieldValue(0), QString::number(dataSet->RecNo()));
 }
+
+INSTANTIATE_TEST_SUITE_P(WholeAndPartRows, RowWindowHeights, ::testing::Values(240, 247));
+
+// A scroll by one on the screen, painted straight to it: the grid's height (247 and 251
+// leave part of a row below the last one), total rows below the data, and the indicator
+// off with the first columns scrolled out of view.
+struct TScrollCase {
+  int height;
+  bool totals;
+  bool scrolledSideways;
+};
+
+void PrintTo(const TScrollCase& scroll, std::ostream* out) {
+  *out << "height " << scroll.height << (scroll.totals ? ", totals" : "")
+       << (scroll.scrolledSideways ? ", scrolled sideways" : "");
+}
+
+class RowWindowScrollPixels : public RowWindow, public ::testing::WithParamInterface<TScrollCase> {
+protected:
+  void ExpectRepaintShowsTheSame(const char* step) {
+    const QImage scrolled = OnScreen();
+    grid->Invalidate();
+    EXPECT_EQ(scrolled, OnScreen()) << step;
+  }
+};
+
+TEST_P(RowWindowScrollPixels, ScrolledPixelsMatchAFullRepaint) {
+  const TScrollCase scroll = GetParam();
+  Open(1000, scroll.height);
+  grid->SetDoubleBuffered(false);
+  if (scroll.totals) grid->SwitchOptionsEx({dgTotalFooter}, true);
+  if (scroll.scrolledSideways) {
+    grid->SwitchOptions({dgIndicator}, false);
+    for (TQuilColumn* column : *grid->Columns()) column->SetWidth(200);
+    grid->SetLeftCol(2);
+  }
+  const int fit = grid->DataLink()->BufferCount();
+  grid->MoveBy(fit - 1);
+  Settle();
+  dataSet->Next();
+  ExpectRepaintShowsTheSame("down past the last row");
+  grid->MoveBy(-(fit - 1));
+  Settle();
+  dataSet->Prior();
+  ExpectRepaintShowsTheSame("up past the top row");
+  if (scroll.scrolledSideways) {
+    EXPECT_EQ(grid->LeftCol(), 2);
+  }
+}
+
+INSTANTIATE_TEST_SUITE_P(Heights, RowWindowScrollPixels,
+                         ::testing::Values(TScrollCase{240, false, false}, TScrollCase{247, false, false},
+                                           TScrollCase{251, true, false}, TScrollCase{247, false, true},
+                                           TScrollCase{251, true, true}));
 
 // Double-buffered, a repaint cannot flicker: the row counts that sizing the buffer
 // passes through at the bottom edge repaint the whole grid. At the top edge the buffer

@@ -3,6 +3,7 @@
 #include <stdexcept>
 
 #include "GridTestKit.h"
+#include "framework/db/StringFields.h"
 
 using namespace quil;
 using gridtest::GridFixture;
@@ -51,6 +52,32 @@ TEST_F(GridDataLink, AChangedFieldRepaintsOnlyItsColumn) {
   EXPECT_EQ(grid->DrawnCols(), std::set<int>{grid->DataToRawColumn(2)});
   EXPECT_TRUE(grid->DrawnRows().count(CurrentRow()));
   EXPECT_EQ(grid->GetFieldValue(2), QStringLiteral("Rome"));
+}
+
+// Totals hear of each column whose field changed, and of the whole record or a scroll
+// without a field.
+TEST_F(GridDataLink, TotalsHearWhichFieldChanged) {
+  Open(50);
+  using TChange = std::pair<TTotalResult, TField*>;
+  TField* city = dataSet->FieldByName("City");
+  grid->Columns()->SetState(csCustomized);
+  grid->Columns()->Add()->SetFieldName("City");
+  dataSet->Edit();
+  grid->totalsChanges.clear();
+  city->SetAsString("Rome");
+  EXPECT_EQ(grid->totalsChanges, (std::vector<TChange>{{trDataField, city}, {trDataField, city}}));
+  grid->Columns()->Items(2)->SetVisible(false);
+  grid->totalsChanges.clear();
+  city->SetAsString("Lima");
+  EXPECT_EQ(grid->totalsChanges, (std::vector<TChange>{{trDataField, city}})) << "a hidden column is left out";
+  grid->Columns()->Items(4)->SetVisible(false);
+  grid->totalsChanges.clear();
+  city->SetAsString("Kyiv");
+  EXPECT_TRUE(grid->totalsChanges.empty()) << "no column shows the field";
+  dataSet->Cancel();
+  grid->totalsChanges.clear();
+  dataSet->Next();
+  EXPECT_EQ(grid->totalsChanges, (std::vector<TChange>{{trDataField, nullptr}}));
 }
 
 TEST_F(GridDataLink, ADataChangePaintsEveryCellOnce) {
@@ -228,6 +255,94 @@ TEST_F(GridDataLink, AddMappingRaisesForAMissingFieldUnlessTheMapIsSparse) {
   EXPECT_EQ(link->GetFields(20), dataSet->FieldByName("City"));
   EXPECT_EQ(link->GetFields(21), nullptr);
   EXPECT_EQ(link->GetMappedIndex(-1), -1);
+}
+
+// Typed text of the selected column goes to its field before another field's change
+// repaints the record, unless that field's column is frozen.
+TEST_F(GridDataLink, ATypedTextIsSavedWhenAnotherFieldOfAScrollableColumnChanges) {
+  Open(10);
+  grid->SetSelectedIndex(1);
+  dataSet->Edit();
+  auto typeIntoName = [&](const QString& text) {
+    grid->SetCellEditText(text);
+    grid->DataLink()->Modified();
+  };
+  typeIntoName("Typed");
+  dataSet->FieldByName("City")->SetAsString("Rome");
+  EXPECT_EQ(dataSet->FieldByName("Name")->AsString(), QStringLiteral("Typed"));
+  EXPECT_FALSE(grid->DataLink()->IsModified());
+  grid->SetFixedCols(3);
+  ASSERT_EQ(grid->FixedCols(), 3);
+  typeIntoName("Kept back");
+  dataSet->FieldByName("City")->SetAsString("Lima");
+  EXPECT_EQ(dataSet->FieldByName("Name")->AsString(), QStringLiteral("Typed")) << "City's column is frozen";
+  EXPECT_FALSE(grid->DataLink()->IsModified());
+  dataSet->Cancel();
+}
+
+// Editing follows the data as the data set moves: an empty data set has no record
+// to edit and may get none.
+TEST_F(GridDataLink, WithoutInsertingAnEmptyDataSetCannotBeEdited) {
+  Open(1);
+  grid->SwitchOptions({dgAllowInsertOff}, true);
+  dataSet->Delete();
+  EXPECT_FALSE(grid->TCustomGrid::Options().Contains(goEditing));
+  dataSet->AppendRecord({1, "Anna", "Oslo", 1.5});
+  EXPECT_TRUE(grid->TCustomGrid::Options().Contains(goEditing));
+  grid->SwitchOptions({dgAllowInsertOff}, false);
+  dataSet->Delete();
+  EXPECT_TRUE(grid->TCustomGrid::Options().Contains(goEditing)) << "inserting is allowed";
+}
+
+// Country is looked up in a table of cities by the City key: a new key repaints both
+// columns.
+TEST_F(GridDataLink, ANewKeyRepaintsTheColumnOfItsLookupField) {
+  Open(0);
+  auto* cities = new TClientDataSet(form);
+  cities->FieldDefs()->Add("Code", ftString, 20);
+  cities->FieldDefs()->Add("Country", ftString, 20);
+  cities->CreateDataSet();
+  cities->AppendRecord({"Oslo", "Norway"});
+  cities->AppendRecord({"Paris", "France"});
+  auto* people = new TClientDataSet(form);
+  for (auto [name, type] : {std::pair{"ID", ftInteger}, {"City", ftString}, {"Amount", ftFloat}}) {
+    auto* field = static_cast<TField*>(DefaultFieldClass(type)->Create(people));
+    field->SetFieldName(name);
+    field->SetDataSet(people);
+  }
+  auto* country = new TStringField(people);
+  country->SetFieldName("Country");
+  country->SetFieldKind(fkLookup);
+  country->SetKeyFields("City");
+  country->SetLookupDataSet(cities);
+  country->SetLookupKeyFields("Code");
+  country->SetLookupResultField("Country");
+  country->SetDataSet(people);
+  source->SetDataSet(people);
+  people->CreateDataSet();
+  people->AppendRecord({1, "Oslo", 2.0});
+  people->First();
+  Settle();
+  people->Edit();
+  Settle();
+  people->FieldByName("City")->SetAsString("Paris");
+  Paint();
+  EXPECT_EQ(grid->DrawnCols(), (std::set<int>{grid->DataToRawColumn(1), grid->DataToRawColumn(3)}));
+  EXPECT_EQ(grid->GetFieldValue(3), QStringLiteral("France"));
+  people->Cancel();
+}
+
+TEST_F(GridDataLink, ForcedCustomizedColumnsAreMadeFromTheFieldsAtActivation) {
+  Open(10);
+  dataSet->Close();
+  grid->SwitchOptionsExt({dgForceCustomized}, true);
+  EXPECT_EQ(grid->Columns()->State(), csDefault) << "nothing to make columns from while closed";
+  dataSet->Open();
+  ASSERT_EQ(grid->Columns()->State(), csCustomized);
+  QStringList names;
+  for (TQuilColumn* column : *grid->Columns()) names << column->FieldName();
+  EXPECT_EQ(names, QStringList({"ID", "Name", "City", "Amount"}));
+  EXPECT_EQ(grid->GetFieldValue(1), QStringLiteral("Name001"));
 }
 
 }  // namespace

@@ -1,6 +1,6 @@
-// The properties a control publishes beside its look: anchors and size constraints,
-// drag settings, style elements, its custom hint, and for a window the Tab order and
-// the input method.
+// The properties a control publishes beside its look: alignment, reading order and
+// border, anchors and size constraints, drag settings, style elements, its custom hint,
+// and for a window the Tab order and the input method.
 
 #include <QWidget>
 #include <algorithm>
@@ -11,6 +11,22 @@
 #include "framework/rtl/TypInfo.h"
 
 namespace quil {
+
+const TEnumTypeInfo& TypeInfo(TAlign) {
+  static const TEnumTypeInfo info("TAlign", {"alNone", "alTop", "alBottom", "alLeft", "alRight", "alClient", "alCustom"});
+  return info;
+}
+
+const TEnumTypeInfo& TypeInfo(TBiDiMode) {
+  static const TEnumTypeInfo info(
+      "TBiDiMode", {"bdLeftToRight", "bdRightToLeft", "bdRightToLeftNoAlign", "bdRightToLeftReadingOnly"});
+  return info;
+}
+
+const TEnumTypeInfo& TypeInfo(TBorderStyle) {
+  static const TEnumTypeInfo info("TBorderStyle", {"bsNone", "bsSingle"});
+  return info;
+}
 
 const TEnumTypeInfo& TypeInfo(TAnchorKind) {
   static const TEnumTypeInfo info("TAnchorKind", {"akLeft", "akTop", "akRight", "akBottom"});

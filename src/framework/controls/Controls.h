@@ -44,8 +44,11 @@ class TEnumTypeInfo;
 class TWinControlPrivate;
 
 enum TAlign { alNone, alTop, alBottom, alLeft, alRight, alClient, alCustom };
+const TEnumTypeInfo& TypeInfo(TAlign);
 enum TBiDiMode { bdLeftToRight, bdRightToLeft, bdRightToLeftNoAlign, bdRightToLeftReadingOnly };
+const TEnumTypeInfo& TypeInfo(TBiDiMode);
 enum TBorderStyle { bsNone, bsSingle };
+const TEnumTypeInfo& TypeInfo(TBorderStyle);
 
 // The sides of its parent a control keeps its distance to while the parent is sized.
 enum TAnchorKind { akLeft, akTop, akRight, akBottom };
@@ -204,6 +207,11 @@ public:
   void SetColor(TColor color);
   bool ParentColor() const { return parentColor_; }
   void SetParentColor(bool parentColor);
+  // What follows the parent is stored only once the control has its own.
+  bool IsFontStored() const { return !parentFont_; }
+  bool IsColorStored() const { return !parentColor_; }
+  bool IsBiDiModeStored() const { return !parentBiDiMode_; }
+  bool IsShowHintStored() const { return !parentShowHint_; }
 
   TStyleElements StyleElements() const { return styleElements_; }
   // Repaints through CM_STYLECHANGED, as a switch of style does.
