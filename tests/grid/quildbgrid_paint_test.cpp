@@ -272,6 +272,210 @@ TEST_F(GridPaint, AnImageTakesTheCellAndTheEventMayChooseIt) {
   name->SetImages(nullptr);
 }
 
+// --- Lines along the open edge of the data
+
+TEST_F(GridPaint, WhereTheRowsDoNotFillTheGridTheOpenEdgesTakeTheFixedLineColor) {
+  Open(3);
+  Classic();
+  grid->SetFixedStyle(fsFine);
+  Paint();
+  const TColor fixedLine = ColorToRGB(grid->GetFixedLineColor());
+  QImage image = Grab();
+  Save(image, "open-edge");
+  const TRect lastRow = Cell(NameCol, 3);
+  EXPECT_EQ(At(image, lastRow.Left + 5, lastRow.Bottom), fixedLine);
+  EXPECT_NE(At(image, lastRow.Left + 5, Cell(NameCol, 2).Bottom), fixedLine) << "a row above keeps the grid's line";
+  const TRect lastCol = Cell(4, 2);
+  EXPECT_EQ(At(image, lastCol.Right, lastCol.Top + 5), fixedLine);
+  EXPECT_NE(At(image, Cell(CityCol, 2).Right, lastCol.Top + 5), fixedLine);
+  grid->SetDataRowLineColor(clRed);
+  Paint();
+  EXPECT_EQ(At(Grab(), lastRow.Left + 5, lastRow.Bottom), clRed) << "a color of its own holds";
+}
+
+TEST_F(GridPaint, WithoutColumnLinesARowLineRunsOnIntoTheNextCell) {
+  Open(10);
+  Classic();
+  grid->SetDataRowLineColor(clRed);
+  grid->SetDataColLineColor(clBlue);
+  Paint();
+  const TRect cell = Cell(NameCol, 3);
+  EXPECT_EQ(At(Grab(), cell.Right, cell.Bottom), clBlue);
+  grid->SetDataColLineColor(clNone);
+  Paint();
+  EXPECT_EQ(At(Grab(), cell.Right, cell.Bottom), clRed);
+}
+
+// --- Gradients chosen cell by cell
+
+TEST_F(GridPaint, TheGradientShadesOnlyTheKindsOfCellItIsGivenFor) {
+  Open(10);
+  grid->SetDrawingStyle(gdsGradient);
+  grid->Gradient()->SetActive(true);
+  grid->Gradient()->SetCells({gcSelectedCell});
+  Paint();
+  const TColor cellColor = ColorToRGB(grid->DefaultSelectCellColor());
+  const TColor rowColor = ColorToRGB(grid->DefaultSelectRowColor());
+  const TRect current = Cell(IdCol, 1), inRow = Cell(CityCol, 1);
+  QImage image = Grab();
+  Save(image, "gradient-cells");
+  EXPECT_NE(At(image, current.Left + 3, current.Bottom - 3), cellColor) << "shaded";
+  EXPECT_EQ(Background(image, inRow), rowColor);
+  // The current cell is in the current row, which the gradient must leave out too.
+  grid->Gradient()->SetCells({gcStripedRows});
+  Paint();
+  image = Grab();
+  EXPECT_EQ(At(image, current.Left + 3, current.Top + 3), cellColor);
+  EXPECT_EQ(At(image, current.Left + 3, current.Bottom - 3), cellColor);
+}
+
+// --- Focus frames of the classic look
+
+struct FrameCase {
+  const char* name;
+  TFocusRect style;
+  TColor topLeft;
+  TColor bottomRight;
+};
+
+void PrintTo(const FrameCase& frame, std::ostream* out) { *out << frame.name; }
+
+class FocusFrame : public GridPaint, public ::testing::WithParamInterface<FrameCase> {};
+
+TEST_P(FocusFrame, EdgesTheCurrentCellInItsColors) {
+  const FrameCase& frame = GetParam();
+  Open(10);
+  Classic();
+  grid->SetSelectedIndex(CityCol - 1);
+  grid->SetFocusRect(frame.style);
+  Paint();
+  const QImage image = Grab();
+  const TRect cell = Cell(CityCol, 1);
+  const int middleX = (cell.Left + cell.Right) / 2, middleY = (cell.Top + cell.Bottom) / 2;
+  EXPECT_EQ(At(image, middleX, cell.Top), ColorToRGB(frame.topLeft));
+  EXPECT_EQ(At(image, cell.Left, middleY), ColorToRGB(frame.topLeft));
+  EXPECT_EQ(At(image, middleX, cell.Bottom - 1), ColorToRGB(frame.bottomRight));
+  EXPECT_EQ(At(image, cell.Right - 1, middleY), ColorToRGB(frame.bottomRight));
+}
+
+INSTANTIATE_TEST_SUITE_P(GridPaint, FocusFrame,
+                         ::testing::Values(FrameCase{"Gray", frGray, cl3DDkShadow, cl3DDkShadow},
+                                           FrameCase{"Mild", frMild, clBtnShadow, clBtnShadow}),
+                         [](const ::testing::TestParamInfo<FrameCase>& info) { return std::string(info.param.name); });
+
+// --- Images beside and under the text
+
+class GridImage : public GridPaint {
+protected:
+  // One 8 x 8 picture of color, shown in the Name column.
+  TQuilColumn* ShowImage(TColor color) {
+    picture.Canvas()->Brush()->SetColor(color);
+    picture.Canvas()->FillRect(Rect(0, 0, 8, 8));
+    images.Add(&picture, nullptr);
+    TQuilColumn* name = grid->Columns()->Items(NameCol - 1);
+    name->SetImages(&images);
+    grid->OnCalcImageIndex = [](TObject*, TQuilColumn*, int& index) { index = 0; };
+    return name;
+  }
+  void TearDown() override {
+    if (grid) grid->Columns()->Items(NameCol - 1)->SetImages(nullptr);
+    GridPaint::TearDown();
+  }
+  TImageList images{8, 8};
+  TBitmap picture{8, 8};
+};
+
+TEST_F(GridImage, AnImageMarginIsFilledAndTheTextFollowsIt) {
+  Open(5);
+  Classic();
+  TQuilColumn* name = ShowImage(clAqua);  // light, so that it is not taken for ink
+  name->SetColor(clYellow);
+  name->SetImageMargin(20);
+  Paint();
+  const QImage image = Grab();
+  Save(image, "image-margin");
+  const TRect cell = Cell(NameCol, 3);
+  const int middleY = (cell.Top + cell.Bottom) / 2;
+  EXPECT_EQ(At(image, cell.Left + 10, middleY), clAqua);
+  EXPECT_EQ(At(image, cell.Left + 20, middleY), clYellow) << "between the image and the text";
+  EXPECT_FALSE(HasInk(image, Rect(cell.Left, cell.Top, cell.Left + 21, cell.Bottom)));
+  EXPECT_TRUE(HasInk(image, Rect(cell.Left + 21, cell.Top, cell.Right, cell.Bottom)));
+}
+
+TEST_F(GridImage, AWallpaperShowsTheTextOverTheImage) {
+  Open(5);
+  Classic();
+  TQuilColumn* name = ShowImage(clYellow);
+  name->SetImageDraw(idTileCell);
+  name->SetWallpaper(true);
+  Paint();
+  const QImage image = Grab();
+  Save(image, "wallpaper");
+  const TRect cell = Cell(NameCol, 3);
+  EXPECT_EQ(Background(image, cell), clYellow);
+  EXPECT_TRUE(HasInk(image, cell));
+  name->SetWallpaper(false);
+  Paint();
+  EXPECT_FALSE(HasInk(Grab(), cell));
+}
+
+// --- The default drawing called by a handler
+
+TEST_F(GridPaint, DefaultDrawDataCellWritesTheFieldsTextAlignedByTheField) {
+  Open(5);
+  Classic();
+  grid->SetDefaultDrawing(false);
+  bool draw = false;
+  grid->OnDrawDataCell = [&](TObject*, const TRect& rect, TField* field, TGridDrawState state) {
+    grid->Canvas()->Brush()->SetColor(clWindow);
+    grid->Canvas()->FillRect(rect);
+    if (draw) grid->DefaultDrawDataCell(rect, field, state);
+  };
+  grid->Invalidate();
+  Paint();
+  const TRect cell = Cell(IdCol, 3);
+  EXPECT_FALSE(HasInk(Grab(), cell));
+  draw = true;
+  grid->Invalidate();
+  Paint();
+  const QImage image = Grab();
+  TRect leftHalf = cell, rightHalf = cell;
+  leftHalf.Right = rightHalf.Left = cell.Left + cell.Width() / 2;
+  EXPECT_TRUE(HasInk(image, rightHalf)) << "the number is right aligned";
+  EXPECT_FALSE(HasInk(image, leftHalf));
+  EXPECT_TRUE(HasInk(image, Cell(NameCol, 3)));
+}
+
+// --- DrawCell's frame
+
+TEST_F(GridPaint, WhileLoadingEveryCellIsOnlyFilledWithTheGridsColor) {
+  Open(5);
+  Classic();
+  grid->SetColor(clYellow);
+  grid->Loading();
+  grid->Invalidate();
+  const QImage image = Grab();
+  static_cast<TComponent*>(grid)->Loaded();  // protected in the grid, public in a component
+  Save(image, "loading");
+  EXPECT_EQ(Background(image, Cell(NameCol, 3)), clYellow);
+  EXPECT_EQ(Background(image, Cell(NameCol, 0)), clYellow) << "the titles too";
+  EXPECT_FALSE(HasInk(image, Cell(NameCol, 3)));
+  EXPECT_FALSE(HasInk(image, Cell(NameCol, 0)));
+}
+
+TEST_F(GridPaint, ABlankRowTallerThanADataRowTakesNoStripe) {
+  Open(3);
+  Classic();
+  grid->SwitchOptionsEx({dgBlankRow}, true);
+  grid->SetStripeColor(clYellow);
+  Paint();
+  ASSERT_GT(grid->GetBlankHeight(), grid->DefaultRowHeight());
+  const QImage image = Grab();
+  Save(image, "tall-blank");
+  EXPECT_EQ(Background(image, Cell(CityCol, 2)), clYellow);
+  EXPECT_EQ(Background(image, Cell(CityCol, 4)), ColorToRGB(clWindow)) << "the blank row is the fourth, an odd one";
+}
+
 // --- The cell events
 
 TEST_F(GridPaint, DefaultColumnsHearDrawDataCellBeforeDrawColumnCell) {
