@@ -2,6 +2,8 @@
 // alignment, the place of a search match, and pictures placed, stretched and tiled.
 #include <gtest/gtest.h>
 
+#include <utility>
+
 #include "framework/graphics/Bitmap.h"
 #include "framework/graphics/Canvas.h"
 #include "grid/QuilDBGridCellDraw.h"
@@ -139,6 +141,38 @@ TEST_F(CellDraw, RightAlignedTextEndsAMarginAndAPixelBeforeTheEdge) {
   EXPECT_FALSE(InkIn(200 - 3, 0, 200, cell.Bottom));
 }
 
+// A mirrored canvas swaps left and right for a text that does not read right to left
+// itself. The X is logical: the canvas mirrors it.
+struct MirrorCase {
+  const char* name;
+  bool mirrored;
+  bool rightToLeft;
+  TAlignment alignment;
+  bool endsRight;
+};
+
+void PrintTo(const MirrorCase& mirror, std::ostream* out) { *out << mirror.name; }
+
+class TextMirror : public CellDraw, public ::testing::WithParamInterface<MirrorCase> {};
+
+TEST_P(TextMirror, SwapsTheSidesOnlyForATextNotRightToLeft) {
+  const MirrorCase& mirror = GetParam();
+  if (mirror.mirrored) canvas->SetCanvasOrientation(coRightToLeft);
+  const TRect cell = Rect(0, 0, 200, lineHeight + 4);
+  const TCellTextMatch match =
+      CellTextOut(canvas, cell, 2, 2, "Wg", mirror.alignment, mirror.rightToLeft, false, false, tvCenter, "Wg", {});
+  EXPECT_EQ(match.rect.Left, mirror.endsRight ? 200 - Width("Wg") - 3 : 2);
+}
+
+INSTANTIATE_TEST_SUITE_P(
+    CellDraw, TextMirror,
+    ::testing::Values(MirrorCase{"Plain", false, false, taLeftJustify, false},
+                      MirrorCase{"PlainRightToLeft", false, true, taLeftJustify, false},
+                      MirrorCase{"MirroredLeft", true, false, taLeftJustify, true},
+                      MirrorCase{"MirroredRight", true, false, taRightJustify, false},
+                      MirrorCase{"MirroredRightToLeft", true, true, taLeftJustify, false}),
+    [](const ::testing::TestParamInfo<MirrorCase>& info) { return std::string(info.param.name); });
+
 TEST_F(CellDraw, TheBrushFillsTheCellUnlessClear) {
   const TRect cell = Rect(10, 10, 60, 30);
   canvas->Brush()->SetColor(clYellow);
@@ -251,6 +285,87 @@ TEST_F(CellImage, TilesRunFromTheCellOrFromTheGrid) {
   layout.offsetX = 2;
   CellDrawImage(canvas, Rect(6, 20, 14, 24), &picture, layout);
   EXPECT_EQ(canvas->Pixel(6, 20), clRed) << "the offset moves the pattern";
+}
+
+TEST_F(CellImage, ScaledKeepsTheRatioInsideTheOffsets) {
+  TCellImageLayout layout;
+  layout.imageDraw = idScaled;
+  layout.offsetX = 4;
+  layout.offsetY = 10;
+  // Room 32 x 20 for a 4 x 2 picture: scaled 8 times, 32 x 16, centered 2 lower.
+  CellDrawImage(canvas, Rect(50, 0, 90, 40), &picture, layout);
+  EXPECT_EQ(canvas->Pixel(54, 12), clRed);
+  EXPECT_EQ(canvas->Pixel(85, 27), clBlue);
+  EXPECT_EQ(canvas->Pixel(53, 20), clWhite);
+  EXPECT_EQ(canvas->Pixel(86, 20), clWhite);
+  EXPECT_EQ(canvas->Pixel(70, 11), clWhite);
+  EXPECT_EQ(canvas->Pixel(70, 28), clWhite);
+}
+
+// A 4 x 4 picture in quarters: red, blue above; lime, yellow below.
+class CellTile : public CellDraw {
+protected:
+  void SetUp() override {
+    CellDraw::SetUp();
+    const std::pair<TRect, TColor> quarters[] = {{Rect(0, 0, 2, 2), clRed},
+                                                 {Rect(2, 0, 4, 2), clBlue},
+                                                 {Rect(0, 2, 2, 4), clLime},
+                                                 {Rect(2, 2, 4, 4), clYellow}};
+    for (const auto& [rect, color] : quarters) {
+      picture.Canvas()->Brush()->SetColor(color);
+      picture.Canvas()->FillRect(rect);
+    }
+  }
+  TBitmap picture{4, 4};
+};
+
+// The cell starts at 6, 2 in the grid: half a picture across and down from the pattern's
+// grid origin, so that each axis tells whether it runs from the cell or from the grid.
+TEST_F(CellTile, AColumnRunsAcrossFromTheCellAndDownFromTheGrid) {
+  TCellImageLayout layout;
+  layout.imageDraw = idTileCol;
+  CellDrawImage(canvas, Rect(6, 2, 14, 10), &picture, layout);
+  EXPECT_EQ(canvas->Pixel(6, 2), clLime);
+  EXPECT_EQ(canvas->Pixel(8, 2), clYellow);
+  EXPECT_EQ(canvas->Pixel(6, 4), clRed);
+}
+
+TEST_F(CellTile, ARowRunsAcrossFromTheGridAndDownFromTheCell) {
+  TCellImageLayout layout;
+  layout.imageDraw = idTileRow;
+  CellDrawImage(canvas, Rect(6, 2, 14, 10), &picture, layout);
+  EXPECT_EQ(canvas->Pixel(6, 2), clBlue);
+  EXPECT_EQ(canvas->Pixel(8, 2), clRed);
+  EXPECT_EQ(canvas->Pixel(6, 4), clYellow);
+}
+
+TEST_F(CellTile, OffsetsMoveBothKindsOfOrigin) {
+  TCellImageLayout layout;
+  layout.imageDraw = idTileCol;
+  layout.offsetX = 2;
+  layout.offsetY = 2;
+  CellDrawImage(canvas, Rect(6, 2, 14, 10), &picture, layout);
+  // Half a picture across from the cell gives the right half; half down from the grid's
+  // half-way start gives the top.
+  EXPECT_EQ(canvas->Pixel(6, 2), clBlue);
+  EXPECT_EQ(canvas->Pixel(8, 2), clRed);
+  EXPECT_EQ(canvas->Pixel(6, 4), clYellow);
+}
+
+// On a mirrored canvas a picture that reads right to left swaps its sides; X is logical.
+TEST_F(CellImage, AMirroredCanvasSwapsTheSidesOfARightToLeftPicture) {
+  canvas->SetCanvasOrientation(coRightToLeft);
+  TCellImageLayout layout;
+  layout.imageDraw = idAlignment;
+  layout.alignment = taLeftJustify;
+  layout.vAlignment = tvTopJustify;
+  CellDrawImage(canvas, Rect(10, 10, 30, 20), &picture, layout);
+  EXPECT_NE(canvas->Pixel(11, 10), clWhite);
+  EXPECT_EQ(canvas->Pixel(28, 10), clWhite);
+  layout.rightToLeft = true;
+  CellDrawImage(canvas, Rect(40, 10, 60, 20), &picture, layout);
+  EXPECT_EQ(canvas->Pixel(41, 10), clWhite);
+  EXPECT_NE(canvas->Pixel(58, 10), clWhite);
 }
 
 }  // namespace
