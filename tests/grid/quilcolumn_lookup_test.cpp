@@ -26,21 +26,8 @@ protected:
   void OpenWithCountryField() {
     OpenWithCities();
     dataSet->Close();
-    const std::pair<const char*, TFieldType> own[] = {{"ID", ftInteger}, {"Name", ftString}, {"City", ftString},
-                                                     {"Amount", ftFloat}};
-    for (auto [name, type] : own) {
-      auto* field = static_cast<TField*>(DefaultFieldClass(type)->Create(dataSet));
-      field->SetFieldName(name);
-      field->SetDataSet(dataSet);
-    }
-    auto* country = new TStringField(dataSet);
-    country->SetFieldName("Country");
-    country->SetFieldKind(fkLookup);
-    country->SetKeyFields("City");
-    country->SetLookupDataSet(cities);
-    country->SetLookupKeyFields("Code");
-    country->SetLookupResultField("Country");
-    country->SetDataSet(dataSet);
+    dbtest::AddDataFields(*dataSet, {{"ID", ftInteger}, {"Name", ftString}, {"City", ftString}, {"Amount", ftFloat}});
+    dbtest::AddLookupField(*dataSet, "Country", "City", cities, "Code", "Country");
     dataSet->Open();
     grid->Columns()->SetState(csCustomized);
   }

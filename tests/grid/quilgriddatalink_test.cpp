@@ -305,19 +305,8 @@ TEST_F(GridDataLink, ANewKeyRepaintsTheColumnOfItsLookupField) {
   cities->AppendRecord({"Oslo", "Norway"});
   cities->AppendRecord({"Paris", "France"});
   auto* people = new TClientDataSet(form);
-  for (auto [name, type] : {std::pair{"ID", ftInteger}, {"City", ftString}, {"Amount", ftFloat}}) {
-    auto* field = static_cast<TField*>(DefaultFieldClass(type)->Create(people));
-    field->SetFieldName(name);
-    field->SetDataSet(people);
-  }
-  auto* country = new TStringField(people);
-  country->SetFieldName("Country");
-  country->SetFieldKind(fkLookup);
-  country->SetKeyFields("City");
-  country->SetLookupDataSet(cities);
-  country->SetLookupKeyFields("Code");
-  country->SetLookupResultField("Country");
-  country->SetDataSet(people);
+  dbtest::AddDataFields(*people, {{"ID", ftInteger}, {"City", ftString}, {"Amount", ftFloat}});
+  dbtest::AddLookupField(*people, "Country", "City", cities, "Code", "Country");
   source->SetDataSet(people);
   people->CreateDataSet();
   people->AppendRecord({1, "Oslo", 2.0});

@@ -5,7 +5,9 @@
 
 #include <QString>
 #include <QStringList>
+#include <initializer_list>
 #include <memory>
+#include <utility>
 
 #include "QtPrinters.h"
 
@@ -13,11 +15,38 @@
 #include "framework/db/DataSource.h"
 #include "framework/db/Field.h"
 #include "framework/db/FieldDefs.h"
+#include "framework/db/StringFields.h"
 #include "framework/rtl/Exceptions.h"
 #include "framework/rtl/FormatSettings.h"
 #include "framework/rtl/SysUtils.h"
 
 namespace dbtest {
+
+// Persistent data fields of these names and types, made before the data set opens.
+inline void AddDataFields(quil::TDataSet& dataSet,
+                          std::initializer_list<std::pair<const char*, quil::TFieldType>> fields) {
+  for (auto [name, type] : fields) {
+    auto* field = static_cast<quil::TField*>(quil::DefaultFieldClass(type)->Create(&dataSet));
+    field->SetFieldName(name);
+    field->SetDataSet(&dataSet);
+  }
+}
+
+// A persistent string lookup field: the result field of the lookup data set's record
+// whose lookup key matches this data set's key.
+inline quil::TField* AddLookupField(quil::TDataSet& dataSet, const char* name, const char* keyFields,
+                                    quil::TDataSet* lookupDataSet, const char* lookupKeyFields,
+                                    const char* resultField) {
+  auto* field = new quil::TStringField(&dataSet);
+  field->SetFieldName(name);
+  field->SetFieldKind(quil::fkLookup);
+  field->SetKeyFields(keyFields);
+  field->SetLookupDataSet(lookupDataSet);
+  field->SetLookupKeyFields(lookupKeyFields);
+  field->SetLookupResultField(resultField);
+  field->SetDataSet(&dataSet);
+  return field;
+}
 
 // Counts field reads and fails loudly on one that lands outside the record window.
 class TWindowCheckedDataSet : public quil::TClientDataSet {

@@ -352,23 +352,12 @@ protected:
     for (auto [code, country] : {std::pair{"Berlin", "Germany"}, {"Oslo", "Norway"}, {"Paris", "France"}})
       cities.AppendRecord({code, country});
 
-    for (auto [name, type] : {std::pair{"ID", ftInteger}, {"City", ftString}, {"Amount", ftFloat}}) {
-      auto* field = static_cast<TField*>(DefaultFieldClass(type)->Create(&people));
-      field->SetFieldName(name);
-      field->SetDataSet(&people);
-    }
+    dbtest::AddDataFields(people, {{"ID", ftInteger}, {"City", ftString}, {"Amount", ftFloat}});
     auto* doubled = new TFloatField(&people);
     doubled->SetFieldName("Doubled");
     doubled->SetFieldKind(fkCalculated);
     doubled->SetDataSet(&people);
-    auto* country = new TStringField(&people);
-    country->SetFieldName("Country");
-    country->SetFieldKind(fkLookup);
-    country->SetKeyFields("City");
-    country->SetLookupDataSet(&cities);
-    country->SetLookupKeyFields("Code");
-    country->SetLookupResultField("Country");
-    country->SetDataSet(&people);
+    dbtest::AddLookupField(people, "Country", "City", &cities, "Code", "Country");
     people.OnCalcFields = [this](TDataSet* dataSet) {
       ++calcCalls;
       dataSet->FieldByName("Doubled")->SetAsFloat(dataSet->FieldByName("Amount")->AsFloat() * 2);
