@@ -190,6 +190,8 @@ void TDataSet::RegisterDataSource(TDataSource* dataSource) {
 
 void TDataSet::UnRegisterDataSource(TDataSource* dataSource) {
   dataSources_.erase(std::remove(dataSources_.begin(), dataSources_.end(), dataSource), dataSources_.end());
+  // Its links may have held the window open wider than the others need.
+  if (!ComponentState().Contains(csDestroying)) UpdateBufferCount();
 }
 
 std::vector<TDataLink*> TDataSet::DataLinks() const {

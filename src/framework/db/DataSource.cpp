@@ -33,9 +33,13 @@ TDataSource::~TDataSource() {
 void TDataSource::SetDataSet(TDataSet* dataSet) {
   if (dataSet == dataSet_) return;
   if (IsLinkedTo(dataSet)) DatabaseError(SCircularDataLink, this);
-  if (dataSet_) {
-    dataSet_->UnRegisterDataSource(this);
-    RemoveFreeNotification(dataSet_);
+  // The links hear the old data set go before the new one comes, even when both are
+  // open: their rows, fields and buffers belonged to the old one.
+  if (TDataSet* old = dataSet_) {
+    old->UnRegisterDataSource(this);
+    RemoveFreeNotification(old);
+    dataSet_ = nullptr;
+    UpdateState();
   }
   dataSet_ = dataSet;
   if (dataSet_) {

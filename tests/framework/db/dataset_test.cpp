@@ -679,3 +679,17 @@ TEST(DataSetFields, DefaultFieldsComeAndGoWithOpening) {
 }
 
 }  // namespace
+
+TEST(DataSourceState, SwappingOneOpenDataSetForAnotherIsHeardAndFreesTheOldWindow) {
+  TPeople people(20, 5);
+  dbtest::TWindowCheckedDataSet other{nullptr};
+  dbtest::FillPeople(other, 3);
+  EXPECT_EQ(people.dataSet.BufferCount(), 5);
+  people.source.SetDataSet(&other);
+  EXPECT_EQ(people.link.log, Words({"active:0", "active:1"}));
+  EXPECT_EQ(people.dataSet.BufferCount(), 1);
+  EXPECT_EQ(other.BufferCount(), 5);
+  EXPECT_EQ(people.link.RecordCount(), 3);
+  other.Last();
+  EXPECT_EQ(people.link.ActiveRecord(), 2);
+}
