@@ -86,7 +86,11 @@ QString TFilterTranslator::Like(const TFilterLikeNode& node) {
   const QString operand = Operand(node.Operand(), nullptr, lower);
   const QString text = lower ? pattern.Text().toLower() : pattern.Text();
   if (dialect_ == TSQLDialect::SQLite && !lower) {
-    values_.emplace_back(LikeToGlob(text, pattern.IsPrefix()) + (pattern.IsPrefix() ? QStringLiteral("*") : QString()));
+    // SQLite compiles a statement anew whenever the pattern bound to GLOB changes, and a
+    // rebind with the same value counts as a change: written in, the statement stays prepared.
+    const QString glob = LikeToGlob(text, pattern.IsPrefix()) + (pattern.IsPrefix() ? QStringLiteral("*") : QString());
+    if (!glob.contains(QChar(0))) return QStringLiteral("(%1 GLOB %2)").arg(operand, QuoteText(glob));
+    values_.emplace_back(glob);
     return QStringLiteral("(%1 GLOB ?)").arg(operand);
   }
   if (pattern.IsPrefix()) {

@@ -106,6 +106,11 @@ QString QuoteIdentifier(const QString& name) {
   return QLatin1Char('"') + quoted.replace(QLatin1String("\""), QLatin1String("\"\"")) + QLatin1Char('"');
 }
 
+QString QuoteText(const QString& text) {
+  QString quoted = text;
+  return QLatin1Char('\'') + quoted.replace(QLatin1String("'"), QLatin1String("''")) + QLatin1Char('\'');
+}
+
 TSQLParamText ParseParams(const QString& sql) {
   TSQLParamText result;
   qsizetype copied = 0;

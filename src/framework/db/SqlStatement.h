@@ -30,6 +30,8 @@ std::vector<TSQLOrderItem> ParseOrderItems(const QString& list);
 // The table of "SELECT ... FROM name [alias] [WHERE ...]", empty for joins and the like.
 QString SingleTableOf(const QString& selectBody);
 QString QuoteIdentifier(const QString& name);
+// A text as an SQL string literal: in single quotes, each quote doubled.
+QString QuoteText(const QString& text);
 
 // A statement with ":name" parameters rewritten to "?" placeholders, and the names in
 // the order they bind. "::" (a PostgreSQL cast) and text in quotes are left alone.
