@@ -6,12 +6,15 @@
 #include <set>
 
 #include "../framework/graphics/PixelProbe.h"
+#include "GlyphTestKit.h"
 #include "framework/controls/Application.h"
 #include "framework/graphics/Canvas.h"
 #include "framework/rtl/TypInfo.h"
 #include "grid/QuilDBGrids.h"
 
 using namespace quil;
+using gridtest::TPixelsPerInch;
+using gridtest::TTestStyle;
 
 namespace {
 
@@ -36,13 +39,6 @@ std::set<TColor> ColorsOf(TBitmap& bitmap) {
     for (int x = 0; x < bitmap.Width(); ++x) colors.insert(test::PixelAt(bitmap, x, y));
   return colors;
 }
-
-// Sets the pixels per inch that controls report for the length of a test.
-class TPixelsPerInch {
-public:
-  explicit TPixelsPerInch(int ppi) { Screen->SetPixelsPerInchOverride(ppi); }
-  ~TPixelsPerInch() { Screen->SetPixelsPerInchOverride(0); }
-};
 
 }  // namespace
 
@@ -233,26 +229,6 @@ TEST(GlyphRecoloring, ForceLeavesOnlyTheInk) {
   for (int key = 0; key < 5; ++key) EXPECT_EQ(colors[size_t(key)], GlyphTransparentColor) << "key " << key;
   EXPECT_EQ(colors[5], clBlack);
 }
-
-namespace {
-
-// Makes a registered scheme active for the length of a test.
-class TTestStyle {
-public:
-  TTestStyle(const QString& name, TColor alternate1, TColor alternate2) {
-    if (!TStyleManager::StyleNames().contains(name)) {
-      TStyleScheme scheme = DarkStyleScheme();
-      scheme.Name = name;
-      scheme[srAlternateRow1] = alternate1;
-      scheme[srAlternateRow2] = alternate2;
-      TStyleManager::RegisterStyle(scheme);
-    }
-    TStyleManager::SetStyle(name);
-  }
-  ~TTestStyle() { TStyleManager::SetStyle(TStyleManager::SystemStyleName()); }
-};
-
-}  // namespace
 
 TEST(GlyphRecoloring, StyledTakesTheInkAndInnerShadesFromTheStyle) {
   TTestStyle style(QStringLiteral("Glyph Plain"), RGB(90, 91, 92), RGB(40, 41, 42));

@@ -1,0 +1,420 @@
+// The box glyphs of check box and expand box columns: the state a record's value or
+// expansion gives, the image index of each kind and size, the themed element or the
+// built-in image with its frame, and the boxes as a grid paints them at 100% and 200%.
+#include <map>
+
+#include "../framework/graphics/PixelProbe.h"
+#include "ColumnTestKit.h"
+#include "GlyphTestKit.h"
+#include "framework/db/Field.h"
+#include "framework/graphics/Bitmap.h"
+#include "framework/graphics/ImageList.h"
+#include "framework/rtl/TypInfo.h"
+
+using namespace quil;
+using gridtest::TPixelsPerInch;
+
+namespace {
+
+// Raw columns and rows of the tasks grid: the indicator, then one column per field;
+// the title row, then one row per record.
+constexpr int DoneCol = 1;
+constexpr int NameCol = 4;
+
+// Done, Count, Answer, Name: a true, a false and an empty record, then one whose values
+// are neither the true nor the false text of the number and text columns.
+void FillTasks(TClientDataSet& tasks) {
+  tasks.FieldDefs()->Add("Done", ftBoolean);
+  tasks.FieldDefs()->Add("Count", ftInteger);
+  tasks.FieldDefs()->Add("Answer", ftString, 10);
+  tasks.FieldDefs()->Add("Name", ftString, 20);
+  tasks.CreateDataSet();
+  tasks.AppendRecord({true, 1, "y", "Alpha"});
+  tasks.AppendRecord({false, 0, "N", "Beta"});
+  tasks.AppendRecord({Null(), Null(), "maybe", "Gamma"});
+  tasks.AppendRecord({true, 7, Null(), "Delta"});
+  tasks.First();
+}
+
+class BoxColumns : public gridtest::ColumnFixture {
+protected:
+  // The tasks grid, customized so that layouts keep the columns' settings; plain boxes
+  // come from a grid that does not theme its cells.
+  void OpenTasks(bool themed) {
+    OpenWith(FillTasks);
+    grid->Columns()->SetState(csCustomized);
+    if (!themed) grid->SetFixedTheme(ftNone);
+    ASSERT_EQ(grid->IsGridThemed(false), themed);
+    Settle();
+  }
+  void GoTo(int record) { dataSet->SetRecNo(record); }
+  // Ends the form of one round of a test that opens another.
+  void Close() {
+    delete form;
+    form = nullptr;
+  }
+  // Makes list one of count 4 x 4 images.
+  static void FillImages(TImageList& list, int count) {
+    list.SetSize(4, 4);
+    list.Clear();
+    TBitmap image(4, 4);
+    for (int index = 0; index < count; ++index) list.AddMasked(&image, clOlive);
+  }
+};
+
+// --- The state of a record's value
+
+struct ValueCase {
+  const char* name;
+  const char* field;
+  const char* values;  // CheckBoxValues; none keeps the default texts
+  int record;
+  int state;  // 0 unchecked, 1 checked, 2 neither
+};
+
+class BoxValues : public BoxColumns, public ::testing::WithParamInterface<ValueCase> {};
+
+// Plain boxes have an image of every kind: the state picks one of three in the kind's
+// family. A themed box knows no kinds and shows the state alone.
+TEST_P(BoxValues, PickTheStateInTheKindsFamily) {
+  const ValueCase c = GetParam();
+  for (bool themed : {false, true}) {
+    OpenTasks(themed);
+    TQuilColumn* column = ColumnOf(c.field);
+    column->SetCheckBox(true);
+    if (c.values) column->SetCheckBoxValues(c.values);
+    GoTo(c.record);
+    for (TCheckBoxKind kind : {ckCheck, ckCross, cbBox}) {
+      column->SetCheckBoxKind(kind);
+      EXPECT_EQ(column->GetCheckBoxImageIndex(), themed ? c.state : c.state + 3 * kind)
+          << TypeInfo(kind).NameOf(kind).toStdString() << (themed ? " themed" : " plain");
+    }
+    EXPECT_EQ(column->GetImageIndex(), column->GetCheckBoxImageIndex());
+    Close();
+  }
+}
+
+INSTANTIATE_TEST_SUITE_P(Table, BoxValues,
+                         ::testing::Values(ValueCase{"BooleanTrue", "Done", nullptr, 1, 1},
+                                           ValueCase{"BooleanFalse", "Done", nullptr, 2, 0},
+                                           ValueCase{"BooleanNull", "Done", nullptr, 3, 2},
+                                           ValueCase{"NumberOne", "Count", "1;0", 1, 1},
+                                           ValueCase{"NumberZero", "Count", "1;0", 2, 0},
+                                           ValueCase{"NumberNull", "Count", "1;0", 3, 2},
+                                           ValueCase{"NumberOther", "Count", "1;0", 4, 2},
+                                           ValueCase{"TextAnyCase", "Answer", "Y;N", 1, 1},
+                                           ValueCase{"TextFalse", "Answer", "Y;N", 2, 0},
+                                           ValueCase{"TextOther", "Answer", "Y;N", 3, 2},
+                                           ValueCase{"TextNull", "Answer", "Y;N", 4, 2},
+                                           ValueCase{"EmptyIsFalseWithoutSemicolon", "Answer", "Y", 4, 0}),
+                         [](const auto& info) { return std::string(info.param.name); });
+
+TEST_F(BoxColumns, AReadOnlyCellShowsItsValueAlike) {
+  OpenTasks(false);
+  TQuilColumn* done = ColumnOf("Done");
+  done->SetCheckBox(true);
+  done->SetReadOnly(true);
+  dataSet->FieldByName("Done")->SetReadOnly(true);
+  EXPECT_EQ(done->GetCheckBoxImageIndex(), 1);
+  GoTo(2);
+  EXPECT_EQ(done->GetCheckBoxImageIndex(), 0);
+}
+
+// Images on a cross column: an index past the list falls back to the state's image of
+// the first family, themed or not.
+TEST_F(BoxColumns, ImagesShowTheIndexTheyHaveAndOtherwiseTheState) {
+  for (bool themed : {false, true}) {
+    OpenTasks(themed);
+    TQuilColumn* done = ColumnOf("Done");
+    done->SetCheckBox(true);
+    done->SetCheckBoxKind(ckCross);
+    TImageList images(nullptr);
+    FillImages(images, 4);
+    done->SetImages(&images);
+    GoTo(2);
+    EXPECT_EQ(done->GetCheckBoxImageIndex(), 3) << themed;
+    GoTo(1);
+    EXPECT_EQ(done->GetCheckBoxImageIndex(), 1) << themed;
+    FillImages(images, 5);
+    EXPECT_EQ(done->GetCheckBoxImageIndex(), 4) << themed;
+    GoTo(3);
+    EXPECT_EQ(done->GetCheckBoxImageIndex(), 2) << themed;
+    Close();
+  }
+}
+
+// --- Expand boxes
+
+TEST_F(BoxColumns, AnExpandBoxIsCollapsedExceptWhileItsRecordToggles) {
+  OpenTasks(false);
+  TQuilColumn* name = ColumnOf("Name");
+  name->SetExpandBox(true);
+  for (TExpandBoxSize size : {ebSmall, ebMedium, ebLarge}) {
+    name->SetExpandBoxSize(size);
+    int whileToggling = -1;
+    grid->OnCellExpand = TDBGridClickEvent([&](TQuilColumn* column) { whileToggling = column->GetImageIndex(); });
+    name->ToggleExpandBox();
+    EXPECT_EQ(whileToggling, 1 + 3 * size);
+    EXPECT_EQ(name->GetExpandBoxImageIndex(), 3 * size);
+  }
+  // A tree box with no tree view to expand shows no box.
+  name->SetExpandBoxTree(true);
+  EXPECT_EQ(name->GetExpandBoxImageIndex(), 2 + 3 * ebLarge);
+}
+
+TEST_F(BoxColumns, CalcImageIndexMayChooseAnotherExpandStateWithoutImages) {
+  OpenTasks(false);
+  TQuilColumn* name = ColumnOf("Name");
+  name->SetExpandBox(true);
+  name->SetExpandBoxSize(ebMedium);
+  int asked = 0;
+  int choice = 2;
+  grid->OnCalcImageIndex = TCalcImageIndexEvent([&](TObject*, TQuilColumn* column, int& index) {
+    ++asked;
+    EXPECT_EQ(column, name);
+    EXPECT_EQ(index, 0) << "the state is asked, not the image";
+    index = choice;
+  });
+  EXPECT_EQ(name->GetExpandBoxImageIndex(), 2 + 3);
+  choice = 5;
+  EXPECT_EQ(name->GetExpandBoxImageIndex(), 0 + 3) << "only a state is taken";
+  EXPECT_EQ(asked, 2);
+  TImageList images(nullptr);
+  FillImages(images, 9);
+  name->SetImages(&images);
+  EXPECT_EQ(name->GetExpandBoxImageIndex(), 3);
+  EXPECT_EQ(asked, 2) << "with Images the painting asks for the image itself";
+}
+
+TEST_F(BoxColumns, AThemedExpandBoxShowsTheStateAlone) {
+  OpenTasks(true);
+  TQuilColumn* name = ColumnOf("Name");
+  name->SetExpandBox(true);
+  name->SetExpandBoxSize(ebMedium);
+  EXPECT_EQ(name->GetExpandBoxImageIndex(), 0);
+  name->SetExpandBoxTree(true);
+  EXPECT_EQ(name->GetExpandBoxImageIndex(), 2);
+}
+
+// --- The bitmaps
+
+TEST_F(BoxColumns, NoBoxesOnAnEmptyDataSet) {
+  OpenTasks(false);
+  TQuilColumn* done = ColumnOf("Done");
+  TQuilColumn* name = ColumnOf("Name");
+  done->SetCheckBox(true);
+  name->SetExpandBox(true);
+  EXPECT_NE(done->GetCheckBoxImage(), nullptr);
+  EXPECT_NE(name->GetExpandBoxImage(), nullptr);
+  dataSet->EmptyDataSet();
+  EXPECT_EQ(done->GetCheckBoxImage(), nullptr);
+  EXPECT_EQ(name->GetExpandBoxImage(), nullptr);
+}
+
+// A plain check box is the built-in image inside the frame of the column's style; the
+// face lets the cell show through.
+TEST_F(BoxColumns, APlainCheckBoxIsTheBuiltInImageInItsFrame) {
+  TPixelsPerInch ppi(96);
+  OpenTasks(false);
+  TQuilColumn* done = ColumnOf("Done");
+  done->SetCheckBox(true);
+  done->SetCheckBoxStyle(cbFlat);
+  std::unique_ptr<TBitmap> checked = done->GetCheckBoxImage();
+  ASSERT_NE(checked, nullptr);
+  EXPECT_EQ(dynamic_cast<TThemedBitmap*>(checked.get()), nullptr);
+  EXPECT_EQ(checked->Width(), 13);
+  EXPECT_EQ(checked->Height(), 13);
+  EXPECT_EQ(checked->TransparentMode(), tmFixed);
+  EXPECT_EQ(checked->TransparentColor(), GlyphTransparentColor);
+  // cbFlat: a black ring all round.
+  TBitmap cell;
+  test::WhiteBitmap(cell, 13, 13);
+  cell.Canvas()->Brush()->SetColor(clYellow);
+  cell.Canvas()->FillRect(Rect(0, 0, 13, 13));
+  cell.Canvas()->Draw(0, 0, checked.get());
+  for (int along : {0, 6, 12}) {
+    EXPECT_EQ(test::PixelAt(cell, along, 0), ColorToRGB(clWindowFrame));
+    EXPECT_EQ(test::PixelAt(cell, 0, along), ColorToRGB(clWindowFrame));
+    EXPECT_EQ(test::PixelAt(cell, along, 12), ColorToRGB(clWindowFrame));
+    EXPECT_EQ(test::PixelAt(cell, 12, along), ColorToRGB(clWindowFrame));
+  }
+  EXPECT_EQ(test::PixelAt(cell, 1, 1), clYellow) << "the face is the cell's";
+  const int checkedInk = test::CountInk(cell, Rect(1, 1, 12, 12), clYellow);
+  EXPECT_GT(checkedInk, 10);
+  GoTo(2);
+  cell.Canvas()->FillRect(Rect(0, 0, 13, 13));
+  cell.Canvas()->Draw(0, 0, done->GetCheckBoxImage().get());
+  EXPECT_EQ(test::CountInk(cell, Rect(1, 1, 12, 12), clYellow), 0) << "unchecked";
+  GoTo(3);
+  cell.Canvas()->FillRect(Rect(0, 0, 13, 13));
+  cell.Canvas()->Draw(0, 0, done->GetCheckBoxImage().get());
+  const int grayedInk = test::CountInk(cell, Rect(1, 1, 12, 12), clYellow);
+  EXPECT_GT(grayedInk, 0);
+  EXPECT_LT(grayedInk, checkedInk) << "the grayed mark is dithered";
+}
+
+// A disabled grid blends the mark with the fixed color and draws the mild frame, and
+// leaves the built-in list as it found it.
+TEST_F(BoxColumns, ADisabledGridFadesThePlainBox) {
+  OpenTasks(false);
+  TQuilColumn* done = ColumnOf("Done");
+  done->SetCheckBox(true);
+  done->SetCheckBoxStyle(cbFlat);
+  grid->SetFixedColor(clWhite);
+  grid->SetEnabled(false);
+  std::unique_ptr<TBitmap> faded = done->GetCheckBoxImage();
+  EXPECT_EQ(grid->CheckBoxes()->DrawingStyle(), dsNormal);
+  EXPECT_EQ(grid->CheckBoxes()->BlendColor(), clNone);
+  TBitmap cell;
+  test::WhiteBitmap(cell, 13, 13);
+  cell.Canvas()->Draw(0, 0, faded.get());
+  // cbMild: shadow left and top, shadow of the raised inner edge right and bottom.
+  EXPECT_EQ(test::PixelAt(cell, 0, 6), ColorToRGB(clBtnShadow));
+  EXPECT_EQ(test::PixelAt(cell, 6, 0), ColorToRGB(clBtnShadow));
+  EXPECT_EQ(test::PixelAt(cell, 12, 6), ColorToRGB(clBtnShadow));
+  std::set<TColor> ink;
+  for (int y = 2; y < 11; ++y)
+    for (int x = 2; x < 11; ++x) ink.insert(test::PixelAt(cell, x, y));
+  EXPECT_EQ(ink, (std::set<TColor>{clWhite, RGB(128, 128, 128)})) << "black halfway to white";
+}
+
+TEST_F(BoxColumns, APlainExpandBoxIsTheBuiltInImageOnTheTransparentColor) {
+  TPixelsPerInch ppi(192);
+  OpenTasks(false);
+  TQuilColumn* name = ColumnOf("Name");
+  name->SetExpandBox(true);
+  std::unique_ptr<TBitmap> box = name->GetExpandBoxImage();
+  ASSERT_NE(box, nullptr);
+  EXPECT_EQ(dynamic_cast<TThemedBitmap*>(box.get()), nullptr);
+  EXPECT_EQ(box->Width(), 26);
+  EXPECT_EQ(test::PixelAt(*box, 0, 0), GlyphTransparentColor);
+  EXPECT_EQ(box->TransparentColor(), GlyphTransparentColor);
+  EXPECT_GT(test::CountInk(*box, Rect(0, 0, 26, 26), GlyphTransparentColor), 26) << "frame and sign";
+}
+
+// --- Themed boxes, as the grid asks for them while it paints
+
+class ThemedBoxes : public BoxColumns {
+protected:
+  struct Painted {
+    TThemedElementDetails details;
+    TSize size;
+  };
+  // Records the themed box of each data row of the column as the cells paint.
+  void Watch(TQuilColumn* watched) {
+    grid->OnDrawColumnCell =
+        TDrawColumnCellEvent([this, watched](TObject*, const TRect&, int, TQuilColumn* column, TGridDrawState) {
+          if (column != watched) return;
+          std::unique_ptr<TBitmap> image = column->CheckBox() ? column->GetCheckBoxImage() : column->GetExpandBoxImage();
+          auto* themed = dynamic_cast<TThemedBitmap*>(image.get());
+          ASSERT_NE(themed, nullptr);
+          painted[grid->PaintedRow()] = {themed->Details(), {themed->Width(), themed->Height()}};
+        });
+  }
+  // Paints the whole grid anew and returns the box of each data row.
+  std::map<int, Painted>& Repaint() {
+    painted.clear();
+    grid->Invalidate();
+    Paint();
+    return painted;
+  }
+  static TThemedElementDetails Button(TThemedButton part) { return TCustomStyleServices::GetElementDetails(part); }
+
+  std::map<int, Painted> painted;
+};
+
+TEST_F(ThemedBoxes, ACheckBoxIsTheThemesElementForItsStateInTheBuiltInSize) {
+  for (int ppi : {96, 192}) {
+    TPixelsPerInch scale(ppi);
+    OpenTasks(true);
+    TQuilColumn* done = ColumnOf("Done");
+    done->SetCheckBox(true);
+    done->SetCheckBoxKind(cbBox);
+    Watch(done);
+    const auto& boxes = Repaint();
+    ASSERT_EQ(boxes.size(), 4u);
+    EXPECT_EQ(boxes.at(1).details, Button(tbCheckBoxCheckedNormal));
+    EXPECT_EQ(boxes.at(2).details, Button(tbCheckBoxUncheckedNormal));
+    EXPECT_EQ(boxes.at(3).details, Button(tbCheckBoxMixedNormal));
+    const int side = MulDiv(13, ppi, 96);
+    EXPECT_EQ(boxes.at(1).size, (TSize{side, side})) << ppi;
+    grid->SetEnabled(false);
+    EXPECT_EQ(Repaint().at(1).details, Button(tbCheckBoxCheckedDisabled));
+    Close();
+  }
+}
+
+// The box under the pointer is hot, and pressed while the press lasts; with
+// ctSelectClick only in the current cell, and never when clicks do not toggle.
+TEST_F(ThemedBoxes, TheBoxUnderThePointerIsHotOrPressedWhereAClickToggles) {
+  OpenTasks(true);
+  TQuilColumn* done = ColumnOf("Done");
+  done->SetCheckBox(true);
+  Watch(done);
+  grid->SetTrackCell({DoneCol, 2});
+  grid->SetCellHot(true);
+  EXPECT_EQ(Repaint().at(2).details, Button(tbCheckBoxUncheckedHot));
+  EXPECT_EQ(painted.at(1).details, Button(tbCheckBoxCheckedNormal)) << "another row";
+  grid->SetCellPressed(true);
+  EXPECT_EQ(Repaint().at(2).details, Button(tbCheckBoxUncheckedPressed));
+  done->SetCheckBoxToggle(ctSelectClick);
+  EXPECT_EQ(Repaint().at(2).details, Button(tbCheckBoxUncheckedNormal)) << "not the current cell";
+  grid->SetCol(DoneCol);
+  dataSet->Next();
+  ASSERT_EQ(grid->Row(), 2);
+  EXPECT_EQ(Repaint().at(2).details, Button(tbCheckBoxUncheckedPressed));
+  done->SetCheckBoxToggle(ctKeyPressOnly);
+  EXPECT_EQ(Repaint().at(2).details, Button(tbCheckBoxUncheckedNormal));
+}
+
+// Under a custom style the box has the style's own size.
+TEST_F(ThemedBoxes, ACustomStylesCheckBoxKeepsItsOwnSize) {
+  TPixelsPerInch ppi(192);
+  gridtest::TTestStyle style(QStringLiteral("Box Style"), RGB(90, 91, 92), RGB(40, 41, 42));
+  OpenTasks(true);
+  TQuilColumn* done = ColumnOf("Done");
+  done->SetCheckBox(true);
+  Watch(done);
+  TSize own;
+  ASSERT_TRUE(StyleServices()->GetElementSize(nullptr, Button(tbCheckBoxCheckedNormal), esActual, own));
+  ASSERT_NE(own.cx, 26);
+  EXPECT_EQ(Repaint().at(1).size, own);
+}
+
+// The tree glyph, grown by two pixels a size step and scaled from 96 per inch; the row
+// without a box has an empty element.
+TEST_F(ThemedBoxes, AnExpandBoxIsTheThemesTreeGlyph) {
+  for (int ppi : {96, 192}) {
+    TPixelsPerInch scale(ppi);
+    OpenTasks(true);
+    TQuilColumn* name = ColumnOf("Name");
+    name->SetExpandBox(true);
+    Watch(name);
+    TSize glyph;
+    ASSERT_TRUE(StyleServices()->GetElementSize(nullptr, TCustomStyleServices::GetElementDetails(ttGlyphClosed),
+                                                esActual, glyph));
+    for (TExpandBoxSize size : {ebSmall, ebLarge}) {
+      name->SetExpandBoxSize(size);
+      const Painted box = Repaint().at(1);
+      EXPECT_EQ(box.details, TCustomStyleServices::GetElementDetails(ttGlyphClosed));
+      const int side = MulDiv(glyph.cx + 2 * size, ppi, 96);
+      EXPECT_EQ(box.size, (TSize{side, side})) << ppi << " size " << size;
+    }
+    int expandedDrawn = 0;
+    grid->OnCellExpand = TDBGridClickEvent([&](TQuilColumn* column) {
+      std::unique_ptr<TBitmap> image = column->GetExpandBoxImage();
+      EXPECT_EQ(static_cast<TThemedBitmap*>(image.get())->Details(),
+                TCustomStyleServices::GetElementDetails(ttGlyphOpened));
+      ++expandedDrawn;
+    });
+    name->ToggleExpandBox();
+    EXPECT_EQ(expandedDrawn, 1);
+    name->SetExpandBoxTree(true);
+    const Painted none = Repaint().at(1);
+    EXPECT_EQ(none.details, TCustomStyleServices::GetElementDetails(ttTreeviewDontCare));
+    EXPECT_EQ(none.size, (TSize{0, 0}));
+    Close();
+  }
+}
+
+}  // namespace
