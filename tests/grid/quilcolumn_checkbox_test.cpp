@@ -417,4 +417,175 @@ TEST_F(ThemedBoxes, AnExpandBoxIsTheThemesTreeGlyph) {
   }
 }
 
+
+// --- Boxes in painted cells, at 100% and 200%
+
+class PaintedBoxes : public BoxColumns, public ::testing::WithParamInterface<int> {
+protected:
+  // The box columns on yellow, the current row without a color of its own and the
+  // cursor in the Answer column; the fonts scaled to the pixels per inch.
+  void OpenBoxes(bool themed) {
+    OpenTasks(themed);
+    const int ppi = GetParam();
+    form->SetBounds(0, 0, MulDiv(520, ppi, 96), MulDiv(280, ppi, 96));
+    grid->SetBounds(10, 10, MulDiv(480, ppi, 96), MulDiv(240, ppi, 96));
+    for (TFont* font : {grid->Font(), grid->TitleFont()}) font->SetHeight(MulDiv(font->Height(), ppi, 96));
+    done = ColumnOf("Done");
+    name = ColumnOf("Name");
+    done->SetCheckBox(true);
+    name->SetExpandBox(true);
+    done->SetColor(clYellow);
+    name->SetColor(clYellow);
+    grid->SetSelectRowColor(clNone);
+    grid->SetCol(3);
+    Settle();
+  }
+  TRect Cell(int rawCol, int rawRow) const {
+    TRect rect = grid->CellRect(rawCol, rawRow);
+    const int border = (grid->Width() - grid->ClientWidth()) / 2;
+    rect.Offset(border, border);
+    return rect;
+  }
+  // The smallest rectangle of the cell that holds every pixel not of its yellow.
+  static TRect InkIn(const QImage& image, const TRect& cell) {
+    TRect bounds{cell.Right, cell.Bottom, cell.Left, cell.Top};
+    for (int y = cell.Top; y < cell.Bottom; ++y)
+      for (int x = cell.Left; x < cell.Right; ++x)
+        if (At(image, x, y) != clYellow) {
+          bounds.Left = std::min(bounds.Left, x);
+          bounds.Top = std::min(bounds.Top, y);
+          bounds.Right = std::max(bounds.Right, x + 1);
+          bounds.Bottom = std::max(bounds.Bottom, y + 1);
+        }
+    return bounds;
+  }
+  static int CountOf(const QImage& image, const TRect& rect, TColor color) {
+    int count = 0;
+    for (int y = rect.Top; y < rect.Bottom; ++y)
+      for (int x = rect.Left; x < rect.Right; ++x) count += At(image, x, y) == color;
+    return count;
+  }
+  static void ExpectCentered(const TRect& box, const TRect& cell) {
+    EXPECT_LE(std::abs((box.Left - cell.Left) - (cell.Right - box.Right)), 1);
+    EXPECT_LE(std::abs((box.Top - cell.Top) - (cell.Bottom - box.Bottom)), 1);
+  }
+  int Side() const { return MulDiv(13, GetParam(), 96); }
+
+  TQuilColumn* done = nullptr;
+  TQuilColumn* name = nullptr;
+};
+
+// FixedStyle fsDefault gives cbDefault: a shadow and a black ring at the left and top, a
+// light and a highlight ring at the right and bottom, the mark inside.
+TEST_P(PaintedBoxes, APlainCheckBoxSitsCenteredInItsFrameWithTheMarkOfItsValue) {
+  TPixelsPerInch ppi(GetParam());
+  OpenBoxes(false);
+  const QImage image = Grab();
+  int inkOf[4] = {};
+  for (int row = 1; row <= 3; ++row) {
+    SCOPED_TRACE(row);
+    const TRect cell = Cell(DoneCol, row);
+    const TRect box = InkIn(image, cell);
+    EXPECT_EQ(box.Width(), Side());
+    EXPECT_EQ(box.Height(), Side());
+    ExpectCentered(box, cell);
+    const int middle = box.Top + box.Height() / 2;
+    EXPECT_EQ(At(image, box.Left, middle), ColorToRGB(clBtnShadow));
+    EXPECT_EQ(At(image, box.Left + 1, middle), ColorToRGB(clWindowFrame));
+    EXPECT_EQ(At(image, box.Right - 1, middle), ColorToRGB(clBtnHighlight));
+    EXPECT_EQ(At(image, box.Right - 2, middle), ColorToRGB(cl3DLight));
+    TRect inside = box;
+    inside.Inflate(-2, -2);
+    inkOf[row] = CountOf(image, inside, clBlack);
+    EXPECT_EQ(inkOf[row] + CountOf(image, inside, clYellow), inside.Width() * inside.Height()) << "only ink and face";
+  }
+  EXPECT_GT(inkOf[1], Side()) << "checked";
+  EXPECT_EQ(inkOf[2], 0) << "unchecked";
+  EXPECT_GT(inkOf[3], 0) << "grayed";
+  EXPECT_LT(inkOf[3], inkOf[1]) << "grayed is dithered";
+}
+
+// The large box of a collapsed record shows a plus; while the record toggles, a minus.
+TEST_P(PaintedBoxes, APlainExpandBoxShowsItsSignCentered) {
+  TPixelsPerInch ppi(GetParam());
+  OpenBoxes(false);
+  QImage whileToggling;
+  grid->OnCellExpand = TDBGridClickEvent([&](TQuilColumn*) { whileToggling = Grab(); });
+  name->ToggleExpandBox();
+  ASSERT_FALSE(whileToggling.isNull());
+  const QImage image = Grab();
+  const TRect cell = Cell(NameCol, 1);
+  const TRect box = InkIn(image, cell);
+  EXPECT_EQ(box.Width(), box.Height());
+  EXPECT_LT(box.Width(), Side());
+  EXPECT_GT(box.Width(), Side() * 3 / 4);
+  ExpectCentered(box, cell);
+  // The column through the middle: the frame's top and bottom, and the plus's upright.
+  const int middle = box.Left + box.Width() / 2;
+  const TRect upright = Rect(middle, box.Top, middle + 1, box.Bottom);
+  const int collapsed = CountOf(image, upright, clBlack);
+  EXPECT_GT(collapsed, box.Height() / 2);
+  EXPECT_EQ(InkIn(whileToggling, cell), box);
+  EXPECT_LT(CountOf(whileToggling, upright, clBlack), collapsed / 2) << "a minus has no upright";
+  EXPECT_EQ(CountOf(whileToggling, Rect(middle, Cell(NameCol, 2).Top, middle + 1, Cell(NameCol, 2).Bottom), clBlack),
+            collapsed)
+      << "the other records stay collapsed";
+}
+
+// A themed box takes the built-in glyph's room, and a press shows on its cell alone.
+TEST_P(PaintedBoxes, AThemedCheckBoxLooksPressedOnlyWhereThePointerPresses) {
+  TPixelsPerInch ppi(GetParam());
+  OpenBoxes(true);
+  const QImage before = Grab();
+  for (int row = 1; row <= 3; ++row) {
+    const TRect cell = Cell(DoneCol, row);
+    const TRect box = InkIn(before, cell);
+    EXPECT_LE(box.Width(), Side()) << row;
+    EXPECT_GE(box.Width(), Side() - 2) << row;
+    ExpectCentered(box, cell);
+  }
+  grid->SetTrackCell({DoneCol, 2});
+  grid->SetCellHot(true);
+  grid->SetCellPressed(true);
+  grid->Invalidate();
+  const QImage pressed = Grab();
+  const auto same = [&](int row) {
+    const TRect cell = Cell(DoneCol, row);
+    const QRect area(cell.Left, cell.Top, cell.Width(), cell.Height());
+    return before.copy(area) == pressed.copy(area);
+  };
+  EXPECT_TRUE(same(1));
+  EXPECT_FALSE(same(2));
+  EXPECT_TRUE(same(3));
+}
+
+// Every kind and value in a plain and a themed grid (QUIL_GRAPHICS_SNAPSHOTS saves them).
+TEST_P(PaintedBoxes, EveryKindShowsItsBoxesInPlainAndThemedGrids) {
+  TPixelsPerInch ppi(GetParam());
+  for (bool themed : {false, true}) {
+    OpenBoxes(themed);
+    TQuilColumn* count = ColumnOf("Count");
+    TQuilColumn* answer = ColumnOf("Answer");
+    count->SetCheckBox(true);
+    count->SetCheckBoxValues("1;0");
+    count->SetCheckBoxKind(ckCross);
+    answer->SetCheckBox(true);
+    answer->SetCheckBoxValues("Y;N");
+    answer->SetCheckBoxKind(cbBox);
+    const QImage image = Grab();
+    Save(image, QStringLiteral("checkbox-grid-%1-%2").arg(themed ? "themed" : "plain").arg(GetParam()).toUtf8().constData());
+    for (int rawCol = DoneCol; rawCol <= NameCol; ++rawCol)
+      for (int row = 2; row <= 4; ++row) {
+        const TRect cell = Cell(rawCol, row);
+        const TRect inside = Rect(cell.Left + 1, cell.Top + 1, cell.Right - 1, cell.Bottom - 1);
+        const int background = CountOf(image, inside, At(image, inside.Left, inside.Top));
+        EXPECT_LT(background, inside.Width() * inside.Height()) << "a box in " << rawCol << ", " << row;
+      }
+    Close();
+  }
+}
+
+INSTANTIATE_TEST_SUITE_P(Scale, PaintedBoxes, ::testing::Values(96, 192),
+                         [](const auto& info) { return "ppi" + std::to_string(info.param); });
+
 }  // namespace
