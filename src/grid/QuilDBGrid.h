@@ -280,6 +280,18 @@ public:
   TImageList* ExpandBoxes() const { return expandBoxes_.get(); }
   // Rebuilds the built-in lists when the look or the pixels per inch changed.
   void RecreateMarkers();
+  // The frame of a box around rect, in style resolved by CheckBoxStyle.
+  void DrawCheckBox(TCanvas* canvas, const TRect& rect, TCheckBoxStyle style) const;
+  // The data cell whose check box the pointer is on (the track cell), whether the
+  // pointer is over it (hot) and whether a press on it is held; a themed box shows them.
+  // FIXME: mouse tracking keeps these as the pointer moves over and presses check box
+  // cells; until then no cell is hot.
+  TGridCoord TrackCell() const { return trackCell_; }
+  void SetTrackCell(TGridCoord cell) { trackCell_ = cell; }
+  bool CellHot() const { return cellHot_; }
+  void SetCellHot(bool value) { cellHot_ = value; }
+  bool CellPressed() const { return cellPressed_; }
+  void SetCellPressed(bool value) { cellPressed_ = value; }
 
   // --- The row window
   int TitleOffset() const { return titleOffset_; }
@@ -539,6 +551,8 @@ public:
 
 protected:
   friend class TQuilGridDataLink;
+  // An expand box's state passes CalcImageIndex.
+  friend class TQuilColumn;
 
   void CMBiDiModeChanged(TMessage& message) override;
   void WMNCPaint(TMessage& message) override;
@@ -828,6 +842,9 @@ private:
   int markersKey_ = -1;
   QString markersStyleName_;
   int markersPPI_ = 0;
+  TGridCoord trackCell_{-1, -1};
+  bool cellHot_ = false;
+  bool cellPressed_ = false;
 };
 
 // The grid as placed on a form: it only publishes.

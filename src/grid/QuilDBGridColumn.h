@@ -187,6 +187,19 @@ public:
   void SetExpandBoxTree(bool value);
   virtual void ToggleExpandBox();
 
+  // --- Box glyphs (QuilDBGridColumnBoxes.cpp)
+  // The check box image: 1 checked, 0 unchecked, 2 neither, plus 3 x CheckBoxKind; the
+  // state alone where Images or the theme has no image of that kind.
+  int GetCheckBoxImageIndex() const;
+  // The box of the record being painted: the theme's element, or the built-in image in
+  // its frame; none on an empty data set.
+  std::unique_ptr<TBitmap> GetCheckBoxImage() const;
+  // The expand box image: 0 collapsed, 1 expanded, 2 no box, which CalcImageIndex may
+  // change among them, plus 3 x ExpandBoxSize; the same fallback as check boxes.
+  int GetExpandBoxImageIndex() const;
+  // The theme's tree glyph, or the built-in image; none on an empty data set.
+  std::unique_ptr<TBitmap> GetExpandBoxImage() const;
+
   // --- Images
   TImageDraw ImageDraw() const { return p_.imageDraw; }
   void SetImageDraw(TImageDraw value);
@@ -403,6 +416,11 @@ private:
   void StoreWidth(int value);
   // The bound field's text through the grid's ColGetText, as an editor gets it.
   QString CheckBoxText() const;
+  // Index as the list that shows it can: the state alone (index modulo 3) when Images,
+  // or a themed box, has no image of the index.
+  int ShownBoxIndex(int index, bool themed) const;
+  // A copy of a built-in box image, blended with the fixed color in a disabled grid.
+  std::unique_ptr<TBitmap> BuiltInBoxImage(TImageList* list, int index) const;
   void MoveGroup(int target);
   void MoveByField(int target);
   void ExpandWithGrid(bool value);

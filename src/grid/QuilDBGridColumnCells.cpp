@@ -197,9 +197,9 @@ void TQuilColumn::SetImages(TImageList* value) {
   Changed(false);
 }
 
-// FIXME: glyphs give the check box and expand box images here.
 int TQuilColumn::GetImageIndex() const {
-  if (p_.checkBox || p_.expandBox) return -1;
+  if (p_.checkBox) return GetCheckBoxImageIndex();
+  if (p_.expandBox) return GetExpandBoxImageIndex();
   TField* field = Field();
   if (!field) return -1;
   if (field->DataType() == ftBoolean) return field->AsBoolean() ? 1 : 0;

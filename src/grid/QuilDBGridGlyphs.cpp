@@ -4,6 +4,7 @@
 #include <cassert>
 
 #include "framework/graphics/Canvas.h"
+#include "framework/graphics/FrameDrawing.h"
 #include "framework/rtl/TypInfo.h"
 
 // The strips live in a static library, whose resource object the linker would drop
@@ -72,6 +73,24 @@ constexpr TMarkerStyle kAutoGrayStyles[8] = {msSoft, msSoft, msRaisedGray, msGra
 constexpr TColor kDarkAlternates[] = {4079166, 3158064};
 constexpr TColor kDarkLight = 7368816;
 constexpr TColor kDarkShadow = 2105376;
+
+// The left and top edge and the right and bottom edge of each box style from cbLoweredDark
+// on; cbDefault and cbSoft put a sunken ring around one of these.
+struct TBoxEdges {
+  unsigned leftTop;
+  unsigned leftTopFlags;
+  unsigned rightBottom;
+  unsigned rightBottomFlags;
+};
+
+constexpr TBoxEdges kBoxEdges[] = {
+    {BDR_SUNKENOUTER, BF_MONO, BDR_SUNKENINNER, 0},  // cbLoweredDark
+    {BDR_SUNKENINNER, 0, BDR_SUNKENINNER, 0},        // cbLoweredGray
+    {BDR_SUNKENOUTER, 0, BDR_SUNKENINNER, 0},        // cbLoweredMild
+    {BDR_SUNKENOUTER, BF_MONO, BDR_RAISEDOUTER, BF_MONO},  // cbFlat
+    {BDR_SUNKENINNER, 0, BDR_RAISEDOUTER, 0},        // cbGray
+    {BDR_SUNKENOUTER, 0, BDR_RAISEDINNER, 0},        // cbMild
+};
 
 }  // namespace
 
@@ -156,6 +175,20 @@ void DrawListImage(TImageList* list, TCanvas* canvas, const TRect& rect, int x, 
   list->Draw(bufferCanvas, rect.Width() - list->Width() - (x - rect.Left), y - rect.Top, index);
   bufferCanvas->SetCanvasOrientation(coLeftToRight);
   canvas->CopyRect(rect, bufferCanvas, local);
+}
+
+void DrawBoxFrame(TCanvas* canvas, TRect rect, TCheckBoxStyle style) {
+  assert(style >= cbDefault && "a resolved check box style");
+  TBoxEdges edges = kBoxEdges[0];
+  if (style == cbDefault || style == cbSoft) {
+    DrawEdge(canvas->Handle(), rect, BDR_SUNKENOUTER, BF_RECT);
+    rect.Inflate(-1, -1);
+    if (style == cbSoft) edges = {BDR_SUNKENINNER, 0, BDR_SUNKENINNER, 0};
+  } else {
+    edges = kBoxEdges[style - cbLoweredDark];
+  }
+  DrawEdge(canvas->Handle(), rect, edges.leftTop, BF_TOPLEFT | edges.leftTopFlags);
+  DrawEdge(canvas->Handle(), rect, edges.rightBottom, BF_BOTTOMRIGHT | edges.rightBottomFlags);
 }
 
 const TMetaClass& TThemedBitmap::StaticClass() {

@@ -10,6 +10,13 @@
 // CreateMappedBmp, and MakeGlyphList cuts the strip into an image list. Painting takes
 // the lists from GetIndicators and GetMarkers and draws with DrawListImage, which
 // keeps a glyph's orientation on a mirrored canvas.
+//
+// How a box reaches a cell: the default drawing of a check box or expand box column
+// asks the column for its image (GetCheckBoxImage, GetExpandBoxImage). The column works
+// out the box's state from the field's value or the row's expansion; under a theme it
+// gives a TThemedBitmap, which the cell's image drawing turns into the style's element,
+// otherwise a copy of the built-in list's image, a check box with the frame that
+// DrawBoxFrame draws around it in the resolved CheckBoxStyle.
 
 #include <QString>
 #include <memory>
@@ -17,6 +24,7 @@
 #include "framework/graphics/Bitmap.h"
 #include "framework/graphics/ImageList.h"
 #include "framework/graphics/StyleServices.h"
+#include "grid/QuilDBGridColumnTypes.h"
 
 namespace quil {
 
@@ -65,6 +73,11 @@ std::unique_ptr<TImageList> MakeGlyphList(TBitmap* strip, bool expandBoxes);
 // of rect, over a copy of the canvas or its brush color, and keeps its orientation.
 void DrawListImage(TImageList* list, TCanvas* canvas, const TRect& rect, int x, int y, int index, bool direct,
                    bool copyBackground);
+
+// Draws the edges of a box around rect in a resolved style (cbDefault ... cbMild): the
+// two-ring styles fill rect's outer pixel ring and the one inside it, the others only
+// the outer ring.
+void DrawBoxFrame(TCanvas* canvas, TRect rect, TCheckBoxStyle style);
 
 // A bitmap that stands for a theme element: drawing it asks the active style to draw
 // the element into the bitmap's place instead of copying pixels.

@@ -1,6 +1,7 @@
 // The grid's built-in glyph lists: loaded in the constructor, rebuilt by
 // RecreateMarkers at each layout, on a switch of style and on a change of the system
-// style elements, when the look or the pixels per inch changed.
+// style elements, when the look or the pixels per inch changed. And the frames of the
+// boxes that the check box glyphs leave to the grid.
 #include "grid/QuilDBGrid.h"
 
 namespace quil {
@@ -81,6 +82,10 @@ void TQuilCustomDBGrid::RecreateMarkers() {
   markersKey_ = key;
   markersStyleName_ = styleName;
   markersPPI_ = ppi;
+}
+
+void TQuilCustomDBGrid::DrawCheckBox(TCanvas* canvas, const TRect& rect, TCheckBoxStyle style) const {
+  DrawBoxFrame(canvas, rect, CheckBoxStyle(style));
 }
 
 }  // namespace quil

@@ -213,17 +213,19 @@ void TQuilCustomDBGrid::DefaultDrawColumnCell(const TRect& rect, int dataCol, TQ
   DefaultDrawCell(rect, column, column->GetDisplayText(), look);
 }
 
-// FIXME: glyphs give check box and expand box columns their box images here.
+// The image: one of the column's Images, else the box glyph of a box column, else the
+// picture of a graphic field.
 void TQuilCustomDBGrid::DefaultDrawCell(const TRect& rect, TQuilColumn* column, const QString& text,
                                         TCellLook& look) {
-  std::unique_ptr<TPersistent> made;
-  TPersistent* image = nullptr;
+  std::unique_ptr<TBitmap> made;
   if (column->Images()) {
     int index = column->GetImageIndex();
     CalcImageIndex(column, index);
     made = column->GetImage(index);
-    image = made.get();
   }
+  if (!made && column->CheckBox()) made = column->GetCheckBoxImage();
+  else if (!made && column->ExpandBox()) made = column->GetExpandBoxImage();
+  TPersistent* image = made.get();
   if (!image && !column->CheckBox() && !column->ExpandBox() && column->ShowBlob()) image = column->GetGraphicImage();
   paint_.styleLock = false;
   TColor color = Canvas()->Brush()->Color();

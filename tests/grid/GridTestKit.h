@@ -7,6 +7,7 @@
 #include <QScreen>
 #include <QWidget>
 #include <gtest/gtest.h>
+#include <functional>
 #include <map>
 #include <set>
 #include <memory>
@@ -99,10 +100,15 @@ protected:
   // A test that watches more than TProbeGrid does opens its own kind of probe grid.
   template <typename Grid = TProbeGrid>
   void Open(int rows, int gridHeight = 240) {
+    OpenWith<Grid>([rows](quil::TClientDataSet& people) { dbtest::FillPeople(people, rows); }, gridHeight);
+  }
+  // The same over a data set that fill defines and fills.
+  template <typename Grid = TProbeGrid>
+  void OpenWith(const std::function<void(quil::TClientDataSet&)>& fill, int gridHeight = 240) {
     form = new quil::TForm(nullptr);
     form->SetBounds(0, 0, 520, gridHeight + 40);
     dataSet = new dbtest::TWindowCheckedDataSet(form);
-    dbtest::FillPeople(*dataSet, rows);
+    fill(*dataSet);
     source = new quil::TDataSource(form);
     source->SetDataSet(dataSet);
     grid = new Grid(form);

@@ -1,17 +1,22 @@
 // The glyph strips: the resolution picked for a pixels-per-inch value, rescaling to
-// whole images, the recoloring of the key colors for each marker style, the grid's
-// cache of its built-in lists, and image drawing on a mirrored canvas.
+// whole images, the recoloring of the key colors for each marker style and under a
+// custom style, the grid's cache of its built-in lists, image drawing on a mirrored
+// canvas, and the frames of the box styles.
 #include <QImage>
 #include <gtest/gtest.h>
+#include <functional>
 #include <set>
 
 #include "../framework/graphics/PixelProbe.h"
+#include "GlyphTestKit.h"
 #include "framework/controls/Application.h"
 #include "framework/graphics/Canvas.h"
 #include "framework/rtl/TypInfo.h"
 #include "grid/QuilDBGrids.h"
 
 using namespace quil;
+using gridtest::TPixelsPerInch;
+using gridtest::TTestStyle;
 
 namespace {
 
@@ -36,13 +41,6 @@ std::set<TColor> ColorsOf(TBitmap& bitmap) {
     for (int x = 0; x < bitmap.Width(); ++x) colors.insert(test::PixelAt(bitmap, x, y));
   return colors;
 }
-
-// Sets the pixels per inch that controls report for the length of a test.
-class TPixelsPerInch {
-public:
-  explicit TPixelsPerInch(int ppi) { Screen->SetPixelsPerInchOverride(ppi); }
-  ~TPixelsPerInch() { Screen->SetPixelsPerInchOverride(0); }
-};
 
 }  // namespace
 
@@ -234,26 +232,6 @@ TEST(GlyphRecoloring, ForceLeavesOnlyTheInk) {
   EXPECT_EQ(colors[5], clBlack);
 }
 
-namespace {
-
-// Makes a registered scheme active for the length of a test.
-class TTestStyle {
-public:
-  TTestStyle(const QString& name, TColor alternate1, TColor alternate2) {
-    if (!TStyleManager::StyleNames().contains(name)) {
-      TStyleScheme scheme = DarkStyleScheme();
-      scheme.Name = name;
-      scheme[srAlternateRow1] = alternate1;
-      scheme[srAlternateRow2] = alternate2;
-      TStyleManager::RegisterStyle(scheme);
-    }
-    TStyleManager::SetStyle(name);
-  }
-  ~TTestStyle() { TStyleManager::SetStyle(TStyleManager::SystemStyleName()); }
-};
-
-}  // namespace
-
 TEST(GlyphRecoloring, StyledTakesTheInkAndInnerShadesFromTheStyle) {
   TTestStyle style(QStringLiteral("Glyph Plain"), RGB(90, 91, 92), RGB(40, 41, 42));
   const TColor ink = StyleServices()->GetStyleFontColor(sfGridItemFixedNormal);
@@ -441,6 +419,42 @@ TEST(GridGlyphs, TheSystemLookOfMarkersFollowsTheSystemStyleElements) {
   EXPECT_NE(systemLook, (std::set<TColor>{clYellow, clBlack, clWhite}));
 }
 
+// Under a custom style the markers are raised and mild in its colors, whatever
+// MarkerStyle says: the ink is the fixed cells' font color, the lit and shaded edges
+// the two alternate row colors, the face transparent; the indicators keep only the
+// ink. Leaving the style brings MarkerStyle's look back.
+TEST(GridGlyphs, ACustomStyleRecolorsTheGlyphsInItsColors) {
+  TPixelsPerInch ppi(96);
+  TQuilDBGrid grid(nullptr);
+  PaintOwnFixedCells(grid);
+  grid.SwitchOptionsExt({dgForceSystemMarker}, false);
+  grid.SetMarkerStyle(msFlat);
+  grid.LayoutChanged();
+  auto colorsOf = [](TImageList* list, int index) {
+    TBitmap image;
+    test::WhiteBitmap(image, 16, 16);
+    image.Canvas()->Brush()->SetColor(clYellow);
+    image.Canvas()->FillRect(Rect(0, 0, 16, 16));
+    list->Draw(image.Canvas(), 0, 0, index);
+    return ColorsOf(image);
+  };
+  const std::set<TColor> flat = colorsOf(grid.Markers(), 0);
+  EXPECT_EQ(flat, (std::set<TColor>{clYellow, clBlack, clWhite}));
+  {
+    TTestStyle style(QStringLiteral("Glyph Markers"), RGB(90, 91, 92), RGB(40, 41, 42));
+    grid.LayoutChanged();
+    const TColor ink = StyleServices()->GetStyleFontColor(sfGridItemFixedNormal);
+    const std::set<TColor> styled = colorsOf(grid.Markers(), 0);
+    EXPECT_TRUE(styled.count(RGB(90, 91, 92)) && styled.count(RGB(40, 41, 42)));
+    for (TColor color : styled)
+      EXPECT_TRUE(color == clYellow || color == ink || color == RGB(90, 91, 92) || color == RGB(40, 41, 42))
+          << color;
+    EXPECT_EQ(colorsOf(grid.Indicators(), 0), (std::set<TColor>{clYellow, ink}));
+  }
+  grid.LayoutChanged();
+  EXPECT_EQ(colorsOf(grid.Markers(), 0), flat);
+}
+
 TEST(GridGlyphs, ApplicationListsReplaceTheBuiltInOnesUntilFreed) {
   TQuilDBGrid grid(nullptr);
   grid.LayoutChanged();
@@ -543,4 +557,84 @@ TEST(ThemedBitmap, DrawingItDrawsTheThemeElementInstead) {
   EXPECT_GT(test::CountInk(target, Rect(2, 2, 15, 15)), 10);
   EXPECT_EQ(test::CountInk(target, Rect(15, 0, 20, 20)), 0);
   EXPECT_EQ(themed.Details(), TCustomStyleServices::GetElementDetails(tbCheckBoxCheckedNormal));
+}
+
+// --- Box frames
+
+namespace {
+
+struct FrameCase {
+  TCheckBoxStyle style;
+  // The outer ring's left and top, right and bottom; the inner ring's, or clNone for a
+  // style of one ring.
+  TColor outerLeftTop, outerRightBottom, innerLeftTop, innerRightBottom;
+};
+
+// The ring colors along a 13 x 13 frame drawn over yellow, at the middle of each side.
+FrameCase Drawn(TCheckBoxStyle style, const std::function<void(TCanvas*, const TRect&)>& draw) {
+  TBitmap box;
+  test::WhiteBitmap(box, 13, 13);
+  box.Canvas()->Brush()->SetColor(clYellow);
+  box.Canvas()->FillRect(Rect(0, 0, 13, 13));
+  draw(box.Canvas(), Rect(0, 0, 13, 13));
+  auto ring = [&box](int inset) {
+    const TColor left = test::PixelAt(box, inset, 6), top = test::PixelAt(box, 6, inset);
+    const TColor right = test::PixelAt(box, 12 - inset, 6), bottom = test::PixelAt(box, 6, 12 - inset);
+    EXPECT_EQ(left, top);
+    EXPECT_EQ(right, bottom);
+    return std::pair{left, right};
+  };
+  const auto outer = ring(0);
+  auto inner = ring(1);
+  if (inner == std::pair{clYellow, clYellow}) inner = {clNone, clNone};
+  EXPECT_EQ(test::CountInk(box, Rect(2, 2, 11, 11), clYellow), 0) << "the face is left alone";
+  return {style, outer.first, outer.second, inner.first, inner.second};
+}
+
+}  // namespace
+
+class BoxFrame : public ::testing::TestWithParam<FrameCase> {};
+
+TEST_P(BoxFrame, DrawsTheEdgesOfItsStyle) {
+  const FrameCase expected = GetParam();
+  const FrameCase drawn = Drawn(expected.style, [&](TCanvas* canvas, const TRect& rect) {
+    DrawBoxFrame(canvas, rect, expected.style);
+  });
+  auto rgb = [](TColor color) { return color == clNone ? clNone : ColorToRGB(color); };
+  EXPECT_EQ(drawn.outerLeftTop, rgb(expected.outerLeftTop));
+  EXPECT_EQ(drawn.outerRightBottom, rgb(expected.outerRightBottom));
+  EXPECT_EQ(drawn.innerLeftTop, rgb(expected.innerLeftTop));
+  EXPECT_EQ(drawn.innerRightBottom, rgb(expected.innerRightBottom));
+}
+
+// A sunken outer edge is shadow over highlight, black when mono; a sunken inner edge
+// dark shadow over light; raised edges the other way round.
+INSTANTIATE_TEST_SUITE_P(
+    Table, BoxFrame,
+    ::testing::Values(FrameCase{cbDefault, clBtnShadow, clBtnHighlight, clWindowFrame, cl3DLight},
+                      FrameCase{cbSoft, clBtnShadow, clBtnHighlight, cl3DDkShadow, cl3DLight},
+                      FrameCase{cbLoweredDark, clWindowFrame, cl3DLight, clNone, clNone},
+                      FrameCase{cbLoweredGray, cl3DDkShadow, cl3DLight, clNone, clNone},
+                      FrameCase{cbLoweredMild, clBtnShadow, cl3DLight, clNone, clNone},
+                      FrameCase{cbFlat, clWindowFrame, clWindowFrame, clNone, clNone},
+                      FrameCase{cbGray, cl3DDkShadow, cl3DDkShadow, clNone, clNone},
+                      FrameCase{cbMild, clBtnShadow, clBtnShadow, clNone, clNone}),
+    [](const auto& info) { return TypeInfo(TCheckBoxStyle()).NameOf(info.param.style).toStdString(); });
+
+// The grid resolves the automatic styles by its FixedStyle first.
+TEST(GridBoxFrame, AutomaticStylesFollowTheFixedStyle) {
+  TQuilDBGrid grid(nullptr);
+  auto drawnBy = [&grid](TCheckBoxStyle style) {
+    return Drawn(style, [&](TCanvas* canvas, const TRect& rect) { grid.DrawCheckBox(canvas, rect, style); });
+  };
+  auto same = [](const FrameCase& a, const FrameCase& b) {
+    return a.outerLeftTop == b.outerLeftTop && a.outerRightBottom == b.outerRightBottom &&
+           a.innerLeftTop == b.innerLeftTop && a.innerRightBottom == b.innerRightBottom;
+  };
+  EXPECT_TRUE(same(drawnBy(cbAuto), drawnBy(cbDefault)));
+  grid.SetFixedStyle(fsFlat);
+  EXPECT_TRUE(same(drawnBy(cbAuto), drawnBy(cbFlat)));
+  EXPECT_TRUE(same(drawnBy(cbAutoGray), drawnBy(cbGray)));
+  EXPECT_TRUE(same(drawnBy(cbAutoLowered), drawnBy(cbLoweredDark)));
+  EXPECT_FALSE(same(drawnBy(cbAuto), drawnBy(cbDefault)));
 }
