@@ -206,14 +206,14 @@ TStrings* TQuilDBGridSettings::GetLayout() {
   return layout_.get();
 }
 
-// The column's own visible flag is kept, not whether its parent hides it too, so that
-// showing the parent again shows the column as it was.
+// The column's own flags are kept, not what its parent or its being a leaf make of
+// them, so that a column comes back as the user left it when its group changes.
 void TQuilDBGridSettings::AddColumnLines() {
   const TQuilDBGridColumns* columns = Grid()->Columns();
   layout_->Add(Line(sColumns, columns->Count()));
   for (const TQuilColumn* column : *columns) {
     const QStringList fields{column->FieldName(), QString::number(column->WidthBase()),
-                             QString::number(column->GetVisibility()), QString::number(column->Expanded())};
+                             QString::number(column->GetVisibility()), QString::number(column->GetExpandedFlag())};
     layout_->Add(sColumn + QString::number(column->Index() + 1) + QLatin1Char('=') + fields.join(DefaultDelimiter));
   }
 }
@@ -246,7 +246,7 @@ void TQuilDBGridSettings::ApplyColumnLines() {
     column->MoveTo(index);
     column->SetWidthBase(ScanInt(value, column->WidthBase()));
     column->SetVisible(ScanInt(value, column->GetVisibility()) == 1);
-    column->SetExpanded(ScanInt(value, column->Expanded()) == 1);
+    column->SetExpanded(ScanInt(value, column->GetExpandedFlag()) == 1);
   }
 }
 
