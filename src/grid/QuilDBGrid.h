@@ -126,6 +126,9 @@ public:
   TQuilDBGridSearch* Search() const { return search_.get(); }
   TQuilDBGridTreeView* TreeView() const { return treeView_.get(); }
   TQuilDBGridSettings* Settings() const { return settings_.get(); }
+  void SetSettings(const TQuilDBGridSettings* value) { settings_->Assign(value); }
+  // Hears each layout the settings build (apply false) and apply (apply true).
+  TQuilDBGridLayoutEvent OnLayout;
   TQuilScrollProp* ScrollProp() const { return scrollProp_.get(); }
   TQuilDBGridGradient* Gradient() const { return gradient_.get(); }
   // Takes the settings, and repaints when any differs.

@@ -141,6 +141,8 @@ public:
   bool GetVisibility() const { return p_.visible; }
   bool Expanded() const;
   void SetExpanded(bool value);
+  // The stored expanded flag alone, whether or not the column can expand.
+  bool GetExpandedFlag() const { return p_.expanded; }
   bool GetExpanded() const;
   bool GetExpandable() const;
   bool GetShowing() const;

@@ -58,9 +58,9 @@ void TQuilCustomDBGrid::LinkActive(bool value) {
     settings_->SetAutoLoadPending(false);
     if (settings_->Active()) {
       DisablePosition();
+      TScopeExit enable([this] { EnablePosition(true); });
       settings_->AutoLoadLayout();
       DataSet()->First();
-      EnablePosition(true);
       return;
     }
   }

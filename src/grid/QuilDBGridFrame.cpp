@@ -6,6 +6,7 @@
 #include "framework/db/DataSource.h"
 #include "framework/db/Field.h"
 #include "framework/graphics/ColorProps.h"
+#include "framework/rtl/ExceptionHandler.h"
 #include "framework/rtl/SystemInfo.h"
 #include "framework/rtl/TypInfo.h"
 #include "grid/QuilDBGrid.h"
@@ -113,6 +114,7 @@ const TMetaClass& TQuilDBGrid::StaticClass() {
           .Published(SetProp("StyleElements", &TQuilDBGrid::StyleElements, &TQuilDBGrid::SetStyleElements)
                          .Default(TStyleElements{seFont, seClient, seBorder}))
           .Published(IntProp("TabOrder", &TQuilDBGrid::TabOrder, &TQuilDBGrid::SetTabOrder))
+          .Published(ObjectProp("Settings", &G::Settings, &G::SetSettings))
           // The look. DrawingStyle is worked out from FixedTheme and Gradient.Active,
           // which the stream holds.
           .Published(EnumProp("DrawingStyle", &G::DrawingStyle, &G::SetDrawingStyle).Stored(false))
@@ -178,7 +180,14 @@ TQuilCustomDBGrid::~TQuilCustomDBGrid() {
   // Notifications that come while the parts go find the grid destroying, and leave it.
   Destroying();
   for (auto& timer : timers_) timer.reset();
-  if (settings_ && settings_->Active() && !ComponentState().Contains(csDesigning)) settings_->AutoSaveLayout();
+  if (settings_ && settings_->Active() && !ComponentState().Contains(csDesigning)) {
+    // A destructor cannot pass a failed save on: the application hears of it instead.
+    try {
+      settings_->AutoSaveLayout();
+    } catch (...) {
+      if (ApplicationHandleException()) ApplicationHandleException()(this);
+    }
+  }
   // The link goes first, so that no data event reaches a grid without its parts.
   if (dataLink_) dataLink_->SetDataSource(nullptr);
   totals_.reset();

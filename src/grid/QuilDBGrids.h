@@ -44,6 +44,14 @@
 // through CellTextOut, the search mark) before OnDrawDataCell and OnDrawColumnCell. It puts
 // ActiveRecord back and draws the focus frame last.
 //
+// How the user's layout travels: Loaded marks the grid's Settings; the first activation
+// of the link then runs AutoLoadLayout inside DisablePosition: ReadLayout fills the
+// layout list from the section of the ini file or registry key, and SetLayout moves,
+// sizes, hides and expands each column it names and sets order, lines and stretch.
+// The grid's destructor runs AutoSaveLayout: GetLayout builds the lines from the grid
+// and SaveLayout replaces the section with them. OnLayout sees each list built and
+// applied.
+//
 // How a switch of style travels: the style manager sends CM_STYLECHANGED down every
 // control tree; the grid works out its fixed lines, spacing and border again, rebuilds
 // its glyph lists in the new style's colors (RecreateMarkers) and repaints whole.

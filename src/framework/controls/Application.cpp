@@ -72,6 +72,8 @@ void TApplication::Run() {
 
 void TApplication::Terminate() { QCoreApplication::quit(); }
 
+QString TApplication::ExeName() const { return QCoreApplication::applicationFilePath(); }
+
 void TApplication::HandleException(TObject* sender) {
   const auto report = [&](const Exception& error) {
     if (onException_) onException_(sender, error);

@@ -42,6 +42,9 @@ public:
   const TExceptionEvent& OnException() const { return onException_; }
   void SetOnException(const TExceptionEvent& handler) { onException_ = handler; }
 
+  // The full path of the running program's file.
+  QString ExeName() const;
+
   const QString& Title() const { return title_; }
   void SetTitle(const QString& title) { title_ = title; }
 

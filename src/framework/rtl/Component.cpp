@@ -151,9 +151,9 @@ void TComponent::DropFreeLink(TComponent* component) {
 }
 
 void TComponent::CheckConsistency() const {
-  for (const TComponent* owned : components_)
+  for ([[maybe_unused]] const TComponent* owned : components_)
     assert(owned->owner_ == this && "an owned component names another owner");
-  for (const TComponent* listener : freeNotifies_)
+  for ([[maybe_unused]] const TComponent* listener : freeNotifies_)
     assert(Has(listener->freeNotifies_, this) && "free notification links are one-sided");
   if (owner_) assert(Has(owner_->components_, this) && "owner does not list this component");
 }

@@ -170,6 +170,12 @@ int LastDelimiter(const QString& delimiters, const QString& text) {
   return 0;
 }
 
+QString ChangeFileExt(const QString& fileName, const QString& extension) {
+  const int found = LastDelimiter(QStringLiteral(".\\/:"), fileName);
+  if (found > 0 && fileName[found - 1] == u'.') return fileName.left(found - 1) + extension;
+  return fileName + extension;
+}
+
 QString ScanStr(QString& text, const QString& delimiter) {
   const QString& separator = delimiter.isEmpty() ? DefaultDelimiter : delimiter;
   const qsizetype found = separator.isEmpty() ? -1 : text.indexOf(separator);

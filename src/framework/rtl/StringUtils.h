@@ -53,6 +53,9 @@ int Pos(const QString& substr, const QString& text, int offset = 1);
 QString Copy(const QString& text, int index, int count = INT_MAX);
 bool IsDelimiter(const QString& delimiters, const QString& text, int index);
 int LastDelimiter(const QString& delimiters, const QString& text);
+// The file name with its extension (from the last '.' of the name part on) replaced by
+// `extension`, which brings its own dot; a name without one gets it appended.
+QString ChangeFileExt(const QString& fileName, const QString& extension);
 
 // Separator of list texts read by ScanStr and ScanInt when they are given none.
 extern QString DefaultDelimiter;

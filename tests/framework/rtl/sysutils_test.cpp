@@ -282,6 +282,14 @@ TEST(Delimiters, FindDelimiterCharacters) {
   EXPECT_EQ(LastDelimiter("/", "abc"), 0);
 }
 
+TEST(Delimiters, ChangeFileExtReplacesOnlyTheExtensionOfTheNamePart) {
+  EXPECT_EQ(ChangeFileExt("/opt/app/run.exe", ".ini"), "/opt/app/run.ini");
+  EXPECT_EQ(ChangeFileExt("/opt/app.d/run", ".ini"), "/opt/app.d/run.ini");
+  EXPECT_EQ(ChangeFileExt("C:\\app.d\\run", ".ini"), "C:\\app.d\\run.ini");
+  EXPECT_EQ(ChangeFileExt("run.tar.gz", ".ini"), "run.tar.ini");
+  EXPECT_EQ(ChangeFileExt("run.exe", ""), "run");
+}
+
 struct ScanRow {
   const char* text;
   const char* delimiter;
