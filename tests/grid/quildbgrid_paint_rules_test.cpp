@@ -157,10 +157,13 @@ TEST_F(PaintRules, StripesUnderAStyledClientTakeTheStylesAlternateRowColor) {
 
 // Under a custom style the classic look fills each cell's part of the element without a
 // clip, so that the parts show how far each reaches: over the lines between the cells,
-// never past the row's two ends. Mirrored, the row runs from the right.
-class RowElement : public PaintRules, public ::testing::WithParamInterface<bool> {
+// never past the row's two ends. Mirrored, the row runs from the right, also where its
+// columns read left to right.
+enum TRowDirection { rdLeftToRight, rdMirrored, rdMirroredLeftToRightColumns };
+
+class RowElement : public PaintRules, public ::testing::WithParamInterface<TRowDirection> {
 protected:
-  bool Mirrored() const { return GetParam(); }
+  bool Mirrored() const { return GetParam() != rdLeftToRight; }
   // The line after a column in reading order, and the one before it, in the grab.
   int LineAfter(int rawCol) const {
     const TRect cell = Cell(rawCol, CurrentRow);
@@ -179,6 +182,8 @@ TEST_P(RowElement, JoinsTheCellsOfASelectedRow) {
   grid->SwitchOptions({dgRowSelect}, true);
   for (int rawCol : {IdCol, NameCol, CityCol, AmountCol}) grid->Columns()->Items(rawCol - 1)->SetWidth(80);
   if (Mirrored()) grid->SetBiDiMode(bdRightToLeft);
+  if (GetParam() == rdMirroredLeftToRightColumns)
+    for (int dataCol = 0; dataCol < grid->Columns()->Count(); ++dataCol) grid->Columns()->Items(dataCol)->SetSuppressRTL(true);
   Paint();
   const TColor row = SchemeColor(srRowSelected);
   const TRect first = Cell(IdCol, CurrentRow);
@@ -202,10 +207,14 @@ TEST_P(RowElement, JoinsTheCellsOfASelectedRow) {
   EXPECT_NE(At(image, LineBefore(IdCol), y), SchemeColor(srHighlight));
 }
 
-INSTANTIATE_TEST_SUITE_P(PaintRules, RowElement, ::testing::Bool(),
-                         [](const ::testing::TestParamInfo<bool>& info) {
-                           return std::string(info.param ? "Mirrored" : "LeftToRight");
-                         });
+std::string RowDirectionName(const ::testing::TestParamInfo<TRowDirection>& info) {
+  static const char* const names[] = {"LeftToRight", "Mirrored", "MirroredLeftToRightColumns"};
+  return names[info.param];
+}
+
+INSTANTIATE_TEST_SUITE_P(PaintRules, RowElement,
+                         ::testing::Values(rdLeftToRight, rdMirrored, rdMirroredLeftToRightColumns),
+                         RowDirectionName);
 
 // --- The font a style gives
 
@@ -421,6 +430,60 @@ TEST_F(GraphicField, ShowBlobDrawsThePictureInsteadOfTheText) {
   image = Grab();
   EXPECT_FALSE(Shows(image, cell, clYellow));
   EXPECT_TRUE(HasInk(image, cell)) << "the field's text";
+}
+
+// --- A column that reads left to right in a mirrored grid
+
+// Its cells draw in the screen's own direction, but their lines, fills and focus frame
+// keep to the grid's: the line after such a cell is the one on its left.
+class UnmirroredColumn : public PaintRules {
+protected:
+  void SetUp() override {
+    Open(5);
+    Classic();
+    for (int rawCol : {IdCol, NameCol, CityCol, AmountCol}) grid->Columns()->Items(rawCol - 1)->SetWidth(80);
+    grid->SetBiDiMode(bdRightToLeft);
+    grid->Columns()->Items(NameCol - 1)->SetSuppressRTL(true);
+    grid->SetSelectedIndex(NameCol - 1);
+    Paint();
+  }
+  int MiddleY(int rawRow) const { return (Cell(NameCol, rawRow).Top + Cell(NameCol, rawRow).Bottom) / 2; }
+  // The line after the Name column, in reading order.
+  int LineAfterName() const { return Cell(NameCol, CurrentRow).Left - 1; }
+};
+
+TEST_F(UnmirroredColumn, DrawsItsLinesWhereTheGridHasThem) {
+  grid->SetDataColLineColor(clRed);
+  grid->SetDataRowLineColor(clBlue);
+  Paint();
+  const QImage image = Grab();
+  EXPECT_EQ(At(image, LineAfterName(), MiddleY(EvenRow)), clRed);
+  EXPECT_EQ(At(image, Cell(NameCol, EvenRow).Right, MiddleY(EvenRow)), At(image, Cell(IdCol, EvenRow).Left - 1, MiddleY(EvenRow)))
+      << "the line before it is the ID column's";
+  grid->SetDataColLineColor(clNone);
+  Paint();
+  EXPECT_EQ(At(Grab(), LineAfterName(), Cell(NameCol, EvenRow).Bottom), clBlue)
+      << "a row line runs on over the place of the column line after it";
+}
+
+TEST_F(UnmirroredColumn, FramesAndFillsItsOwnCell) {
+  grid->SetDrawingStyle(gdsGradient);
+  grid->Gradient()->SetCells({gcSelectedCell});
+  grid->SetDataColLineColor(clNone);
+  Paint();
+  const TRect cell = Cell(NameCol, CurrentRow);
+  QImage image = Grab();
+  Save(image, "unmirrored-column");
+  EXPECT_NE(At(image, LineAfterName(), MiddleY(CurrentRow)), At(image, LineAfterName(), MiddleY(EvenRow)))
+      << "the fill spreads over the line it left out";
+  EXPECT_TRUE(Near(At(image, LineAfterName(), MiddleY(CurrentRow)), At(image, cell.Left, MiddleY(CurrentRow))));
+  const QImage framed = image;
+  grid->SetFocusRect(frNone);
+  Paint();
+  image = Grab();
+  int dots = 0;
+  for (int x = cell.Left - 1; x < cell.Right; ++x) dots += framed.pixel(x, cell.Top) != image.pixel(x, cell.Top);
+  EXPECT_GT(dots, 10) << "the focus frame";
 }
 
 }  // namespace
