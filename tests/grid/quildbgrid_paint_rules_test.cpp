@@ -2,7 +2,6 @@
 // a white line, the background and font a style gives, the shape of a selected row,
 // the search mark, lines left to a gradient, pictures of a graphic field, and when the
 // focus frame shows.
-#include <QBuffer>
 #include <QImage>
 #include <cstdlib>
 #include <map>
@@ -12,8 +11,8 @@
 #include "framework/controls/StdCtrls.h"
 #include "framework/db/BinaryFields.h"
 #include "framework/graphics/Bitmap.h"
-#include "framework/graphics/StyleServices.h"
 #include "framework/graphics/Pen.h"
+#include "framework/graphics/StyleServices.h"
 
 using namespace quil;
 using gridtest::GridFixture;
@@ -94,6 +93,7 @@ TEST_F(PaintRules, AWhiteLineTakesTheWhitePenModeOnlyUnderAStyle) {
   });
   Repaint();
   EXPECT_EQ(whitePens, std::set<TPenMode>{pmWhite}) << "the system style";
+  EXPECT_EQ(grid->Canvas()->Pen()->Mode(), pmCopy) << "the canvas' pen comes back";
   TStyleManager::SetStyle(QStringLiteral("Quil Light"));
   whitePens.clear();
   Repaint();
@@ -103,7 +103,6 @@ TEST_F(PaintRules, AWhiteLineTakesTheWhitePenModeOnlyUnderAStyle) {
   whitePens.clear();
   Repaint();
   EXPECT_EQ(whitePens, std::set<TPenMode>{pmCopy}) << "no style";
-  EXPECT_EQ(grid->Canvas()->Pen()->Mode(), pmCopy) << "the canvas' pen comes back";
   grid->Canvas()->SetOnChange(nullptr);
 }
 
