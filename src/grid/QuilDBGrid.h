@@ -716,6 +716,7 @@ private:
   void DrawRowLine(const TRect& rect, TCellLook& look);
   void DrawColLine(const TRect& rect, TCellLook& look);
   void DrawLineRun(TColor color, const TCellLook& look, TPoint from, TPoint to, TPoint step, int count);
+  bool CellEndsLeft() const;
   TRect GrowOverSkippedLines(TRect rect) const;
   void SelectionFill(TRect rect, const TCellLook& look);
   void GradientFill(const TRect& rect, TColor color);

@@ -208,16 +208,17 @@ int TileStart(int origin, int offset, int size) {
   return -phase;
 }
 
-void FillWithTiles(TCanvas* target, int width, int height, TGraphic* graphic, const TRect& cell, bool mirrored,
+// The bitmap holds the cell as the canvas' coordinates run: copied onto a mirrored canvas
+// it shows mirrored, so that there the pattern runs from the right edge of the cell or
+// of the grid.
+void FillWithTiles(TCanvas* target, int width, int height, TGraphic* graphic, const TRect& cell,
                    const TCellImageLayout& layout) {
   const int tileWidth = graphic->Width();
   const int tileHeight = graphic->Height();
   if (tileWidth <= 0 || tileHeight <= 0) return;
   const bool gridX = layout.imageDraw == idTileGrid || layout.imageDraw == idTileRow;
   const bool gridY = layout.imageDraw == idTileGrid || layout.imageDraw == idTileCol;
-  // A mirrored grid runs its pattern from the cell's right edge.
-  int originX = gridX ? cell.Left : 0;
-  if (mirrored) originX = (gridX ? cell.Right : width) - width;
+  const int originX = gridX ? cell.Left : 0;
   const int originY = gridY ? cell.Top : 0;
   for (int y = TileStart(originY, layout.offsetY, tileHeight); y < height; y += tileHeight)
     for (int x = TileStart(originX, layout.offsetX, tileWidth); x < width; x += tileWidth) target->Draw(x, y, graphic);
@@ -249,7 +250,7 @@ void CellDrawImage(TCanvas* canvas, const TRect& rect, TPersistent* source, cons
   if (layout.copyBackground) buffer.Canvas()->CopyRect(whole, canvas, rect);
   else buffer.Canvas()->FillRect(whole);
   const bool tiled = layout.imageDraw >= idTileCell;
-  if (tiled) FillWithTiles(buffer.Canvas(), width, height, graphic, rect, mirrored, layout);
+  if (tiled) FillWithTiles(buffer.Canvas(), width, height, graphic, rect, layout);
   else buffer.Canvas()->StretchDraw(PlacePicture(graphic, width, height, alignment, vAlignment, layout), graphic);
   canvas->CopyRect(rect, buffer.Canvas(), whole);
 }

@@ -119,6 +119,8 @@ void TQuilCustomDBGrid::StripeBrush(TCellLook& look) {
 
 void TQuilCustomDBGrid::DrawDataRowCell(TRect rect, TQuilColumn* column, TGridDrawState state, TCellLook& look) {
   TCanvas* canvas = Canvas();
+  // The lines and the focus frame keep to the grid's direction when the content does not.
+  const TRect gridRect = rect;
   const bool unmirror = column->SuppressRTL() && canvas->CanvasOrientation() == coRightToLeft;
   const int textFlags = canvas->TextFlags();
   if (unmirror) {
@@ -154,13 +156,15 @@ void TQuilCustomDBGrid::DrawDataRowCell(TRect rect, TQuilColumn* column, TGridDr
     ChooseDataBrush(look, column);
     FrozenSelectionColors(rect, look);
     look.gradientFlag = DataGradientFlag(look);
-    DrawRowLine(rect, look);
-    DrawColLine(rect, look);
+    if (unmirror) ChangeGridOrientation(true);
+    DrawRowLine(gridRect, look);
+    DrawColLine(gridRect, look);
+    if (unmirror) ChangeGridOrientation(false);
     if (DefaultDrawing()) DefaultDrawCell(rect, column, text, look);
     if (columns_->State() == csDefault) DrawDataCell(rect, column->Field(), state);
     DrawColumnCell(rect, look.dataCol, column, state);
   }
-  if (DefaultDrawing() && FocusTest(state)) DrawCellFocus(rect, look);
+  if (DefaultDrawing() && FocusTest(state)) DrawCellFocus(gridRect, look);
 }
 
 void TQuilCustomDBGrid::ChooseDataBrush(const TCellLook& look, TQuilColumn* column) {

@@ -97,9 +97,18 @@ void TQuilCustomDBGrid::DrawLineRun(TColor color, const TCellLook& look, TPoint 
   canvas->SetPen(&saved);
 }
 
+// A cell of a left-to-right column in a mirrored grid draws unmirrored: what follows it
+// in the grid's reading order lies on its left.
+bool TQuilCustomDBGrid::CellEndsLeft() const {
+  return UseRightToLeftAlignment() && Canvas()->CanvasOrientation() == coLeftToRight;
+}
+
 // A fill spreads over the place of a line it kept from being drawn.
 TRect TQuilCustomDBGrid::GrowOverSkippedLines(TRect rect) const {
-  if (paint_.colLineSkipped) rect.Right += GridLineWidth();
+  if (paint_.colLineSkipped) {
+    if (CellEndsLeft()) rect.Left -= GridLineWidth();
+    else rect.Right += GridLineWidth();
+  }
   if (paint_.rowLineSkipped) rect.Bottom += GridLineWidth();
   return rect;
 }
@@ -133,6 +142,8 @@ void TQuilCustomDBGrid::SelectionElement(TRect rect, const TCellLook& look) {
     int first = !rowOnly && multiSelectOptions_.Contains(msFixed) ? 0 : fixedCols_;
     while (first < columns_->Count() - 1 && !columns_->Items(first)->GetShowing()) ++first;
     const int last = visibleColumns_.back()->Index();
+    // The row's first cell reaches on towards its next, the last one back to its previous.
+    const bool endsLeft = CellEndsLeft();
     if (look.dataCol == first && look.dataCol == last) {
       element = tgCellSelected;
     } else if (look.dataCol > first && look.dataCol < last) {
@@ -140,10 +151,12 @@ void TQuilCustomDBGrid::SelectionElement(TRect rect, const TCellLook& look) {
       rect.Inflate(4, 0);
     } else if (look.dataCol == first) {
       element = tgCellRowSelectedLeft;
-      rect.Right += 4;
+      if (endsLeft) rect.Left -= 4;
+      else rect.Right += 4;
     } else {
       element = tgCellRowSelectedRight;
-      rect.Left -= 4;
+      if (endsLeft) rect.Right += 4;
+      else rect.Left -= 4;
     }
   }
   GetCellFrameRect(rect);

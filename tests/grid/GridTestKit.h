@@ -7,10 +7,11 @@
 #include <QScreen>
 #include <QWidget>
 #include <gtest/gtest.h>
+#include <algorithm>
 #include <functional>
 #include <map>
-#include <set>
 #include <memory>
+#include <set>
 #include <utility>
 #include <vector>
 
@@ -140,6 +141,30 @@ protected:
     const QRgb pixel = image.pixel(x, y);
     return quil::RGB(qRed(pixel), qGreen(pixel), qBlue(pixel));
   }
+  // The classic look: no theme and no gradient, so that each fill is a color as set.
+  void Classic() {
+    grid->SetDrawingStyle(quil::gdsClassic);
+    Paint();
+  }
+  // A cell of the base grid where a grab of the window shows it.
+  TRect Cell(int rawCol, int rawRow) const { return InClient(grid->CellRect(rawCol, rawRow)); }
+  TRect InClient(TRect rect) const {
+    const int border = (grid->Width() - grid->ClientWidth()) / 2;
+    rect.Offset(border, border);
+    return rect;
+  }
+  // A pixel near the bottom right corner of a cell, where its short text never reaches.
+  static quil::TColor Background(const QImage& image, const TRect& cell) {
+    return At(image, cell.Right - 3, cell.Bottom - 3);
+  }
+  static int DarkestGray(const QImage& image, const TRect& rect) {
+    int darkest = 255;
+    for (int y = rect.Top; y < rect.Bottom; ++y)
+      for (int x = rect.Left; x < rect.Right; ++x) darkest = std::min(darkest, qGray(image.pixel(x, y)));
+    return darkest;
+  }
+  // Whether a rectangle of the grab holds pixels darker than the background: text.
+  static bool HasInk(const QImage& image, const TRect& rect) { return DarkestGray(image, rect) < 100; }
   // Saves the image for a look by eye when QUIL_GRAPHICS_SNAPSHOTS names a folder.
   static void Save(const QImage& image, const char* name) {
     const QString folder = qEnvironmentVariable("QUIL_GRAPHICS_SNAPSHOTS");

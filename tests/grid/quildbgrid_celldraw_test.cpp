@@ -352,6 +352,43 @@ TEST_F(CellTile, OffsetsMoveBothKindsOfOrigin) {
   EXPECT_EQ(canvas->Pixel(6, 4), clYellow);
 }
 
+// On a mirrored canvas every picture shows mirrored, tiles too, and their pattern runs
+// from the right edge: the cell's for its own tiles, the canvas' for the grid's. Read in
+// the device's own pixels; the cells are 7 wide, so that a pattern from the left edge
+// would not meet the right one.
+class MirroredTile : public CellTile {
+protected:
+  void Draw(TImageDraw kind, const TRect& cell) {
+    TCellImageLayout layout;
+    layout.imageDraw = kind;
+    canvas->SetCanvasOrientation(coRightToLeft);
+    CellDrawImage(canvas, cell, &picture, layout);
+    canvas->SetCanvasOrientation(coLeftToRight);
+  }
+  // The top row of the picture's column, seen mirrored.
+  static TColor TopOf(int column) { return column % 4 < 2 ? clRed : clBlue; }
+  int FromRight(int deviceX) const { return bitmap.Width() - 1 - deviceX; }
+  // The device pixels of a logical cell.
+  TRect Device(const TRect& cell) const {
+    return Rect(bitmap.Width() - cell.Right, cell.Top, bitmap.Width() - cell.Left, cell.Bottom);
+  }
+};
+
+TEST_F(MirroredTile, ACellsTilesRunFromItsRightEdge) {
+  const TRect cell = Device(Rect(6, 0, 13, 4));
+  Draw(idTileCell, Rect(6, 0, 13, 4));
+  for (int x = cell.Left; x < cell.Right; ++x) EXPECT_EQ(canvas->Pixel(x, 0), TopOf(cell.Right - 1 - x)) << x;
+}
+
+TEST_F(MirroredTile, TheGridsTilesRunFromTheCanvasRightEdgeAcrossTheCells) {
+  const TRect first = Rect(6, 12, 13, 20), next = Rect(13, 12, 20, 20);
+  Draw(idTileGrid, first);
+  Draw(idTileRow, next);
+  for (int x = Device(next).Left; x < Device(first).Right; ++x)
+    EXPECT_EQ(canvas->Pixel(x, 12), TopOf(FromRight(x))) << x;
+  EXPECT_EQ(canvas->Pixel(Device(first).Left, 14), clLime) << "the grid's tiles run down from the canvas' top";
+}
+
 // On a mirrored canvas a picture that reads right to left swaps its sides; X is logical.
 TEST_F(CellImage, AMirroredCanvasSwapsTheSidesOfARightToLeftPicture) {
   canvas->SetCanvasOrientation(coRightToLeft);

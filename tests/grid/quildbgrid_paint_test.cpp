@@ -22,32 +22,6 @@ constexpr int CityCol = 3;
 
 class GridPaint : public GridFixture {
 protected:
-  QImage Grab() { return grid->Handle()->grab().toImage(); }
-  // The classic look: no theme and no gradient, so that each fill is a color as set.
-  void Classic() {
-    grid->SetDrawingStyle(gdsClassic);
-    Paint();
-  }
-  TRect Cell(int rawCol, int rawRow) const { return InClient(grid->CellRect(rawCol, rawRow)); }
-  TRect InClient(TRect rect) const {
-    const int border = (grid->Width() - grid->ClientWidth()) / 2;
-    rect.Offset(border, border);
-    return rect;
-  }
-  static TColor At(const QImage& image, int x, int y) {
-    const QRgb pixel = image.pixel(x, y);
-    return RGB(qRed(pixel), qGreen(pixel), qBlue(pixel));
-  }
-  // A pixel near the bottom right corner of a cell, where its short text never reaches.
-  static TColor Background(const QImage& image, const TRect& cell) { return At(image, cell.Right - 3, cell.Bottom - 3); }
-  static int DarkestGray(const QImage& image, const TRect& rect) {
-    int darkest = 255;
-    for (int y = rect.Top; y < rect.Bottom; ++y)
-      for (int x = rect.Left; x < rect.Right; ++x) darkest = std::min(darkest, qGray(image.pixel(x, y)));
-    return darkest;
-  }
-  // Whether a rectangle of the grab holds pixels darker than the background: text.
-  static bool HasInk(const QImage& image, const TRect& rect) { return DarkestGray(image, rect) < 100; }
   static void Save(const QImage& image, const char* name) {
     ASSERT_TRUE(image.save(QDir::tempPath() + QStringLiteral("/quil-grid-%1.png").arg(QLatin1String(name))));
   }

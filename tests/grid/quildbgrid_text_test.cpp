@@ -255,6 +255,52 @@ TEST_F(GridText, SetEditTextWritesTheStoredFormAndTellsOnce) {
   EXPECT_EQ(city->GetEditText(), QStringLiteral("Paris"));
 }
 
+// In the editor, a text written through a column with an editor that closes by itself
+// becomes the editor's text, so that the closing editor does not write it again.
+struct AutoCloseCase {
+  const char* name;
+  bool editorMode;
+  TQuilDBGridOptions options;
+  TQuilListOptions listOptions;
+  bool taken;
+};
+
+void PrintTo(const AutoCloseCase& autoClose, std::ostream* out) { *out << autoClose.name; }
+
+class AutoCloseEditText : public GridText, public ::testing::WithParamInterface<AutoCloseCase> {};
+
+TEST_P(AutoCloseEditText, TheWrittenTextBecomesTheEditorsText) {
+  const AutoCloseCase& autoClose = GetParam();
+  grid->SwitchOptions(autoClose.options, true);
+  city->SetListOptions(autoClose.listOptions);
+  grid->SetSelectedColumn(city);
+  grid->SetEditorMode(autoClose.editorMode);
+  ASSERT_EQ(grid->EditorMode(), autoClose.editorMode);
+  const QString before = grid->CellEditText();
+  // The field's change reaches an open editor afterwards; what counts is the edit text
+  // as the field is written.
+  QString whileWriting;
+  grid->OnColSetText = [&](TQuilColumn*, QString&) { whileWriting = grid->CellEditText(); };
+  dataSet->Edit();
+  city->SetEditText(QStringLiteral("Paris"));
+  EXPECT_EQ(Field("City")->AsString(), QStringLiteral("P")) << "written in every case";
+  EXPECT_EQ(whileWriting, autoClose.taken ? QStringLiteral("Paris") : before);
+}
+
+constexpr TQuilListOptions AutoClose = DefaultColumnListOptions;
+
+INSTANTIATE_TEST_SUITE_P(
+    GridText, AutoCloseEditText,
+    ::testing::Values(
+        AutoCloseCase{"InTheEditor", true, {}, AutoClose, true},
+        AutoCloseCase{"OutsideTheEditor", false, {}, AutoClose, false},
+        AutoCloseCase{"WithoutAutoClose", true, {}, AutoClose - loAutoCloseEditor, false},
+        AutoCloseCase{"WithAnEditorAlwaysShown", true, {dgAlwaysShowEditor}, AutoClose, false},
+        AutoCloseCase{"MultiSelectListThatAppliesItself", true, {}, AutoClose + loMultiSelectList + loAutoApplyList,
+                      false},
+        AutoCloseCase{"MultiSelectListAlone", true, {}, AutoClose + loMultiSelectList, true}),
+    [](const ::testing::TestParamInfo<AutoCloseCase>& info) { return std::string(info.param.name); });
+
 TEST_F(GridText, AFieldThatRefusesTheTextRaises) {
   dataSet->Edit();
   EXPECT_ANY_THROW(Column("ID")->SetEditText(QStringLiteral("not a number")));
