@@ -25,8 +25,23 @@ struct TCellLook {
   // The background is a selection fill (a gradient or, with elementFill, a theme element).
   bool gradientFlag = false;
   bool elementFill = false;
-  // A total cell drawn as one with its neighbours.
+  // A total cell drawn as one with its neighbours, and whether it begins or ends the run.
   bool merged = false;
+  bool mergedFirst = false;
+  bool mergedLast = false;
+  // The face of a fixed cell while both lines are drawn, else all off (FixedLook).
+  unsigned softFlag = 0;   // BF_SOFT for the softer edges
+  unsigned flatFlag = 0;   // BF_FLAT for the flat right and bottom edges
+  bool outerEdge = false;  // a raised edge stands where the black lines would
+  bool custom = false;     // a custom style is active
+  bool systemFixed = false;
+  bool systemText = false;
+  bool forceButton = false;  // title buttons and sort arrows of the theme
+  bool forceMarker = false;
+  bool optionButton = false;  // dgForceSystemButton and dgForceSystemMarker by themselves
+  bool optionMarker = false;
+  bool gradientEdge = false;  // a gradient that also covers the cell's edges
+  bool hasBox = false;        // a total cell with a sunken box inside its frame
   // The cell without the title offset and the indicator, as DrawCell's ACol and ARow.
   int dataCol = 0;
   int dataRow = 0;
@@ -39,6 +54,9 @@ struct TCellLook {
 // The brush of a data cell after the selection rules, each overriding the one before:
 // multi-selected, the current row, the current cell. A current cell without a color of
 // its own takes back the column's font color instead.
+// The state in which a fixed cell's face is drawn.
+enum class TFixedCellState { Normal, Pressed, Hot, Disabled };
+
 struct TDataCellBrush {
   TColor brush = clNone;
   bool columnFontColor = false;

@@ -6,12 +6,14 @@
 #include <set>
 
 #include "../framework/graphics/PixelProbe.h"
+#include "GridTestKit.h"
 #include "framework/controls/Application.h"
 #include "framework/graphics/Canvas.h"
 #include "framework/rtl/TypInfo.h"
 #include "grid/QuilDBGrids.h"
 
 using namespace quil;
+using gridtest::TPixelsPerInch;
 
 namespace {
 
@@ -36,13 +38,6 @@ std::set<TColor> ColorsOf(TBitmap& bitmap) {
     for (int x = 0; x < bitmap.Width(); ++x) colors.insert(test::PixelAt(bitmap, x, y));
   return colors;
 }
-
-// Sets the pixels per inch that controls report for the length of a test.
-class TPixelsPerInch {
-public:
-  explicit TPixelsPerInch(int ppi) { Screen->SetPixelsPerInchOverride(ppi); }
-  ~TPixelsPerInch() { Screen->SetPixelsPerInchOverride(0); }
-};
 
 }  // namespace
 
