@@ -56,20 +56,31 @@ TThemedHeader HeaderElement(TFixedCellState state) {
 }
 
 void Line(TCanvas* canvas, TColor color, int x1, int y1, int x2, int y2) {
+  DrawFixedLine(canvas, color, Point(x1, y1), Point(x2, y2));
+}
+
+void Edge(TCanvas* canvas, TRect rect, unsigned edge, unsigned flags) { DrawEdge(canvas->Handle(), rect, edge, flags); }
+
+}  // namespace
+
+void DrawFixedLine(TCanvas* canvas, TColor color, TPoint from, TPoint to) {
   TPen saved;
   saved.Assign(canvas->Pen());
   canvas->Pen()->SetColor(color);
   canvas->Pen()->SetWidth(1);
   canvas->Pen()->SetStyle(psSolid);
   canvas->Pen()->SetMode(pmCopy);
-  canvas->MoveTo(x1, y1);
-  canvas->LineTo(x2, y2);
+  canvas->MoveTo(from.X, from.Y);
+  canvas->LineTo(to.X, to.Y);
   canvas->SetPen(&saved);
 }
 
-void Edge(TCanvas* canvas, TRect rect, unsigned edge, unsigned flags) { DrawEdge(canvas->Handle(), rect, edge, flags); }
-
-}  // namespace
+void DrawCenteredImage(TImageList* list, TCanvas* canvas, const TRect& rect, int index, bool direct,
+                       bool copyBackground) {
+  const int x = rect.Left + (rect.Width() - list->Width()) / 2;
+  const int y = rect.Top + (rect.Height() - list->Height()) / 2;
+  DrawListImage(list, canvas, rect, x, y, index, direct, copyBackground);
+}
 
 // The edges of each FixedStyle, and which parts take the system's or the style's look.
 void TQuilCustomDBGrid::FixedLook(TCellLook& look) const {
@@ -194,6 +205,9 @@ void TQuilCustomDBGrid::TabFixedBackground(TRect rect, const TQuilColumn* column
   if (look.dataRow >= 0) rect.Top -= 1;
   rect.Right += 1;
   rect.Bottom += 1;
+  // The tab's rounded corners show what lies under them: the cell's color, not the
+  // places of lines that no one draws under a theme.
+  canvas->FillRect(rect);
   const int saved = canvas->SaveDC();
   if (state == TFixedCellState::Hot || state == TFixedCellState::Pressed) {
     StyleServices()->DrawElement(canvas, TCustomStyleServices::GetElementDetails(ttTabItemNormal), rect);
@@ -297,18 +311,21 @@ void TQuilCustomDBGrid::DrawFixedFrame(TRect rect, const TQuilColumn* column, bo
   if (rl && look.dataRow == look.lastRow + 1 &&
       (DoubleBuffered() || ComponentState().Contains(csDesigning) || blankRowShows))
     Line(canvas, lineColor, rect.Left - cl, rect.Top - cl - 1, rect.Right + cl + 1, rect.Top - cl - 1);
-  if (mirrored && cl) Line(canvas, lineColor, rect.Left - rl - 1, rect.Top - rl, rect.Left - rl - 1, rect.Bottom + 2 * rl);
-  if (bothLines) DrawFrameEdges(rect, mirrored, look);
+  if (mirrored && cl)
+    Line(canvas, lineColor, rect.Left - rl - 1, rect.Top - rl, rect.Left - rl - 1, rect.Bottom + 2 * rl);
+  if (bothLines) {
+    rect.Inflate(1, 1);
+    DrawFrameEdges(rect, mirrored, look);
+  }
   // FIXME: totals draw the box's edges here in Totals.BoxStyle with DrawCheckBox, two
   // pixels wide for a lowered style in rows of a TotalRowSpace of 6 and more.
   if (look.gradient && gradient_->Options().Contains(goHotTrack)) return;
   if (title && column && column == hotColumn_ && look.dataRow < 0) DrawTitleStateFrame(rect, mirrored, look);
 }
 
-void TQuilCustomDBGrid::DrawFrameEdges(const TRect& cell, bool mirrored, const TCellLook& look) {
+// The cell's edges within its own rectangle, and the outer edge over its lines.
+void TQuilCustomDBGrid::DrawFrameEdges(const TRect& rect, bool mirrored, const TCellLook& look) {
   TCanvas* canvas = Canvas();
-  TRect rect = cell;
-  rect.Inflate(1, 1);
   if (look.outerEdge) {
     TRect outer = rect;
     outer.Inflate(1, 1);

@@ -16,12 +16,6 @@ constexpr int FirstSidedIndicator = 6;
 constexpr int AnchorMark = 6;
 constexpr int SelectedAnchorMark = 7;
 
-void DrawCentered(TImageList* list, TCanvas* canvas, const TRect& rect, int index, bool direct, bool copyBackground) {
-  const int x = rect.Left + (rect.Width() - list->Width()) / 2;
-  const int y = rect.Top + (rect.Height() - list->Height()) / 2;
-  DrawListImage(list, canvas, rect, x, y, index, direct, copyBackground);
-}
-
 }  // namespace
 
 void TQuilCustomDBGrid::DrawIndicatorCell(const TRect& rect, const TCellLook& look) {
@@ -39,12 +33,12 @@ void TQuilCustomDBGrid::DrawFillerImage(TRect rect, const TCellLook& look) {
   if (titlePressed_ && !hotColumn_) rect.Offset(1, 1);
   const bool copyBackground = look.themed || look.gradient;
   if (titleImages_ && fillerIndex_ >= 0 && fillerIndex_ < titleImages_->Count()) {
-    DrawCentered(titleImages_, Canvas(), rect, fillerIndex_, false, copyBackground);
+    DrawCenteredImage(titleImages_, Canvas(), rect, fillerIndex_, false, copyBackground);
   } else if (fillerIndex_ < -1) {
     TImageList* indicators = GetIndicators();
     const int index = -fillerIndex_ - 2;
     if (indicators && index < indicators->Count())
-      DrawCentered(indicators, Canvas(), rect, index, index < FirstSidedIndicator, copyBackground);
+      DrawCenteredImage(indicators, Canvas(), rect, index, index < FirstSidedIndicator, copyBackground);
   }
 }
 
@@ -79,7 +73,7 @@ void TQuilCustomDBGrid::DrawRowMark(const TRect& rect, const TCellLook& look) {
   if (options_.Contains(dgIndicatorMarkOff)) return;
   TImageList* indicators = GetIndicators();
   if (!indicators || index < 0 || index >= indicators->Count()) return;
-  DrawCentered(indicators, Canvas(), rect, index, index < FirstSidedIndicator, look.themed || look.gradient);
+  DrawCenteredImage(indicators, Canvas(), rect, index, index < FirstSidedIndicator, look.themed || look.gradient);
 }
 
 // --- Total cells

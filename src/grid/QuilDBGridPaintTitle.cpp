@@ -29,27 +29,13 @@ constexpr int ArrowDownGlyph = 9;
 constexpr int ButtonGlyphsNeeded = 12;
 
 void Line(TCanvas* canvas, TColor color, int x1, int y1, int x2, int y2) {
-  TPen saved;
-  saved.Assign(canvas->Pen());
-  canvas->Pen()->SetColor(color);
-  canvas->Pen()->SetWidth(1);
-  canvas->Pen()->SetStyle(psSolid);
-  canvas->Pen()->SetMode(pmCopy);
-  canvas->MoveTo(x1, y1);
-  canvas->LineTo(x2, y2);
-  canvas->SetPen(&saved);
+  DrawFixedLine(canvas, color, Point(x1, y1), Point(x2, y2));
 }
 
 int ButtonGlyph(const TQuilColumn* column, bool expanded) {
   if (column->HasFilterButton()) return FilterGlyph + (column->GetFiltered() ? 1 : 0);
   if (column->HasDropDownButton()) return DropDownGlyph;
   return ExpandGlyph - (expanded ? 1 : 0);
-}
-
-void DrawCentered(TImageList* list, TCanvas* canvas, const TRect& rect, int index, bool copyBackground) {
-  const int x = rect.Left + (rect.Width() - list->Width()) / 2;
-  const int y = rect.Top + (rect.Height() - list->Height()) / 2;
-  DrawListImage(list, canvas, rect, x, y, index, false, copyBackground);
 }
 
 // The width of the caption's widest line as it is laid out in width.
@@ -192,7 +178,8 @@ void TQuilCustomDBGrid::DrawTitleButton(TRect rect, TQuilColumn* column, const T
       if (look.gradientEdge && hotButtons_ == hbNone && !gradient_->Options().Contains(goHotTrack)) hot.Inflate(1, 1);
       gradient_->FillRect(canvas, hot, column->Title()->Color(), true, titlePressed_);
     }
-    DrawCentered(glyphs, canvas, rect, ButtonGlyph(column, mirrored != column->GetExpanded()), look.gradient);
+    const int glyph = ButtonGlyph(column, mirrored != column->GetExpanded());
+    DrawCenteredImage(glyphs, canvas, rect, glyph, false, look.gradient);
     return;
   }
   TRect clip;
@@ -252,7 +239,7 @@ void TQuilCustomDBGrid::DrawButton(TRect rect, TQuilColumn* column, bool pressab
         rect);
   TImageList* glyphs = GetIndicators();
   if (glyphs && glyphs->Count() >= ButtonGlyphsNeeded)
-    DrawCentered(glyphs, canvas, rect, ButtonGlyph(column, expanded), true);
+    DrawCenteredImage(glyphs, canvas, rect, ButtonGlyph(column, expanded), false, true);
 }
 
 // --- Image and marker
@@ -330,7 +317,7 @@ void TQuilCustomDBGrid::DrawThemeArrows(const TRect& rect, int markerIndex, cons
   TImageList* indicators = GetIndicators();
   if (!indicators || indicators->Count() <= ArrowDownGlyph) return;
   if (descending) arrow.Offset(0, -1);
-  DrawCentered(indicators, canvas, arrow, descending ? ArrowDownGlyph : ArrowUpGlyph, true);
+  DrawCenteredImage(indicators, canvas, arrow, descending ? ArrowDownGlyph : ArrowUpGlyph, false, true);
 }
 
 }  // namespace quil

@@ -7,6 +7,9 @@
 
 namespace quil {
 
+class TCanvas;
+class TImageList;
+
 struct TCellLook {
   // The look of the system or a custom style decides: the data cells, their font, the
   // grid's own background.
@@ -56,6 +59,12 @@ struct TCellLook {
 // its own takes back the column's font color instead.
 // The state in which a fixed cell's face is drawn.
 enum class TFixedCellState { Normal, Pressed, Hot, Disabled };
+
+// A one-pixel line from `from` up to `to`, with a pen of its own.
+void DrawFixedLine(TCanvas* canvas, TColor color, TPoint from, TPoint to);
+// Image index of list, centered in rect (see DrawListImage for direct and copyBackground).
+void DrawCenteredImage(TImageList* list, TCanvas* canvas, const TRect& rect, int index, bool direct,
+                       bool copyBackground);
 
 struct TDataCellBrush {
   TColor brush = clNone;
