@@ -55,23 +55,19 @@ TThemedHeader HeaderElement(TFixedCellState state) {
   return TThemedHeader(thHeaderItemNormal + StateOffset(state));
 }
 
-void Line(TCanvas* canvas, TColor color, int x1, int y1, int x2, int y2) {
-  DrawFixedLine(canvas, color, Point(x1, y1), Point(x2, y2));
-}
-
 void Edge(TCanvas* canvas, TRect rect, unsigned edge, unsigned flags) { DrawEdge(canvas->Handle(), rect, edge, flags); }
 
 }  // namespace
 
-void DrawFixedLine(TCanvas* canvas, TColor color, TPoint from, TPoint to) {
+void DrawFixedLine(TCanvas* canvas, TColor color, int x1, int y1, int x2, int y2) {
   TPen saved;
   saved.Assign(canvas->Pen());
   canvas->Pen()->SetColor(color);
   canvas->Pen()->SetWidth(1);
   canvas->Pen()->SetStyle(psSolid);
   canvas->Pen()->SetMode(pmCopy);
-  canvas->MoveTo(from.X, from.Y);
-  canvas->LineTo(to.X, to.Y);
+  canvas->MoveTo(x1, y1);
+  canvas->LineTo(x2, y2);
   canvas->SetPen(&saved);
 }
 
@@ -222,7 +218,7 @@ void TQuilCustomDBGrid::TabFixedBackground(TRect rect, const TQuilColumn* column
   const bool titleFoot = look.dataRow < 0 && column && column->Index() >= fixedCols_ &&
                          (paint_.rawRow == titleOffset_ - 1 || !column->GetExpanded());
   if (titleFoot || paint_.rawRow == RowCount() - 1)
-    Line(canvas, DefaultDataLineColor(), rect.Left, rect.Bottom - 1, rect.Right, rect.Bottom - 1);
+    DrawFixedLine(canvas, DefaultDataLineColor(), rect.Left, rect.Bottom - 1, rect.Right, rect.Bottom - 1);
 }
 
 void TQuilCustomDBGrid::ButtonFixedBackground(TRect rect, TFixedCellState state, const TCellLook& look) {
@@ -302,17 +298,17 @@ void TQuilCustomDBGrid::DrawFixedFrame(TRect rect, const TQuilColumn* column, bo
   const bool softLines = fixedStyle_ == fsSoft || fixedStyle_ == fsGreat || fixedStyle_ == fsGray ||
                          fixedStyle_ == fsFine || fixedStyle_ == fsMild;
   if (!(bothLines && softLines)) {
-    if (rl) Line(canvas, clBlack, rect.Left - cl, rect.Bottom + cl, rect.Right + cl, rect.Bottom + cl);
+    if (rl) DrawFixedLine(canvas, clBlack, rect.Left - cl, rect.Bottom + cl, rect.Right + cl, rect.Bottom + cl);
     if (cl && !(look.merged && mirrored))
-      Line(canvas, clBlack, rect.Right + rl, rect.Top - rl, rect.Right + rl, rect.Bottom + 2 * rl);
+      DrawFixedLine(canvas, clBlack, rect.Right + rl, rect.Top - rl, rect.Right + rl, rect.Bottom + 2 * rl);
   }
   const TColor lineColor = bothLines ? GetFixedLineColor() : clBlack;
   const bool blankRowShows = RowHeights(titleOffset_ + look.lastRow) > 0;
   if (rl && look.dataRow == look.lastRow + 1 &&
       (DoubleBuffered() || ComponentState().Contains(csDesigning) || blankRowShows))
-    Line(canvas, lineColor, rect.Left - cl, rect.Top - cl - 1, rect.Right + cl + 1, rect.Top - cl - 1);
+    DrawFixedLine(canvas, lineColor, rect.Left - cl, rect.Top - cl - 1, rect.Right + cl + 1, rect.Top - cl - 1);
   if (mirrored && cl)
-    Line(canvas, lineColor, rect.Left - rl - 1, rect.Top - rl, rect.Left - rl - 1, rect.Bottom + 2 * rl);
+    DrawFixedLine(canvas, lineColor, rect.Left - rl - 1, rect.Top - rl, rect.Left - rl - 1, rect.Bottom + 2 * rl);
   if (bothLines) {
     rect.Inflate(1, 1);
     DrawFrameEdges(rect, mirrored, look);
@@ -354,15 +350,15 @@ void TQuilCustomDBGrid::DrawMergedEdges(const TRect& rect, bool mirrored, const 
     Edge(canvas, rect, BDR_RAISEDINNER, (first || last ? BF_BOTTOMRIGHT : BF_BOTTOM) | look.flatFlag);
     Edge(canvas, rect, BDR_RAISEDINNER, (first ? BF_TOPLEFT : BF_TOP) | look.softFlag);
     if (first || look.gradient) return;
-    Line(canvas, brush, rect.Left, rect.Top + 1, rect.Left, rect.Bottom - 1);
-    if (!last) Line(canvas, brush, rect.Right - 1, rect.Top + 1, rect.Right - 1, rect.Bottom - 1);
+    DrawFixedLine(canvas, brush, rect.Left, rect.Top + 1, rect.Left, rect.Bottom - 1);
+    if (!last) DrawFixedLine(canvas, brush, rect.Right - 1, rect.Top + 1, rect.Right - 1, rect.Bottom - 1);
     return;
   }
   Edge(canvas, rect, BDR_RAISEDINNER, (first ? BF_BOTTOMRIGHT : BF_BOTTOM) | look.flatFlag);
   Edge(canvas, rect, BDR_RAISEDINNER, (last ? BF_TOPLEFT : BF_TOP) | look.softFlag);
   if (look.gradient) return;
-  if (!first) Line(canvas, brush, rect.Right - 1, rect.Top + 1, rect.Right - 1, rect.Bottom - 1);
-  if (!first && !last) Line(canvas, brush, rect.Left, rect.Top + 1, rect.Left, rect.Bottom - 1);
+  if (!first) DrawFixedLine(canvas, brush, rect.Right - 1, rect.Top + 1, rect.Right - 1, rect.Bottom - 1);
+  if (!first && !last) DrawFixedLine(canvas, brush, rect.Left, rect.Top + 1, rect.Left, rect.Bottom - 1);
 }
 
 // The pressed title sinks; a title under the mouse takes the hot frame of its style.

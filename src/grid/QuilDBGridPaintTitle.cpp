@@ -28,10 +28,6 @@ constexpr int ArrowUpGlyph = 8;
 constexpr int ArrowDownGlyph = 9;
 constexpr int ButtonGlyphsNeeded = 12;
 
-void Line(TCanvas* canvas, TColor color, int x1, int y1, int x2, int y2) {
-  DrawFixedLine(canvas, color, Point(x1, y1), Point(x2, y2));
-}
-
 int ButtonGlyph(const TQuilColumn* column, bool expanded) {
   if (column->HasFilterButton()) return FilterGlyph + (column->GetFiltered() ? 1 : 0);
   if (column->HasDropDownButton()) return DropDownGlyph;
@@ -138,13 +134,13 @@ void TQuilCustomDBGrid::DrawBandLines(TRect rect, const TCellLook& look) {
       TColor border = clBlack;
       StyleServices()->GetElementColor(TCustomStyleServices::GetElementDetails(tgClassicFixedCellNormal),
                                        ecBorderColor, border);
-      Line(canvas, border, rect.Left - 1, rect.Bottom + 1, rect.Right + 1, rect.Bottom + 1);
+      DrawFixedLine(canvas, border, rect.Left - 1, rect.Bottom + 1, rect.Right + 1, rect.Bottom + 1);
     } else if (look.themed && wide) {
-      Line(canvas, BandLineColor, rect.Left - 1, rect.Bottom + 1, rect.Right + 1, rect.Bottom + 1);
+      DrawFixedLine(canvas, BandLineColor, rect.Left - 1, rect.Bottom + 1, rect.Right + 1, rect.Bottom + 1);
     } else if (!look.themed && wide) {
-      Line(canvas, BandLineColor, rect.Left, rect.Bottom, rect.Right, rect.Bottom);
+      DrawFixedLine(canvas, BandLineColor, rect.Left, rect.Bottom, rect.Right, rect.Bottom);
     } else if (!look.themed && !look.outerEdge) {
-      Line(canvas, clBlack, rect.Left, rect.Bottom, rect.Right, rect.Bottom);
+      DrawFixedLine(canvas, clBlack, rect.Left, rect.Bottom, rect.Right, rect.Bottom);
     }
   }
 }

@@ -60,8 +60,8 @@ struct TCellLook {
 // The state in which a fixed cell's face is drawn.
 enum class TFixedCellState { Normal, Pressed, Hot, Disabled };
 
-// A one-pixel line from `from` up to `to`, with a pen of its own.
-void DrawFixedLine(TCanvas* canvas, TColor color, TPoint from, TPoint to);
+// A one-pixel line from (x1, y1) up to (x2, y2), with a pen of its own.
+void DrawFixedLine(TCanvas* canvas, TColor color, int x1, int y1, int x2, int y2);
 // Image index of list, centered in rect (see DrawListImage for direct and copyBackground).
 void DrawCenteredImage(TImageList* list, TCanvas* canvas, const TRect& rect, int index, bool direct,
                        bool copyBackground);

@@ -171,6 +171,27 @@ TEST_F(FixedPaint, ABandSpansItsColumnsInTheHeaderColorAboveALineOfItsOwn) {
   }
 }
 
+TEST_F(FixedPaint, ARightToLeftGridMirrorsBandsAndFramesWithItsCells) {
+  OpenAt(96);
+  Column(NameCol)->Title()->SetHeader(QStringLiteral("Where"));
+  Column(CityCol)->Title()->SetHeader(QStringLiteral("Where"));
+  grid->SetHeaderColor(clYellow);
+  grid->SetBiDiMode(bdRightToLeft);
+  Classic();
+  const QImage image = Grab();
+  Snapshot(image, QStringLiteral("fixed-band-mirrored"), Rect(image.width() / 2, 0, image.width(), 60));
+  const TRect name = Cell(NameCol, 0);
+  const TRect city = Cell(CityCol, 0);
+  ASSERT_LT(city.Right, name.Left) << "City stands left of Name";
+  EXPECT_EQ(At(image, city.Left + 4, city.Top + 2), clYellow);
+  EXPECT_EQ(At(image, name.Right - 4, name.Top + 2), clYellow);
+  EXPECT_EQ(At(image, name.Left - 1, name.Top + 2), clYellow) << "one band across both";
+  const int band = grid->TitleLineHeight();
+  EXPECT_EQ(At(image, city.Left + 4, city.Top + band), Rgb(clBtnHighlight)) << "the caption's top edge";
+  EXPECT_EQ(At(image, city.Left + 4, city.Bottom), clBlack);
+  EXPECT_EQ(At(image, city.Left, city.Top + band + 4), Rgb(clBtnHighlight)) << "light on the left as ever";
+}
+
 // --- Title content
 
 TEST_F(FixedPaint, TheMarkerStandsAtTheRightOrBesideTheCaption) {
