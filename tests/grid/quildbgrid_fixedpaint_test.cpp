@@ -240,13 +240,22 @@ TEST_F(FixedPaint, AGroupsTitleShowsItsButtonAndATitleImageComesBeforeTheCaption
   Snapshot(image, QStringLiteral("fixed-button-image"));
   const TRect group = Cell(NameCol, 0);
   const int button = GetSystemMetrics(SM_CXHSCROLL);
-  EXPECT_GT(Ink(image, Rect(group.Right - button, group.Top + 2, group.Right - 2, group.Bottom - 2), clBtnFace), 4)
-      << "the expand button's glyph";
+  const TRect buttonPlace = Rect(group.Right - button, group.Top + 2, group.Right - 2, group.Bottom - 2);
+  EXPECT_GT(Ink(image, buttonPlace, clBtnFace), 4) << "the expand button's glyph";
   const TRect id = Cell(1, 0);
   const int middle = (id.Top + id.Bottom) / 2;
   const TRect ink = InkSpan(image, Rect(id.Left + 1, middle, id.Right - 1, middle + 1), clBtnFace);
   EXPECT_EQ(At(image, ink.Left, middle), clRed) << "the image first";
   EXPECT_EQ(ink.Left, id.Left + 1 + 1) << "after the title's margin and the text margin";
+  // The system's look draws the button as a fixed cell under the same glyph.
+  grid->SetDrawingStyle(gdsThemed);
+  Paint();
+  const QImage themed = Grab();
+  Snapshot(themed, QStringLiteral("fixed-button-system"));
+  TColor face = clNone;
+  StyleServices()->GetElementColor(TCustomStyleServices::GetElementDetails(tgFixedCellNormal), ecFillColor, face);
+  EXPECT_GT(Ink(themed, Rect(buttonPlace.Left + 4, buttonPlace.Top, buttonPlace.Right - 4, buttonPlace.Bottom), face),
+            4);
 }
 
 // --- The indicator and the corner
