@@ -12,6 +12,7 @@
 #include <QWidget>
 #include <cstdio>
 #include <optional>
+#include <utility>
 
 #include "DemoDatabase.h"
 #include "DemoScript.h"
@@ -100,6 +101,7 @@ public:
     grid_->SetAlign(quil::alClient);
     grid_->SetDataSource(source);
     orders->Open();
+    ShowHeaderBands();
   }
 
   void Show() {
@@ -110,6 +112,19 @@ public:
   quil::TQuilDBGrid& Grid() { return *grid_; }
 
 private:
+  // Bands over the titles: "Order" over the dates and the payment, each with a band of
+  // its own below it.
+  void ShowHeaderBands() {
+    quil::TQuilDBGridColumns* columns = grid_->Columns();
+    columns->SetState(quil::csCustomized);
+    const std::pair<const char*, const char*> bands[] = {
+        {"order_date", "Order|Dates"}, {"ship_date", "Order|Dates"}, {"status", "Order|Payment"},
+        {"paid", "Order|Payment"},     {"amount", "Order|Payment"}};
+    for (const auto& [field, header] : bands)
+      if (quil::TQuilColumn* column = grid_->FindColumn(QString::fromLatin1(field)))
+        column->Title()->SetHeader(QString::fromLatin1(header));
+  }
+
   quil::TForm form_;
   quil::TQuilDBGrid* grid_ = nullptr;  // owned by form_
 };

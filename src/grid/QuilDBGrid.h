@@ -29,6 +29,7 @@ namespace quil {
 class TDataLink;
 class TDataSet;
 struct TCellLook;
+enum class TFixedCellState;
 struct TCellTextMatch;
 class TDataSource;
 class TField;
@@ -295,6 +296,50 @@ public:
   void SetCellHot(bool value) { cellHot_ = value; }
   bool CellPressed() const { return cellPressed_; }
   void SetCellPressed(bool value) { cellPressed_ = value; }
+
+  // --- Titles, header bands, the indicator and the corner (QuilDBGridFixedCells.cpp,
+  // QuilDBGridTitleRects.cpp). The fonts take a copy; a change relays out.
+  void SetTitleFont(const TFont* value);
+  void SetHeaderFont(const TFont* value);
+  bool IsTitleFontStored() const;
+  bool IsHeaderFontStored() const;
+  bool IsHeaderColorStored() const { return headerColor_ != FixedColor(); }
+  // The source of the titles' ImageIndex and of a FillerIndex of 0 and above.
+  TImageList* TitleImages() const { return titleImages_; }
+  void SetTitleImages(TImageList* value);
+  // What the corner shows: an image of TitleImages from 0 on, nothing for -1, the
+  // built-in indicator |value| - 2 below that.
+  int FillerIndex() const { return fillerIndex_; }
+  void SetFillerIndex(int value);
+  // The corner acts as a button.
+  bool FillerButton() const { return fillerButton_; }
+  void SetFillerButton(bool value) { fillerButton_ = value; }
+  const QString& FillerHint() const { return fillerHint_; }
+  void SetFillerHint(const QString& value) { fillerHint_ = value; }
+  const QString& IndicatorHint() const { return indicatorHint_; }
+  void SetIndicatorHint(const QString& value) { indicatorHint_ = value; }
+  TPopupMenu* FillerPopupMenu() const { return fillerPopupMenu_; }
+  void SetFillerPopupMenu(TPopupMenu* value);
+  TPopupMenu* IndicatorPopupMenu() const { return indicatorPopupMenu_; }
+  void SetIndicatorPopupMenu(TPopupMenu* value);
+  // The visible part of the title that stands for column in title row (the title of its
+  // ancestor there, master), across the columns of that title; empty without a master.
+  TRect CalcTitleRect(TQuilColumn* column, int row, TQuilColumn*& master) const;
+  // The same title whole, which may reach out of sight: its text is laid out in it.
+  TRect FullTitleRect(TQuilColumn* column, int row, TQuilColumn*& master) const;
+  // Band row of column's title within titleRect, across the neighbours that share it;
+  // visibleRect gets its part on the screen.
+  TRect HeaderRect(TQuilColumn* column, int row, const TRect& titleRect, TRect& visibleRect) const;
+  // The band of column's title at client pixel row y; -1 outside the bands.
+  int HeaderRow(int y, TQuilColumn* column) const;
+  // How the tracking title (HotColumn, none for the corner) is drawn: pressed, under the
+  // mouse, and with the press or the mouse on its button. The mouse sets them.
+  bool TitlePressed() const { return titlePressed_; }
+  void SetTitlePressed(bool value) { titlePressed_ = value; }
+  bool HotTitle() const { return hotTitle_; }
+  void SetHotTitle(bool value) { hotTitle_ = value; }
+  bool HotExpand() const { return hotExpand_; }
+  void SetHotExpand(bool value) { hotExpand_ = value; }
 
   // --- The row window
   int TitleOffset() const { return titleOffset_; }
@@ -687,14 +732,50 @@ private:
   void LoadIndicatorList(int ppi, const QString& styleName);
   void LoadBoxLists(int ppi);
   QString GlyphStyleName() const;
-  // Painting: the frame and the fixed cells (QuilDBGridPaint.cpp)
+  // Painting: the frame (QuilDBGridPaint.cpp)
   TCellLook MakeCellLook(TGridDrawState state) const;
   void FitCellRect(TRect& rect, const TCellLook& look) const;
   void MergeTotalCell(TRect& rect, TCellLook& look) const;
-  void DrawIndicatorCell(const TRect& rect, const TCellLook& look);
-  void DrawTitleCell(const TRect& rect, TQuilColumn* column);
-  void DrawTotalCell(const TRect& rect, TQuilColumn* column);
   bool FocusTest(TGridDrawState state) const;
+  // The face every fixed cell shares: background and frame (QuilDBGridPaintFixed.cpp)
+  void FixedLook(TCellLook& look) const;
+  TFixedCellState FixedState(const TQuilColumn* column, bool pressable, const TCellLook& look) const;
+  // Themed or gradient; false leaves the plain fill to the caller.
+  bool FixedBackground(const TRect& rect, TQuilColumn* column, bool pressable, const TCellLook& look);
+  void ThemedFixedBackground(TRect rect, const TQuilColumn* column, bool pressable, const TCellLook& look);
+  void StyledFixedBackground(TRect rect, TFixedCellState state, const TCellLook& look);
+  void TabFixedBackground(TRect rect, const TQuilColumn* column, TFixedCellState state, const TCellLook& look);
+  void ButtonFixedBackground(TRect rect, TFixedCellState state, const TCellLook& look);
+  void DrawFixedElement(const TThemedElementDetails& details, const TRect& rect, TFixedCellState state,
+                        const TCellLook& look);
+  void GradientFixedBackground(TRect rect, const TQuilColumn* column, bool pressable, const TCellLook& look);
+  void DrawFixedFrame(TRect rect, const TQuilColumn* column, bool title, const TCellLook& look);
+  void DrawFrameEdges(const TRect& rect, bool mirrored, const TCellLook& look);
+  void DrawMergedEdges(const TRect& rect, bool mirrored, const TCellLook& look);
+  void DrawTitleStateFrame(TRect rect, bool mirrored, const TCellLook& look);
+  bool MirroredEdgeFix(const TCellLook& look) const;
+  // The indicator, the corner and the totals (QuilDBGridPaintIndicator.cpp)
+  void DrawIndicatorCell(const TRect& rect, const TCellLook& look);
+  void DrawFillerImage(TRect rect, const TCellLook& look);
+  int RowMarkIndex(const TCellLook& look);
+  void DrawRowMark(const TRect& rect, const TCellLook& look);
+  void DrawTotalCell(const TRect& rect, TQuilColumn* column, TCellLook& look);
+  bool TotalRowBoxed(int totalRow) const;
+  // FIXME: row selection tells whether the active record is the selection's anchor.
+  bool IsSelectionAnchor() const { return false; }
+  // Titles with their bands, buttons, images and markers (QuilDBGridPaintTitle.cpp)
+  void DrawTitleCell(const TRect& rect, TQuilColumn* column, const TCellLook& look);
+  void DrawHeaderBand(TQuilColumn* master, int band, const TRect& titleRect, int shift, const TCellLook& look);
+  void DrawBandLines(TRect rect, const TCellLook& look);
+  TPoint TitlePressOffset(const TCellLook& look) const;
+  void DrawTitleButton(TRect rect, TQuilColumn* column, const TCellLook& look);
+  void DrawButton(TRect rect, TQuilColumn* column, bool pressable, const TCellLook& look);
+  void DrawTitleImage(TRect& textRect, const TRect& titleRect, const TQuilColumnTitle* title, bool hasMarker,
+                      const TCellLook& look);
+  void DrawTitleMarker(TRect& textRect, const TRect& titleRect, const TQuilColumnTitle* title, const TCellLook& look);
+  void DrawThemeArrows(const TRect& rect, int markerIndex, const TCellLook& look);
+  // A cell as the canvas draws it, and in place for a column without width.
+  TRect TitleCellRect(int rawCol, int row) const;
   // Rows 0 to L (QuilDBGridPaintData.cpp)
   void DrawRowCell(TRect rect, TQuilColumn* column, TGridDrawState state, TCellLook& look);
   void FirstColors(const TRect& rect, TQuilColumn* column, TCellLook& look);
@@ -801,6 +882,16 @@ private:
   TQuilColumn* pressedColumn_ = nullptr;
   TQuilColumn* hotColumn_ = nullptr;
   TQuilColumn* filterListColumn_ = nullptr;
+  bool titlePressed_ = false;
+  bool hotTitle_ = false;
+  bool hotExpand_ = false;
+  TImageList* titleImages_ = nullptr;
+  int fillerIndex_ = -7;
+  bool fillerButton_ = true;
+  QString fillerHint_;
+  QString indicatorHint_;
+  TPopupMenu* fillerPopupMenu_ = nullptr;
+  TPopupMenu* indicatorPopupMenu_ = nullptr;
 
   int fixedCols_ = 0;
   int indicatorWidth_ = 20;

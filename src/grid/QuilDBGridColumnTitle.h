@@ -92,8 +92,13 @@ public:
   QString GetHeaderRows(int index) const { return GetHeaderText(header_, index); }
   QString GetHeaderHintRows(int index) const { return GetHeaderText(headerHint_, index); }
   static QString GetHeaderText(const QString& text, int index);
+  // The visible sibling beside this column that shares band row with it; none at the end
+  // of the band (QuilDBGridTitleRects.cpp).
+  TQuilColumn* HeaderLeft(int row) const { return HeaderNeighbour(row, -1); }
+  TQuilColumn* HeaderRight(int row) const { return HeaderNeighbour(row, 1); }
 
 private:
+  TQuilColumn* HeaderNeighbour(int row, int direction) const;
   void Changed(bool allItems);
   // A parent's title spans its children, so a change of it lays out.
   void ChangedLook();

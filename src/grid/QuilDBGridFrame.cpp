@@ -136,7 +136,21 @@ const TMetaClass& TQuilDBGrid::StaticClass() {
           .Published(ColorProp("StripeColor", &G::StripeColor, &G::SetStripeColor).Default(clNone))
           .Published(ColorProp("EditorColor", &G::EditorColor, &G::SetEditorColor).Default(clNone))
           .Published(ColorProp("DataColLineColor", &G::DataColLineColor, &G::SetDataColLineColor).Default(clDefault))
-          .Published(ColorProp("DataRowLineColor", &G::DataRowLineColor, &G::SetDataRowLineColor).Default(clDefault));
+          .Published(ColorProp("DataRowLineColor", &G::DataRowLineColor, &G::SetDataRowLineColor).Default(clDefault))
+          // Titles, bands, the indicator and the corner.
+          .Published(ObjectProp("TitleFont", &G::TitleFont, &G::SetTitleFont).StoredBy(&G::IsTitleFontStored))
+          .Published(ObjectProp("HeaderFont", &G::HeaderFont, &G::SetHeaderFont).StoredBy(&G::IsHeaderFontStored))
+          .Published(ColorProp("HeaderColor", &G::HeaderColor, &G::SetHeaderColor).StoredBy(&G::IsHeaderColorStored))
+          .Published(ObjectProp("TitleImages", &G::TitleImages, &G::SetTitleImages))
+          .Published(ObjectProp("TitleMarkers", &G::TitleMarkers, &G::SetTitleMarkers))
+          .Published(ObjectProp("IndicatorImages", &G::IndicatorImages, &G::SetIndicatorImages))
+          .Published(IntProp("IndicatorWidth", &G::IndicatorWidth, &G::SetIndicatorWidth).Default(20))
+          .Published(StrProp("IndicatorHint", &G::IndicatorHint, &G::SetIndicatorHint))
+          .Published(ObjectProp("IndicatorPopupMenu", &G::IndicatorPopupMenu, &G::SetIndicatorPopupMenu))
+          .Published(BoolProp("FillerButton", &G::FillerButton, &G::SetFillerButton).Default(true))
+          .Published(StrProp("FillerHint", &G::FillerHint, &G::SetFillerHint))
+          .Published(IntProp("FillerIndex", &G::FillerIndex, &G::SetFillerIndex).Default(-7))
+          .Published(ObjectProp("FillerPopupMenu", &G::FillerPopupMenu, &G::SetFillerPopupMenu));
   return meta;
 }
 
@@ -224,8 +238,12 @@ TQuilDBGridGradient* TQuilCustomDBGrid::MakeGradient() {
 // FIXME: the grid editor replaces the base editor with its buttons and lists.
 TInplaceEdit* TQuilCustomDBGrid::CreateEditor() { return TCustomGrid::CreateEditor(); }
 
-// FIXME: titles refresh the column fonts that follow TitleFont.
-void TQuilCustomDBGrid::TitleFontChanged(TObject*) { LayoutChanged(); }
+// FIXME: column sizing's parent font sync copies the parent's font into TitleFont and
+// HeaderFont without turning ParentFont off.
+void TQuilCustomDBGrid::TitleFontChanged(TObject*) {
+  if (!ComponentState().Contains(csLoading)) SetParentFont(false);
+  if (options_.Contains(dgTitles)) LayoutChanged();
+}
 
 void TQuilCustomDBGrid::GradientChanged(TObject*) { Invalidate(); }
 
@@ -406,7 +424,10 @@ void TQuilCustomDBGrid::SetIndicatorWidth(int value) {
   value = std::max(value, 11);
   if (value == indicatorWidth_) return;
   indicatorWidth_ = value;
+  Synchronize();
+  if (!options_.Contains(dgIndicator)) return;
   LayoutChanged();
+  InvalidateEditor();
 }
 
 void TQuilCustomDBGrid::SetLinesCount(int value) {
@@ -482,11 +503,6 @@ void TQuilCustomDBGrid::SetHint(const QString& value) {
   TCustomGrid::SetHint(value);
 }
 
-void TQuilCustomDBGrid::SetHeaderColor(TColor value) {
-  if (value == headerColor_) return;
-  headerColor_ = value;
-  LayoutChanged();
-}
 
 // FIXME: column sizing applies the line and width limits.
 void TQuilCustomDBGrid::SetLimit(int& member, int value) {

@@ -273,11 +273,13 @@ void TQuilCustomDBGrid::Notification(TComponent* component, TOperation operation
     SetDataSource(nullptr);
     return;
   }
-  // FIXME: master grids, title images, the totals' images, the filler's and
-  // indicator's popup menus, the total cells' menus and the totals' data source let go
-  // of the component here once their holders exist.
+  // FIXME: master grids, the totals' images, the total cells' menus and the totals' data
+  // source let go of the component here once their holders exist.
   if (component == indicatorImages_) indicatorImages_ = nullptr;
   if (component == titleMarkers_) titleMarkers_ = nullptr;
+  if (component == titleImages_) titleImages_ = nullptr;
+  if (component == fillerPopupMenu_) fillerPopupMenu_ = nullptr;
+  if (component == indicatorPopupMenu_) indicatorPopupMenu_ = nullptr;
   for (TQuilColumn* column : *columns_) {
     if (column->LookupDataSet() == component) column->SetLookupDataSet(nullptr);
     if (column->Images() == component) column->SetImages(nullptr);

@@ -47,6 +47,7 @@ TCellLook TQuilCustomDBGrid::MakeCellLook(TGridDrawState state) const {
   if (look.fixed && bothLines) {
     look.themed = IsGridThemed(false);
     look.gradient = !look.themed && gradient_->IsActive(true);
+    FixedLook(look);
   }
   look.lastRow = RowCount() - titleOffset_ - totalRows_;
   look.activeRow = dataLink_->Active() ? dataLink_->ActiveRecord() : -1;
@@ -81,8 +82,8 @@ void TQuilCustomDBGrid::DrawCell(int col, int row, const TRect& cellRect, TGridD
   if (look.dataCol < 0 || look.dataCol >= columns_->Count()) return;
   TQuilColumn* column = columns_->Items(look.dataCol);
   if (!column->GetShowing()) return;
-  if (look.dataRow > look.lastRow) DrawTotalCell(rect, column);
-  else if (look.dataRow < 0) DrawTitleCell(rect, column);
+  if (look.dataRow > look.lastRow) DrawTotalCell(rect, column, look);
+  else if (look.dataRow < 0) DrawTitleCell(rect, column, look);
   else DrawRowCell(rect, column, state, look);
 }
 
@@ -94,11 +95,8 @@ void TQuilCustomDBGrid::FitCellRect(TRect& rect, const TCellLook& look) const {
     rect.Bottom = GetTitleHeight() - GetRowLineWidth();
   }
   const bool bothLines = options_.Contains(dgColLines) && options_.Contains(dgRowLines);
-  // FIXME: fixed cell painting works out the edges of its frame styles here.
   if (look.fixed && bothLines) rect.Inflate(-1, -1);
-  if (Canvas()->CanvasOrientation() == coRightToLeft && look.fixed && (Ctl3D() || BorderStyle() == bsNone) &&
-      options_.Contains(dgColLines) && !look.themed && paint_.rawCol == 0)
-    rect.Left += 1;
+  if (look.fixed && MirroredEdgeFix(look) && paint_.rawCol == 0) rect.Left += 1;
 }
 
 // Without lines between total cells the cells of a total row run into each other.
@@ -108,32 +106,10 @@ void TQuilCustomDBGrid::MergeTotalCell(TRect& rect, TCellLook& look) const {
   int first = std::max(GetDataLeftCol(), 0);
   while (first < columns_->Count() - 1 && !columns_->Items(first)->GetShowing()) ++first;
   const int last = visibleColumns_.back()->Index();
+  look.mergedFirst = look.dataCol <= first;
+  look.mergedLast = look.dataCol >= last;
   if (look.dataCol > first) rect.Left -= GridLineWidth();
   if (look.dataCol < last) rect.Right += 1;
-}
-
-// --- Plain faces of the fixed cells
-// FIXME: fixed cell painting draws the frames, themes and gradients of these cells, the
-// row marks of the indicator, the title buttons, images and sort markers, and the totals.
-
-void TQuilCustomDBGrid::DrawIndicatorCell(const TRect& rect, const TCellLook& look) {
-  Canvas()->Brush()->SetColor(look.dataRow < 0 ? fillerColor_ : FixedColor());
-  Canvas()->FillRect(rect);
-}
-
-// Each title row shows the caption of the column's ancestor at that depth.
-void TQuilCustomDBGrid::DrawTitleCell(const TRect& rect, TQuilColumn* column) {
-  const TQuilColumnTitle* title = ColumnAtDepth(column, paint_.rawRow)->Title();
-  Canvas()->SetFont(title->Font());
-  Canvas()->Brush()->SetColor(title->Color());
-  const int margin = std::max(gridStyle_->TitleColMargin(), 0) + 2;
-  CellTextOut(Canvas(), rect, margin, 1, title->Caption(), title->Alignment(), false, true, true, tvCenter, QString(),
-              {});
-}
-
-void TQuilCustomDBGrid::DrawTotalCell(const TRect& rect, TQuilColumn*) {
-  Canvas()->Brush()->SetColor(totals_->Color());
-  Canvas()->FillRect(rect);
 }
 
 // --- Questions and hooks of painting

@@ -49,8 +49,7 @@ TDataCellBrush ChooseDataCellBrush(TColor brush, bool highlight, TSelections sel
 
 void TQuilCustomDBGrid::DrawRowCell(TRect rect, TQuilColumn* column, TGridDrawState state, TCellLook& look) {
   FirstColors(rect, column, look);
-  // FIXME: fixed cell painting gives a themed or gradient frozen cell its fixed background.
-  if (look.themed || look.gradient) Canvas()->FillRect(rect);
+  if (look.themed || look.gradient) FixedBackground(rect, column, false, look);
   const bool buffered = dataLink_->Active() && look.dataRow < dataLink_->RecordCount();
   if (buffered && look.dataRow < look.lastRow) return DrawDataRowCell(rect, column, state, look);
   // The blank row and the one empty row of an inactive grid have no text.
@@ -192,8 +191,7 @@ void TQuilCustomDBGrid::FrozenSelectionColors(const TRect& rect, const TCellLook
     canvas->Font()->SetColor(canvas->Brush()->Color());
     return;
   }
-  // FIXME: fixed cell painting repaints the themed or gradient background here.
-  if (look.themed || look.gradient) canvas->FillRect(rect);
+  if (look.themed || look.gradient) FixedBackground(rect, nullptr, false, look);
 }
 
 bool TQuilCustomDBGrid::DataGradientFlag(const TCellLook& look) const {

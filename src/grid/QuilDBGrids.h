@@ -35,14 +35,18 @@
 // OnColTextChanged.
 //
 // How a paint travels: the base grid's Paint draws the lines, then visits the cells that
-// meet the update region. DrawCell works out the cell's look (TCellLook) and sends title,
-// indicator and total cells to their fixed faces. A row cell takes its first colors (the
-// column's color, stripes); a data cell then sets the link's ActiveRecord to its buffered
-// record, reads its text, decides Highlight and Selections, lets the selection rules
-// choose the brush, draws its own lines, and runs the default drawing (image,
-// PaintColumnCell, the style's font and background, the selection fill, image and text
-// through CellTextOut, the search mark) before OnDrawDataCell and OnDrawColumnCell. It puts
-// ActiveRecord back and draws the focus frame last.
+// meet the update region. DrawCell works out the cell's look (TCellLook), with the edges
+// of FixedStyle for a fixed cell, and sends title, indicator and total cells to their
+// fixed faces: the background by FixedTheme, gradient or plain fill, the content (a
+// title's bands across the columns that share them, its button, image, marker and
+// caption laid out in its whole extent and clipped to what shows; a row mark; a total
+// cell's box), and last the one frame routine of FixedStyle. A row cell takes its first
+// colors (the column's color, stripes); a data cell then sets the link's ActiveRecord to
+// its buffered record, reads its text, decides Highlight and Selections, lets the
+// selection rules choose the brush, draws its own lines, and runs the default drawing
+// (image, PaintColumnCell, the style's font and background, the selection fill, image
+// and text through CellTextOut, the search mark) before OnDrawDataCell and
+// OnDrawColumnCell. It puts ActiveRecord back and draws the focus frame last.
 //
 // How the user's layout travels: Loaded marks the grid's Settings; the first activation
 // of the link then runs AutoLoadLayout inside DisablePosition: ReadLayout fills the

@@ -1,18 +1,11 @@
 #pragma once
-// Shared pieces of the glyph tests: a resolution and a custom style held for the length
-// of a test.
+// Shared pieces of the glyph tests: a custom style held for the length of a test, beside
+// the grid kit's resolution.
 
-#include "framework/controls/Application.h"
+#include "GridTestKit.h"
 #include "framework/graphics/StyleServices.h"
 
 namespace gridtest {
-
-// Sets the pixels per inch that controls report.
-class TPixelsPerInch {
-public:
-  explicit TPixelsPerInch(int ppi) { quil::Screen->SetPixelsPerInchOverride(ppi); }
-  ~TPixelsPerInch() { quil::Screen->SetPixelsPerInchOverride(0); }
-};
 
 // Makes a dark scheme with the two alternate row colors active, registered under name
 // the first time.

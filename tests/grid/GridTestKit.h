@@ -15,6 +15,7 @@
 #include <utility>
 #include <vector>
 
+#include "framework/controls/Application.h"
 #include "framework/controls/Forms.h"
 #include "framework/controls/MessageQueue.h"
 #include "framework/db/DbTestKit.h"
@@ -23,6 +24,13 @@
 namespace gridtest {
 
 using quil::TRect;
+
+// Sets the pixels per inch that controls report for the length of a test.
+class TPixelsPerInch {
+public:
+  explicit TPixelsPerInch(int ppi) { quil::Screen->SetPixelsPerInchOverride(ppi); }
+  ~TPixelsPerInch() { quil::Screen->SetPixelsPerInchOverride(0); }
+};
 
 class TProbeGrid : public quil::TQuilDBGrid {
 public:

@@ -7,6 +7,7 @@
 #include <QPointer>
 #include <QStyleFactory>
 #include <QStyleOption>
+#include <QTabBar>
 #include <optional>
 
 #include "framework/graphics/Canvas_p.h"
@@ -174,6 +175,21 @@ bool DrawTreeview(const Target& target, int part) {
   return true;
 }
 
+// Tabs: normal, hot, selected (the pressed look), disabled, focused.
+bool DrawTab(const Target& target, int part) {
+  if (part < ttTabItemNormal || part > ttTabItemFocused) return false;
+  QStyleOptionTab option;
+  QStyle::State state = part == ttTabItemDisabled ? QStyle::State_None : QStyle::State_Enabled;
+  if (part == ttTabItemHot) state |= QStyle::State_MouseOver;
+  if (part == ttTabItemSelected) state |= QStyle::State_Selected;
+  if (part == ttTabItemFocused) state |= QStyle::State_HasFocus;
+  target.Prepare(option, state);
+  option.shape = QTabBar::RoundedNorth;
+  option.position = QStyleOptionTab::Middle;
+  ElementStyle()->drawControl(QStyle::CE_TabBarTabShape, &option, target.painter);
+  return true;
+}
+
 void FillVertical(const Target& target, TSchemeRole top, TSchemeRole bottom) {
   QLinearGradient gradient(target.rect.topLeft(), target.rect.bottomLeft());
   gradient.setColorAt(0, target.Color(top));
@@ -236,6 +252,7 @@ bool DrawAny(const Target& target, const TThemedElementDetails& details) {
     case teHeader: return DrawHeader(target, details.Part);
     case teScrollBar: return DrawScrollBar(target, details.Part);
     case teTreeview: return DrawTreeview(target, details.Part);
+    case teTab: return DrawTab(target, details.Part);
   }
   return false;
 }
@@ -264,6 +281,7 @@ bool Disabled(const TThemedElementDetails& details) {
     case teEdit: return details.Part == teEditTextDisabled;
     case teScrollBar: return details.Part >= tsArrowBtnUpNormal && (details.Part - tsArrowBtnUpNormal) % 4 == 3;
     case teTreeview: return details.Part == ttItemDisabled;
+    case teTab: return details.Part == ttTabItemDisabled;
     default: return false;
   }
 }
@@ -293,6 +311,9 @@ std::optional<TSchemeRole> FillRole(const TThemedElementDetails& details) {
       return part >= thHeaderSortArrowSortedUp ? srFace : FaceRole(Look((part - thHeaderItemNormal) % 3));
     case teEdit: return Disabled(details) ? srFace : srWindow;
     case teTreeview: return Selected(details) ? srHighlight : part == ttItemHot ? srRowSelected : srWindow;
+    case teTab:
+      if (part < ttTabItemNormal) return std::nullopt;
+      return part == ttTabItemHot ? srButtonHot : part == ttTabItemSelected ? srWindow : srFace;
   }
   return std::nullopt;
 }
@@ -301,6 +322,7 @@ TSchemeRole TextRole(const TThemedElementDetails& details) {
   if (Disabled(details)) return srGrayText;
   if (Selected(details)) return srHighlightText;
   const bool face = details.Element == teHeader || details.Element == teComboBox || details.Element == teScrollBar ||
+                    details.Element == teTab ||
                     (details.Element == teGrid && FixedCellLook(details.Part)) ||
                     (details.Element == teButton && details.Part <= tbPushButtonDefaulted);
   return face ? srFaceText : srWindowText;

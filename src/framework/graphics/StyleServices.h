@@ -70,7 +70,7 @@ enum TElementColor {
 };
 enum TElementSize { esMinimum, esActual, esStretch };
 
-enum TThemedElement { teButton, teComboBox, teEdit, teGrid, teHeader, teScrollBar, teTreeview };
+enum TThemedElement { teButton, teComboBox, teEdit, teGrid, teHeader, teScrollBar, teTreeview, teTab };
 
 enum TThemedButton {
   tbButtonDontCare, tbButtonRoot, tbPushButtonNormal, tbPushButtonHot, tbPushButtonPressed,
@@ -119,6 +119,11 @@ enum TThemedTreeview {
   ttHotGlyphOpened
 };
 
+enum TThemedTab {
+  ttTabDontCare, ttTabRoot, ttTabItemNormal, ttTabItemHot, ttTabItemSelected, ttTabItemDisabled,
+  ttTabItemFocused
+};
+
 // One themed element: its family and its member of that family's enumeration.
 struct TThemedElementDetails {
   TThemedElement Element = teButton;
@@ -161,6 +166,7 @@ public:
   static TThemedElementDetails GetElementDetails(TThemedHeader detail) { return {teHeader, detail}; }
   static TThemedElementDetails GetElementDetails(TThemedScrollBar detail) { return {teScrollBar, detail}; }
   static TThemedElementDetails GetElementDetails(TThemedTreeview detail) { return {teTreeview, detail}; }
+  static TThemedElementDetails GetElementDetails(TThemedTab detail) { return {teTab, detail}; }
 
   // Draws the element into rect, clipped to clipRect when one is given. False for an
   // element this style does not draw.

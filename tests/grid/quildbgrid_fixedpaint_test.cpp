@@ -1,0 +1,444 @@
+// The painted fixed cells, offscreen: the frame of each FixedStyle at its edge pixels, the
+// line under a header band, the title's marker, button and image, the row marks and the
+// corner, the pressed and hot title, merged total cells, and the themed and gradient
+// faces; at 96 and 192 pixels per inch. QUIL_GRAPHICS_SNAPSHOTS saves the pictures.
+#include <QImage>
+#include <optional>
+
+#include "GridTestKit.h"
+#include "framework/controls/ScrollBars.h"
+#include "framework/db/DataSet.h"
+#include "framework/graphics/Bitmap.h"
+#include "framework/graphics/ImageList.h"
+#include "framework/rtl/TypInfo.h"
+
+using namespace quil;
+using gridtest::GridFixture;
+using gridtest::TPixelsPerInch;
+
+namespace {
+
+// Raw columns of the people grid: the indicator, ID, Name, City, Amount.
+constexpr int IndicatorCol = 0;
+constexpr int NameCol = 2;
+constexpr int CityCol = 3;
+
+class FixedPaint : public GridFixture {
+protected:
+  // The grid made at ppi, with its indicator as wide as the glyphs need there.
+  void OpenAt(int ppi, int rows = 10) {
+    scale.emplace(ppi);
+    Open(rows);
+    grid->SetIndicatorWidth(MulDiv(20, ppi, 96));
+    grid->Columns()->SetState(csCustomized);
+  }
+  // No theme and no gradient: the frame of FixedStyle alone.
+  void Classic(TFixedStyle style = fsDefault) {
+    grid->SetDrawingStyle(gdsClassic);
+    grid->SetFixedStyle(style);
+    Paint();
+  }
+  TQuilColumn* Column(int rawCol) { return grid->Columns()->Items(grid->RawToDataColumn(rawCol)); }
+  // A cell in the grab's coordinates, which hold the window's frame.
+  TRect Cell(int rawCol, int rawRow) const {
+    TRect rect = grid->CellRect(rawCol, rawRow);
+    const int border = (grid->Width() - grid->ClientWidth()) / 2;
+    rect.Offset(border, border);
+    return rect;
+  }
+  static TColor Rgb(TColor color) { return ColorToRGB(color); }
+  // Pixels of rect that differ from background.
+  static int Ink(const QImage& image, const TRect& rect, TColor background) {
+    int count = 0;
+    for (int y = std::max(rect.Top, 0); y < std::min(rect.Bottom, image.height()); ++y)
+      for (int x = std::max(rect.Left, 0); x < std::min(rect.Right, image.width()); ++x)
+        if (At(image, x, y) != Rgb(background)) ++count;
+    return count;
+  }
+  // The columns that hold ink in rect, as a span; empty when none.
+  static TRect InkSpan(const QImage& image, const TRect& rect, TColor background) {
+    TRect span{rect.Right, rect.Top, rect.Left, rect.Bottom};
+    for (int y = rect.Top; y < rect.Bottom; ++y)
+      for (int x = rect.Left; x < rect.Right; ++x)
+        if (At(image, x, y) != Rgb(background)) {
+          span.Left = std::min(span.Left, x);
+          span.Right = std::max(span.Right, x + 1);
+        }
+    return span.IsEmpty() ? TRect{} : span;
+  }
+  // The picture, and a part of it (the top left quarter unless told) four times as large
+  // for a look at the edges.
+  void Snapshot(const QImage& image, const QString& name, std::optional<TRect> part = std::nullopt) {
+    Save(image, name.toLatin1().constData());
+    const TRect zoom = part.value_or(Rect(0, 0, image.width() / 2, image.height() / 4));
+    const QImage detail = image.copy(zoom.Left, zoom.Top, zoom.Width(), zoom.Height());
+    Save(detail.scaled(detail.size() * 4), (name + QStringLiteral("-zoom")).toLatin1().constData());
+  }
+
+  std::optional<TPixelsPerInch> scale;
+};
+
+// --- The frame of each FixedStyle
+
+struct FrameCase {
+  TFixedStyle style;
+  TColor top;     // the title's top edge
+  TColor bottom;  // its bottom edge
+  TColor line;    // the row line below it
+};
+
+void PrintTo(const FrameCase& frame, std::ostream* out) {
+  *out << TypeInfo(TFixedStyle()).NameOf(frame.style).toStdString();
+}
+
+class FixedFrame : public FixedPaint, public ::testing::WithParamInterface<std::tuple<FrameCase, int>> {};
+
+TEST_P(FixedFrame, EdgesTheTitleInTheColorsOfItsStyle) {
+  const auto& [frame, ppi] = GetParam();
+  OpenAt(ppi);
+  Classic(frame.style);
+  const QImage image = Grab();
+  Snapshot(image, QStringLiteral("fixed-%1-%2").arg(TypeInfo(TFixedStyle()).NameOf(frame.style)).arg(ppi));
+  const TRect city = Cell(CityCol, 0);
+  const int x = city.Right - 4;  // right of the caption, left of the marker's place
+  EXPECT_EQ(At(image, x, city.Top), Rgb(frame.top));
+  EXPECT_EQ(At(image, x, city.Bottom - 1), Rgb(frame.bottom));
+  EXPECT_EQ(At(image, x, city.Bottom), Rgb(frame.line));
+  EXPECT_EQ(At(image, city.Right, (city.Top + city.Bottom) / 2), Rgb(frame.line)) << "the column line";
+  EXPECT_EQ(At(image, city.Left, city.Top + 3), Rgb(frame.top)) << "the left edge";
+  // The indicator of a data row has the same frame.
+  const TRect indicator = Cell(IndicatorCol, 3);
+  EXPECT_EQ(At(image, indicator.Left + 2, indicator.Bottom), Rgb(frame.line));
+}
+
+INSTANTIATE_TEST_SUITE_P(
+    Styles, FixedFrame,
+    ::testing::Combine(::testing::Values(FrameCase{fsDefault, clBtnHighlight, clBtnShadow, clBlack},
+                                         FrameCase{fsSoft, clBtnHighlight, clBtnShadow, cl3DDkShadow},
+                                         FrameCase{fsNice, clBtnHighlight, clBtnFace, clBlack},
+                                         FrameCase{fsFlat, cl3DLight, clBtnFace, clBlack},
+                                         FrameCase{fsGreat, clBtnHighlight, clBtnFace, cl3DDkShadow},
+                                         FrameCase{fsGray, cl3DLight, clBtnFace, cl3DDkShadow},
+                                         FrameCase{fsFine, clBtnHighlight, clBtnFace, clBtnShadow},
+                                         FrameCase{fsMild, cl3DLight, clBtnFace, clBtnShadow}),
+                       ::testing::Values(96, 192)));
+
+TEST_F(FixedPaint, WithoutRowLinesEveryFrameIsAPlainBlackLineAndNoThemeIsUsed) {
+  OpenAt(96);
+  grid->SetFixedStyle(fsSoft);
+  grid->SwitchOptions({dgRowLines}, false);
+  Paint();
+  const QImage image = Grab();
+  const TRect city = Cell(CityCol, 0);
+  const int y = (city.Top + city.Bottom) / 2;
+  EXPECT_EQ(At(image, city.Right, y), clBlack);
+  EXPECT_EQ(At(image, city.Right - 1, y), Rgb(clBtnFace)) << "no raised edge";
+  EXPECT_EQ(At(image, city.Right - 4, city.Top), Rgb(clBtnFace)) << "no theme's header";
+}
+
+// --- Bands
+
+TEST_F(FixedPaint, ABandSpansItsColumnsInTheHeaderColorAboveALineOfItsOwn) {
+  for (int ppi : {96, 192}) {
+    SCOPED_TRACE(ppi);
+    OpenAt(ppi);
+    Column(NameCol)->Title()->SetHeader(QStringLiteral("Where"));
+    Column(CityCol)->Title()->SetHeader(QStringLiteral("Where"));
+    grid->SetHeaderColor(clYellow);
+    Classic();
+    QImage image = Grab();
+    Snapshot(image, QStringLiteral("fixed-band-%1").arg(ppi));
+    const TRect name = Cell(NameCol, 0);
+    const TRect city = Cell(CityCol, 0);
+    const int band = grid->TitleLineHeight();
+    const int x = city.Right - 4;
+    EXPECT_EQ(At(image, x, name.Top + band / 2), clYellow);
+    EXPECT_EQ(At(image, city.Left - 1, name.Top + 2), clYellow) << "no line between the columns of a band";
+    EXPECT_EQ(At(image, x, name.Top + band - 1), clBlack) << "the band's row line";
+    EXPECT_EQ(At(image, x, name.Top + band), Rgb(clBtnHighlight)) << "the caption's own top edge";
+    EXPECT_EQ(At(image, x, name.Top + band + 4), Rgb(clBtnFace)) << "the caption keeps the title's color";
+    // The band's text stands in the middle of the two columns.
+    const TRect text = InkSpan(image, Rect(name.Left + 2, name.Top + 2, city.Right - 2, name.Top + band - 3), clYellow);
+    ASSERT_FALSE(text.IsEmpty());
+    EXPECT_NEAR((text.Left + text.Right) / 2, (name.Left + city.Right) / 2, 2);
+    grid->SetFixedStyle(fsSoft);
+    Paint();
+    image = Grab();
+    EXPECT_EQ(At(image, x, name.Top + band - 1), Rgb(cl3DDkShadow)) << "under a soft style the raised edge";
+    delete form;
+    form = nullptr;
+    scale.reset();
+  }
+}
+
+TEST_F(FixedPaint, ARightToLeftGridMirrorsBandsAndFramesWithItsCells) {
+  OpenAt(96);
+  Column(NameCol)->Title()->SetHeader(QStringLiteral("Where"));
+  Column(CityCol)->Title()->SetHeader(QStringLiteral("Where"));
+  grid->SetHeaderColor(clYellow);
+  grid->SetBiDiMode(bdRightToLeft);
+  Classic();
+  const QImage image = Grab();
+  Snapshot(image, QStringLiteral("fixed-band-mirrored"), Rect(image.width() / 2, 0, image.width(), 60));
+  const TRect name = Cell(NameCol, 0);
+  const TRect city = Cell(CityCol, 0);
+  ASSERT_LT(city.Right, name.Left) << "City stands left of Name";
+  EXPECT_EQ(At(image, city.Left + 4, city.Top + 2), clYellow);
+  EXPECT_EQ(At(image, name.Right - 4, name.Top + 2), clYellow);
+  EXPECT_EQ(At(image, name.Left - 1, name.Top + 2), clYellow) << "one band across both";
+  const int band = grid->TitleLineHeight();
+  EXPECT_EQ(At(image, city.Left + 4, city.Top + band), Rgb(clBtnHighlight)) << "the caption's top edge";
+  EXPECT_EQ(At(image, city.Left + 4, city.Bottom), clBlack);
+  EXPECT_EQ(At(image, city.Left, city.Top + band + 4), Rgb(clBtnHighlight)) << "light on the left as ever";
+}
+
+// --- Title content
+
+TEST_F(FixedPaint, TheMarkerStandsAtTheRightOrBesideTheCaption) {
+  for (int ppi : {96, 192}) {
+    SCOPED_TRACE(ppi);
+    OpenAt(ppi);
+    grid->SwitchOptions({dgMarkerAutoAlign}, false);
+    Classic();
+    const TRect city = Cell(CityCol, 0);
+    const int width = grid->GetMarkers()->Width();
+    const TRect place = Rect(city.Right - width - 6, city.Top + 2, city.Right - 2, city.Bottom - 2);
+    EXPECT_EQ(Ink(Grab(), place, clBtnFace), 0) << "no marker";
+    Column(CityCol)->Title()->SetMarkerIndex(0);
+    Paint();
+    QImage image = Grab();
+    Snapshot(image, QStringLiteral("fixed-marker-%1").arg(ppi));
+    EXPECT_GT(Ink(image, place, clBtnFace), 4);
+    grid->SwitchOptions({dgMarkerAutoAlign}, true);
+    Paint();
+    image = Grab();
+    EXPECT_EQ(Ink(image, place, clBtnFace), 0) << "moved next to the caption";
+    const TRect inks = InkSpan(image, Rect(city.Left + 2, city.Top + 2, city.Right - 2, city.Bottom - 2), clBtnFace);
+    grid->Canvas()->SetFont(Column(CityCol)->Title()->Font());
+    const int caption = grid->Canvas()->TextWidth(QStringLiteral("City"));
+    EXPECT_GT(inks.Right, city.Left + caption + 4) << "the marker's ink after the caption";
+    EXPECT_LT(inks.Right, city.Left + caption + width + 10);
+    delete form;
+    form = nullptr;
+    scale.reset();
+  }
+}
+
+TEST_F(FixedPaint, AGroupsTitleShowsItsButtonAndATitleImageComesBeforeTheCaption) {
+  OpenAt(96);
+  Column(NameCol)->SetExpandCols(2);
+  Column(NameCol)->SetExpanded(false);
+  TImageList images(8, 8);
+  TBitmap red(8, 8);
+  red.Canvas()->Brush()->SetColor(clRed);
+  red.Canvas()->FillRect(Rect(0, 0, 8, 8));
+  images.Add(&red, nullptr);
+  grid->SetTitleImages(&images);
+  Column(1)->Title()->SetImageIndex(0);
+  Classic();
+  const QImage image = Grab();
+  Snapshot(image, QStringLiteral("fixed-button-image"));
+  const TRect group = Cell(NameCol, 0);
+  const int button = GetSystemMetrics(SM_CXHSCROLL);
+  const TRect buttonPlace = Rect(group.Right - button, group.Top + 2, group.Right - 2, group.Bottom - 2);
+  EXPECT_GT(Ink(image, buttonPlace, clBtnFace), 4) << "the expand button's glyph";
+  const TRect id = Cell(1, 0);
+  const int middle = (id.Top + id.Bottom) / 2;
+  const TRect ink = InkSpan(image, Rect(id.Left + 1, middle, id.Right - 1, middle + 1), clBtnFace);
+  EXPECT_EQ(At(image, ink.Left, middle), clRed) << "the image first";
+  EXPECT_EQ(ink.Left, id.Left + 1 + 1) << "after the title's margin and the text margin";
+  // The system's look draws the button as a fixed cell under the same glyph.
+  grid->SetDrawingStyle(gdsThemed);
+  Paint();
+  const QImage themed = Grab();
+  Snapshot(themed, QStringLiteral("fixed-button-system"));
+  TColor face = clNone;
+  StyleServices()->GetElementColor(TCustomStyleServices::GetElementDetails(tgFixedCellNormal), ecFillColor, face);
+  EXPECT_GT(Ink(themed, Rect(buttonPlace.Left + 4, buttonPlace.Top, buttonPlace.Right - 4, buttonPlace.Bottom), face),
+            4);
+}
+
+// --- The indicator and the corner
+
+TEST_F(FixedPaint, TheIndicatorMarksTheCurrentRowOnly) {
+  for (int ppi : {96, 192}) {
+    SCOPED_TRACE(ppi);
+    OpenAt(ppi);
+    Classic();
+    grid->MoveBy(2);
+    Paint();
+    const QImage image = Grab();
+    Snapshot(image, QStringLiteral("fixed-indicator-%1").arg(ppi));
+    auto inside = [&](int rawRow) {
+      TRect cell = Cell(IndicatorCol, rawRow);
+      cell.Inflate(-2, -2);
+      return cell;
+    };
+    EXPECT_GT(Ink(image, inside(3), clBtnFace), 3) << "the current row";
+    EXPECT_EQ(Ink(image, inside(1), clBtnFace), 0);
+    EXPECT_EQ(Ink(image, inside(4), clBtnFace), 0);
+    delete form;
+    form = nullptr;
+    scale.reset();
+  }
+}
+
+TEST_F(FixedPaint, TheRowMarkFollowsTheDataSetsStateAndMayBeTurnedOff) {
+  OpenAt(96);
+  Classic();
+  int activeMark = -2;
+  grid->OnCalcImageIndex = [&](TObject*, TQuilColumn* column, int& index) {
+    if (!column && grid->DataLink()->ActiveRecord() == grid->Row() - grid->TitleOffset()) activeMark = index;
+  };
+  grid->Invalidate();
+  Paint();
+  EXPECT_EQ(activeMark, 0);
+  dataSet->Edit();
+  grid->Invalidate();
+  Paint();
+  EXPECT_EQ(activeMark, 1);
+  dataSet->Cancel();
+  dataSet->Insert();
+  grid->Invalidate();
+  Paint();
+  EXPECT_EQ(activeMark, 2);
+  dataSet->Cancel();
+  grid->SwitchOptions({dgIndicatorMarkOff}, true);
+  Paint();
+  TRect cell = Cell(IndicatorCol, grid->Row());
+  cell.Inflate(-2, -2);
+  EXPECT_EQ(Ink(Grab(), cell, clBtnFace), 0);
+}
+
+TEST_F(FixedPaint, TheCornerShowsItsGlyphAcrossAllTitleRows) {
+  OpenAt(96);
+  Column(NameCol)->SetExpandCols(2);
+  ASSERT_EQ(grid->TitleOffset(), 2);
+  grid->SetFillerColor(clAqua);
+  Classic();
+  QImage image = Grab();
+  Snapshot(image, QStringLiteral("fixed-corner"));
+  const TRect corner = Cell(IndicatorCol, 0);
+  const int titleBottom = Cell(IndicatorCol, 1).Bottom;
+  const TRect inside = Rect(corner.Left + 2, corner.Top + 2, corner.Right - 2, titleBottom - 2);
+  const TRect ink = InkSpan(image, inside, clAqua);
+  ASSERT_FALSE(ink.IsEmpty()) << "FillerIndex -7: indicator 5";
+  EXPECT_EQ(At(image, corner.Left + 3, corner.Bottom), clAqua) << "no line between the title rows";
+  grid->SetFillerIndex(-1);
+  Paint();
+  EXPECT_EQ(Ink(Grab(), inside, clAqua), 0);
+}
+
+// --- Pressed and hot titles
+
+TEST_F(FixedPaint, APressedTitleSinksAndAHotOneTakesTheFrameOfItsStyle) {
+  OpenAt(96);
+  Classic(fsDefault);
+  const TRect city = Cell(CityCol, 0);
+  const int x = city.Right - 4;
+  grid->SetHotColumn(Column(CityCol));
+  grid->SetHotTitle(true);
+  grid->InvalidateTitle(nullptr);
+  Paint();
+  QImage image = Grab();
+  EXPECT_EQ(At(image, x, city.Top), Rgb(cl3DLight)) << "the bump's raised outer edge";
+  EXPECT_EQ(At(image, x, city.Top + 1), Rgb(cl3DDkShadow)) << "and its sunken inner one";
+  grid->SetTitlePressed(true);
+  grid->InvalidateTitle(nullptr);
+  Paint();
+  image = Grab();
+  Snapshot(image, QStringLiteral("fixed-pressed"));
+  EXPECT_EQ(At(image, x, city.Top), Rgb(cl3DDkShadow)) << "sunken";
+  EXPECT_EQ(At(image, x, city.Bottom - 1), Rgb(cl3DLight));
+  const TRect name = Cell(NameCol, 0);
+  EXPECT_EQ(At(image, name.Right - 4, name.Top), Rgb(clBtnHighlight)) << "other titles stay raised";
+}
+
+// --- Total cells
+
+TEST_F(FixedPaint, WithoutTotalColumnLinesTheTotalCellsReadAsOne) {
+  OpenAt(96);
+  grid->SwitchOptionsEx({dgTotalFooter}, true);
+  ASSERT_FALSE(grid->OptionsEx().Contains(dgTotalColLines));
+  Classic();
+  const int footer = grid->RowCount() - 1;
+  const TRect name = Cell(NameCol, footer);
+  const int y = (name.Top + name.Bottom) / 2;
+  QImage image = Grab();
+  Snapshot(image, QStringLiteral("fixed-totals"), Rect(0, name.Top - 20, image.width() / 2, image.height()));
+  EXPECT_NE(At(image, name.Right, y), clBlack);
+  EXPECT_NE(At(image, name.Right - 1, y), Rgb(clBtnShadow)) << "no right edge inside the run";
+  grid->SwitchOptionsEx({dgTotalColLines}, true);
+  Paint();
+  image = Grab();
+  EXPECT_EQ(At(image, name.Right, y), clBlack);
+  EXPECT_EQ(At(image, name.Right - 1, y), Rgb(clBtnShadow));
+}
+
+// --- Themed and gradient faces
+
+TEST_F(FixedPaint, TheSystemsLookDrawsNoFrameAndALightLineUnderTheTitles) {
+  OpenAt(96);
+  ASSERT_TRUE(grid->IsSystemStyle({sseFixed}));
+  Paint();
+  const QImage image = Grab();
+  Snapshot(image, QStringLiteral("fixed-system"));
+  const TRect city = Cell(CityCol, 0);
+  EXPECT_EQ(At(image, city.Right - 4, city.Bottom), RGB(229, 229, 229));
+  EXPECT_NE(At(image, city.Right, (city.Top + city.Bottom) / 2), clBlack);
+}
+
+TEST_F(FixedPaint, TabsStandOnTheDataLineAndButtonsDifferFromTheHeader) {
+  OpenAt(96);
+  grid->SetSystemStyleElements({});
+  grid->SetFixedTheme(ftTabs);
+  Paint();
+  QImage image = Grab();
+  Snapshot(image, QStringLiteral("fixed-tabs"));
+  const TRect city = Cell(CityCol, 0);
+  EXPECT_EQ(At(image, city.Right - 4, city.Bottom), Rgb(grid->DefaultDataLineColor()));
+  grid->SetFixedTheme(ftButtons);
+  Paint();
+  image = Grab();
+  Snapshot(image, QStringLiteral("fixed-buttons"));
+  EXPECT_NE(At(image, city.Right - 4, city.Bottom), Rgb(grid->DefaultDataLineColor()));
+  EXPECT_NE(At(image, city.Right, (city.Top + city.Bottom) / 2), clBlack) << "no frame under a theme";
+}
+
+TEST_F(FixedPaint, UnderACustomStyleTitlesAndBandsTakeTheStylesFixedCell) {
+  OpenAt(96);
+  TStyleManager::SetStyle(QStringLiteral("Quil Dark"));
+  struct TBack {
+    ~TBack() { TStyleManager::SetStyle(TStyleManager::SystemStyleName()); }
+  } back;
+  grid->SetDrawingStyle(gdsClassic);
+  Column(CityCol)->Title()->SetHeader(QStringLiteral("Where"));
+  Paint();
+  const QImage image = Grab();
+  Snapshot(image, QStringLiteral("fixed-custom"));
+  const auto element = TCustomStyleServices::GetElementDetails(tgClassicFixedCellNormal);
+  TColor fill = clNone, border = clNone;
+  ASSERT_TRUE(StyleServices()->GetElementColor(element, ecFillColor, fill));
+  ASSERT_TRUE(StyleServices()->GetElementColor(element, ecBorderColor, border));
+  const TRect city = Cell(CityCol, 0);
+  const int band = grid->TitleLineHeight();
+  const int x = city.Right - 4;
+  EXPECT_EQ(At(image, x, city.Top + band + 3), Rgb(fill));
+  EXPECT_EQ(At(image, x, city.Top + band - 1), Rgb(border)) << "the line under the band";
+  EXPECT_NE(At(image, city.Right, city.Top + band + 3), clBlack) << "no frame of its own";
+}
+
+TEST_F(FixedPaint, AGradientShadesTheTitleFromTopToBottom) {
+  OpenAt(96);
+  grid->SetDrawingStyle(gdsGradient);
+  grid->SetFixedStyle(fsDefault);
+  Paint();
+  const QImage image = Grab();
+  Snapshot(image, QStringLiteral("fixed-gradient"));
+  const TRect city = Cell(CityCol, 0);
+  const int x = city.Right - 6;
+  EXPECT_NE(At(image, x, city.Top + 2), At(image, x, city.Bottom - 3));
+  EXPECT_EQ(At(image, x, city.Bottom), clBlack) << "the classic frame around it";
+}
+
+}  // namespace
