@@ -1,6 +1,7 @@
 // Where titles and header bands lie: which neighbours share a band, the rectangles of a
 // band and of a group's title when the grid scrolls, and the band under a pixel row.
 #include "ColumnTestKit.h"
+#include "framework/graphics/ImageList.h"
 
 using namespace quil;
 
@@ -163,6 +164,7 @@ TEST_F(QuilDBGridTitles, HeaderRowCountsBandsFromTheTopOfTheColumnsOwnTitleRow) 
 
 TEST_F(QuilDBGridTitles, HeaderFontAndColorTakeEffectOnlyWhileBandsShow) {
   OpenColumns();
+  EXPECT_FALSE(grid->IsHeaderColorStored());
   grid->SetHeaderColor(clYellow);
   EXPECT_EQ(grid->HeaderColor(), clYellow);
   EXPECT_TRUE(grid->IsHeaderColorStored());
@@ -176,6 +178,27 @@ TEST_F(QuilDBGridTitles, HeaderFontAndColorTakeEffectOnlyWhileBandsShow) {
   grid->SwitchOptions({dgTitleHeaders}, true);
   grid->SetHeaderFont(&large);
   EXPECT_EQ(grid->HeaderFont()->Size(), 20);
+  grid->SetFixedColor(clYellow);
+  EXPECT_FALSE(grid->IsHeaderColorStored()) << "the same as the fixed cells";
+}
+
+TEST_F(QuilDBGridTitles, TitleImagesAndMarkersLayOutOnlyWhileTitlesShow) {
+  OpenColumns();
+  auto* images = new TImageList(form);
+  auto* markers = new TImageList(form);
+  grid->layoutSources.clear();
+  grid->SetTitleImages(images);
+  EXPECT_FALSE(grid->layoutSources.empty());
+  grid->layoutSources.clear();
+  grid->SetTitleMarkers(markers);
+  EXPECT_FALSE(grid->layoutSources.empty());
+  EXPECT_EQ(grid->GetMarkers(), markers);
+  grid->SwitchOptions({dgTitles}, false);
+  grid->layoutSources.clear();
+  grid->SetTitleImages(nullptr);
+  grid->SetTitleMarkers(nullptr);
+  EXPECT_TRUE(grid->layoutSources.empty());
+  EXPECT_NE(grid->GetMarkers(), markers) << "the built-in markers are back";
 }
 
 TEST_F(QuilDBGridTitles, ANewTitleFontLaysOutTheTitlesAndLeavesTheParentsFont) {
