@@ -141,6 +141,46 @@ TEST_F(QuilDBGridTitles, ALeafTitleReachesDownToTheLastTitleRow) {
       << "both children answer with the group's title";
 }
 
+TEST_F(QuilDBGridTitles, AGroupsTitleCoversItsChildrenInEitherDirection) {
+  OpenColumns(60);
+  MakeGroup();
+  TQuilColumn* master = nullptr;
+  for (TBiDiMode mode : {bdLeftToRight, bdRightToLeft}) {
+    SCOPED_TRACE(mode);
+    grid->SetBiDiMode(mode);
+    const TRect city = grid->CellRect(Raw(2), 1);
+    const TRect amount = grid->CellRect(Raw(3), 1);
+    const TRect title = grid->CalcTitleRect(Column(2), 0, master);
+    ASSERT_EQ(master, Column(1));
+    EXPECT_EQ(title.Left, std::min(city.Left, amount.Left));
+    EXPECT_EQ(title.Right, std::max(city.Right, amount.Right));
+    EXPECT_EQ(title.Top, 0);
+    EXPECT_EQ(grid->FullTitleRect(Column(2), 0, master), title) << "all of it shows";
+  }
+}
+
+TEST_F(QuilDBGridTitles, ABandBesideAGroupShowsOnlyTheGroupsChildrenInSight) {
+  OpenColumns(150);
+  Column(0)->SetExpandCols(1);
+  Headers({"A", "", "A", ""});
+  ASSERT_TRUE(Column(0)->GetExpanded());
+  ASSERT_EQ(Column(2)->Title()->HeaderLeft(0), Column(0)) << "ID's group and City are siblings";
+  TQuilColumn* master = nullptr;
+  TRect visible;
+  const int line = grid->GetColLineWidth();
+  TRect title = grid->FullTitleRect(Column(2), 0, master);
+  TRect band = grid->HeaderRect(Column(2), 0, title, visible);
+  EXPECT_EQ(band.Left, title.Left - Column(0)->GetExpandWidth());
+  EXPECT_EQ(visible, band);
+  grid->SetLeftCol(Raw(2));
+  ASSERT_EQ(grid->LeftCol(), Raw(2));
+  title = grid->FullTitleRect(Column(2), 0, master);
+  band = grid->HeaderRect(Column(2), 0, title, visible);
+  EXPECT_EQ(band.Left, title.Left - 150 - line) << "the band keeps the group's whole width";
+  EXPECT_EQ(visible.Left, title.Left) << "Name is out of sight";
+  EXPECT_EQ(visible.Right, band.Right);
+}
+
 TEST_F(QuilDBGridTitles, HeaderRowCountsBandsFromTheTopOfTheColumnsOwnTitleRow) {
   OpenColumns();
   MakeGroup();
