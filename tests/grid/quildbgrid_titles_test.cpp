@@ -1,6 +1,7 @@
 // Where titles and header bands lie: which neighbours share a band, the rectangles of a
 // band and of a group's title when the grid scrolls, and the band under a pixel row.
 #include "ColumnTestKit.h"
+#include "framework/graphics/Canvas.h"
 #include "framework/graphics/ImageList.h"
 
 using namespace quil;
@@ -220,6 +221,21 @@ TEST_F(QuilDBGridTitles, HeaderFontAndColorTakeEffectOnlyWhileBandsShow) {
   EXPECT_EQ(grid->HeaderFont()->Size(), 20);
   grid->SetFixedColor(clYellow);
   EXPECT_FALSE(grid->IsHeaderColorStored()) << "the same as the fixed cells";
+}
+
+TEST_F(QuilDBGridTitles, ABandIsAsTallAsItsLinesInTheHeaderFont) {
+  OpenColumns();
+  Headers({"A"});
+  const int one = grid->TitleLineHeight();
+  grid->SetHeaderLinesCount(2);
+  const int two = grid->TitleLineHeight();
+  TCanvas* canvas = grid->Canvas();
+  canvas->SetFont(grid->HeaderFont());
+  EXPECT_EQ(two - one, canvas->TextHeight("Wg"));
+  const int titleRow = grid->RowHeights(0);
+  grid->HeaderFont()->SetSize(grid->HeaderFont()->Size() * 2);
+  EXPECT_GT(grid->TitleLineHeight(), two) << "a new header font lays the bands out";
+  EXPECT_EQ(grid->RowHeights(0) - titleRow, grid->TitleLineHeight() - two);
 }
 
 TEST_F(QuilDBGridTitles, TitleImagesAndMarkersLayOutOnlyWhileTitlesShow) {
