@@ -148,11 +148,15 @@ void TQuilColumnTitle::SetCaption(const QString& value) {
   ChangedLook();
 }
 
+// Under a transparent theme the titles paint as one header, so a new color of one of
+// them lays them all out.
 void TQuilColumnTitle::SetColor(TColor value) {
   if (IsAssigned(cvTitleColor) && color_ == value) return;
   color_ = value;
   MarkAssigned(cvTitleColor);
-  ChangedLook();
+  TQuilCustomDBGrid* grid = Grid();
+  if (grid && grid->IsGridThemed(false) && grid->IsThemeTransparent()) Changed(true);
+  else ChangedLook();
 }
 
 void TQuilColumnTitle::SetFont(TFont* value) {
@@ -246,6 +250,8 @@ void TQuilColumnTitle::RestoreDefaults() {
   hint_.clear();
   headerHint_.clear();
   popupMenu_ = nullptr;
+  // A restored column keeps none of its menus, and its expand button goes back to the
+  // automatic one with the drop-down menu.
   SetDropDownMenu(nullptr);
   button_ = ellipsis_ = wordWrap_ = autoToggle_ = autoFilter_ = true;
   vAlignment_ = tvCenter;

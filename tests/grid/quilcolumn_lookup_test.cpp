@@ -114,6 +114,10 @@ TEST_F(QuilColumnLookup, AValueColumnLooksLikeItsResultField) {
   TCanvas* canvas = grid->Canvas();
   canvas->SetFont(city->Font());
   EXPECT_EQ(city->DefaultWidth(), 3 * canvas->TextWidth("0") + 4);
+  cities->FieldByName("Population")->SetDisplayLabel("Inhabitants");
+  EXPECT_EQ(city->Title()->Caption(), QStringLiteral("Inhabitants"));
+  city->SetLookupResultField("Code");
+  EXPECT_EQ(city->Title()->Caption(), QStringLiteral("City")) << "a key column is titled by its own field";
 }
 
 }  // namespace

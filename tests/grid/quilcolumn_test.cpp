@@ -161,6 +161,58 @@ TEST(QuilColumnAlone, HeaderBandsCountTheirSeparators) {
   EXPECT_EQ(title->OrderIndex(), 2);
 }
 
+TEST(QuilColumnAlone, TitleAssignTakesTheSourcesAssignedLooksOnlyAndRestoreUndoesAll) {
+  TQuilDBGridColumns columns(nullptr);
+  TQuilColumnTitle* source = columns.Add()->Title();
+  source->SetColor(clRed);
+  source->SetHeader("A|B");
+  source->SetHeaderHint("first|second");
+  source->SetHint("hint");
+  source->SetImageIndex(3);
+  source->SetMarker(tmAscend);
+  source->SetMarkerIndex(4);
+  source->SetButton(false);
+  source->SetEllipsis(false);
+  source->SetWordWrap(false);
+  source->SetVAlignment(tvTopJustify);
+  source->SetAutoToggle(false);
+  source->SetAutoFilter(false);
+  source->SwitchAutoFilters({fsFilterForm}, false);
+  TQuilColumn* target = columns.Add();
+  target->Title()->SetAlignment(taCenter);
+  target->Title()->SetCaption("Own");
+  target->Title()->Assign(source);
+  TQuilColumnTitle* title = target->Title();
+  EXPECT_EQ(target->AssignedValues(), (TQuilColumnValues{cvTitleAlignment, cvTitleCaption, cvTitleColor}));
+  EXPECT_EQ(title->Alignment(), taCenter) << "the source's alignment is only its default";
+  EXPECT_EQ(title->Caption(), QStringLiteral("Own"));
+  EXPECT_EQ(title->Color(), clRed);
+  EXPECT_EQ(title->GetHeaderHintRows(1), QStringLiteral("second"));
+  EXPECT_EQ(title->GetHeaderHintRows(2), QString());
+  EXPECT_EQ(title->Hint(), QStringLiteral("hint"));
+  EXPECT_EQ(title->ImageIndex(), 3);
+  EXPECT_EQ(title->Marker(), tmAscend);
+  EXPECT_EQ(title->OrderIndex(), 2);
+  EXPECT_FALSE(title->Button() || title->Ellipsis() || title->WordWrap() || title->AutoToggle() || title->AutoFilter());
+  EXPECT_EQ(title->VAlignment(), tvTopJustify);
+  EXPECT_EQ(title->AutoFilters(), TFilterStyles{fsFilterList});
+  EXPECT_THROW(title->Assign(target), EConvertError) << "a column is no title";
+
+  title->RestoreDefaults();
+  EXPECT_TRUE(target->AssignedValues().Empty());
+  EXPECT_EQ(title->Caption(), QString());
+  EXPECT_EQ(title->Color(), clBtnFace);
+  EXPECT_EQ(title->GetHeaderRowCount(), 0);
+  EXPECT_EQ(title->HeaderHint(), QString());
+  EXPECT_EQ(title->Hint(), QString());
+  EXPECT_EQ(title->ImageIndex(), -1);
+  EXPECT_EQ(title->Marker(), tmNone);
+  EXPECT_EQ(title->MarkerIndex(), -1);
+  EXPECT_TRUE(title->Button() && title->Ellipsis() && title->WordWrap() && title->AutoToggle() && title->AutoFilter());
+  EXPECT_EQ(title->VAlignment(), tvCenter);
+  EXPECT_EQ(title->AutoFilters(), (TFilterStyles{fsFilterList, fsFilterForm}));
+}
+
 // --- In a grid over the people table
 
 class QuilColumn : public gridtest::ColumnFixture {};
@@ -182,6 +234,85 @@ TEST_F(QuilColumn, DefaultsFollowTheGridAndTheField) {
   EXPECT_TRUE(amount->AssignedValues().Contains(cvFont));
   grid->Font()->SetSize(16);
   EXPECT_EQ(amount->Font()->Size(), 8);
+}
+
+TEST_F(QuilColumn, ATitleFollowsTheGridsFixedColorAndTitleFontUntilItsOwnAreSet) {
+  Open(5);
+  grid->Columns()->SetState(csCustomized);
+  TQuilColumnTitle* title = ColumnOf("Name")->Title();
+  grid->SetFixedColor(clAqua);
+  EXPECT_EQ(title->Color(), clAqua);
+  title->SetColor(clAqua);
+  EXPECT_FALSE(title->IsColorStored()) << "assigned, but equal to its default";
+  title->SetColor(clRed);
+  grid->SetFixedColor(clYellow);
+  EXPECT_EQ(title->Color(), clRed);
+  EXPECT_TRUE(title->IsColorStored());
+
+  grid->TitleFont()->SetSize(15);
+  EXPECT_EQ(title->Font()->Size(), 15);
+  EXPECT_FALSE(title->IsFontStored());
+  grid->layoutSources.clear();
+  title->Font()->SetSize(9);
+  EXPECT_FALSE(grid->layoutSources.empty()) << "an own font lays the titles out";
+  EXPECT_TRUE(ColumnOf("Name")->AssignedValues().Contains(cvTitleFont));
+  grid->TitleFont()->SetSize(18);
+  EXPECT_EQ(title->Font()->Size(), 9);
+  EXPECT_TRUE(title->IsFontStored());
+  EXPECT_EQ(ColumnOf("City")->Title()->Font()->Size(), 18);
+}
+
+TEST_F(QuilColumn, ATitlesLookRepaintsALeafAndLaysOutAGroupWhileBandsAlwaysLayOut) {
+  Open(5);
+  grid->Columns()->SetState(csCustomized);
+  TQuilColumn* name = ColumnOf("Name");
+  int step = 0;
+  // Each call gives a new value, so that every setter acts.
+  using TTitleSetter = std::function<void(TQuilColumnTitle*)>;
+  const std::vector<TTitleSetter> looks{
+      [](TQuilColumnTitle* t) { t->SetColor(t->Color() == clRed ? clBlue : clRed); },
+      [](TQuilColumnTitle* t) { t->SetAlignment(t->Alignment() == taCenter ? taRightJustify : taCenter); },
+      [&](TQuilColumnTitle* t) { t->SetCaption(QString::number(step)); },
+      [](TQuilColumnTitle* t) { t->SetEllipsis(!t->Ellipsis()); },
+      [](TQuilColumnTitle* t) { t->SetImageIndex(t->ImageIndex() + 1); },
+      [](TQuilColumnTitle* t) { t->SetVAlignment(t->VAlignment() == tvTopJustify ? tvBottomJustify : tvTopJustify); },
+      [](TQuilColumnTitle* t) { t->SetWordWrap(!t->WordWrap()); },
+  };
+  const std::vector<TTitleSetter> repaints{
+      [](TQuilColumnTitle* t) { t->SetButton(!t->Button()); },
+      [](TQuilColumnTitle* t) { t->SetAutoFilter(!t->AutoFilter()); },
+      [](TQuilColumnTitle* t) { t->SetMarker(t->Marker() == tmAscend ? tmDescend : tmAscend); },
+  };
+  auto laysOut = [&](const TTitleSetter& set) {
+    ++step;
+    grid->layoutSources.clear();
+    set(name->Title());
+    return !grid->layoutSources.empty();
+  };
+  for (const auto& set : looks) EXPECT_FALSE(laysOut(set)) << "look setter " << step << " of a leaf";
+  for (const auto& set : repaints) EXPECT_FALSE(laysOut(set));
+  EXPECT_TRUE(laysOut([](TQuilColumnTitle* t) { t->SetHeader("Band"); }));
+  name->SetExpandCols(2);
+  ASSERT_TRUE(name->GetExpanded());
+  for (const auto& set : looks) EXPECT_TRUE(laysOut(set)) << "look setter " << step << " of a group";
+  for (const auto& set : repaints) EXPECT_FALSE(laysOut(set));
+}
+
+TEST_F(QuilColumn, ACaptionIsStoredOnlyWhenItDiffersFromTheFieldsName) {
+  Open(5);
+  grid->Columns()->SetState(csCustomized);
+  TQuilColumnTitle* title = ColumnOf("Name")->Title();
+  EXPECT_FALSE(title->IsCaptionStored());
+  title->SetCaption("Name");
+  EXPECT_TRUE(ColumnOf("Name")->AssignedValues().Contains(cvTitleCaption));
+  EXPECT_FALSE(title->IsCaptionStored());
+  title->SetCaption("Person");
+  EXPECT_TRUE(title->IsCaptionStored());
+  dataSet->FieldByName("City")->SetDisplayLabel("Town");
+  EXPECT_EQ(ColumnOf("City")->Title()->Caption(), QStringLiteral("Town"));
+  TQuilColumn* missing = grid->Columns()->Add();
+  missing->SetFieldName("Missing");
+  EXPECT_EQ(missing->Title()->Caption(), QStringLiteral("Missing")) << "no field: its name";
 }
 
 TEST_F(QuilColumn, InputMethodsFollowTheGridUntilSet) {

@@ -128,6 +128,25 @@ TEST_F(SettingsTest, TheGridsOwnColumnsMoveWithTheirFields) {
   EXPECT_EQ(grid->Columns()->State(), csDefault);
 }
 
+TEST_F(SettingsTest, ALayoutHandedOverInMemoryArrangesAnotherGridAndStaysForReuse) {
+  Settings()->SwitchOptions({soLinesCount}, true);
+  Arrange();
+  TStringList copy;
+  copy.Assign(Settings()->Layout());
+  Rebuild();
+  Settings()->SwitchOptions({soLinesCount}, true);
+  Settings()->SetLayout(&copy);
+  EXPECT_EQ(FieldNames(grid->Columns()), QStringList({"Amount", "ID", "Name", "City"}));
+  EXPECT_EQ(grid->LinesCount(), 2);
+  EXPECT_EQ(Settings()->LayoutList()->Text(), copy.Text());
+  ColumnOf("ID")->MoveTo(0);
+  grid->SetLinesCount(1);
+  Settings()->ApplyLayout();
+  EXPECT_EQ(grid->Columns()->Items(0)->FieldName(), "Amount") << "the list held in memory applies again";
+  EXPECT_EQ(grid->LinesCount(), 2);
+  EXPECT_FALSE(QFile::exists(IniPath())) << "no store was touched";
+}
+
 TEST_F(SettingsTest, TheFileIsAnOrdinaryIniFileInTheDocumentedForm) {
   grid->Columns()->Delete(3);
   grid->Columns()->Delete(0);

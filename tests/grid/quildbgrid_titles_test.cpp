@@ -1,6 +1,8 @@
 // Where titles and header bands lie: which neighbours share a band, the rectangles of a
 // band and of a group's title when the grid scrolls, and the band under a pixel row.
 #include "ColumnTestKit.h"
+#include "framework/graphics/Canvas.h"
+#include "framework/graphics/ImageList.h"
 
 using namespace quil;
 
@@ -140,6 +142,46 @@ TEST_F(QuilDBGridTitles, ALeafTitleReachesDownToTheLastTitleRow) {
       << "both children answer with the group's title";
 }
 
+TEST_F(QuilDBGridTitles, AGroupsTitleCoversItsChildrenInEitherDirection) {
+  OpenColumns(60);
+  MakeGroup();
+  TQuilColumn* master = nullptr;
+  for (TBiDiMode mode : {bdLeftToRight, bdRightToLeft}) {
+    SCOPED_TRACE(mode);
+    grid->SetBiDiMode(mode);
+    const TRect city = grid->CellRect(Raw(2), 1);
+    const TRect amount = grid->CellRect(Raw(3), 1);
+    const TRect title = grid->CalcTitleRect(Column(2), 0, master);
+    ASSERT_EQ(master, Column(1));
+    EXPECT_EQ(title.Left, std::min(city.Left, amount.Left));
+    EXPECT_EQ(title.Right, std::max(city.Right, amount.Right));
+    EXPECT_EQ(title.Top, 0);
+    EXPECT_EQ(grid->FullTitleRect(Column(2), 0, master), title) << "all of it shows";
+  }
+}
+
+TEST_F(QuilDBGridTitles, ABandBesideAGroupShowsOnlyTheGroupsChildrenInSight) {
+  OpenColumns(150);
+  Column(0)->SetExpandCols(1);
+  Headers({"A", "", "A", ""});
+  ASSERT_TRUE(Column(0)->GetExpanded());
+  ASSERT_EQ(Column(2)->Title()->HeaderLeft(0), Column(0)) << "ID's group and City are siblings";
+  TQuilColumn* master = nullptr;
+  TRect visible;
+  const int line = grid->GetColLineWidth();
+  TRect title = grid->FullTitleRect(Column(2), 0, master);
+  TRect band = grid->HeaderRect(Column(2), 0, title, visible);
+  EXPECT_EQ(band.Left, title.Left - Column(0)->GetExpandWidth());
+  EXPECT_EQ(visible, band);
+  grid->SetLeftCol(Raw(2));
+  ASSERT_EQ(grid->LeftCol(), Raw(2));
+  title = grid->FullTitleRect(Column(2), 0, master);
+  band = grid->HeaderRect(Column(2), 0, title, visible);
+  EXPECT_EQ(band.Left, title.Left - 150 - line) << "the band keeps the group's whole width";
+  EXPECT_EQ(visible.Left, title.Left) << "Name is out of sight";
+  EXPECT_EQ(visible.Right, band.Right);
+}
+
 TEST_F(QuilDBGridTitles, HeaderRowCountsBandsFromTheTopOfTheColumnsOwnTitleRow) {
   OpenColumns();
   MakeGroup();
@@ -163,6 +205,7 @@ TEST_F(QuilDBGridTitles, HeaderRowCountsBandsFromTheTopOfTheColumnsOwnTitleRow) 
 
 TEST_F(QuilDBGridTitles, HeaderFontAndColorTakeEffectOnlyWhileBandsShow) {
   OpenColumns();
+  EXPECT_FALSE(grid->IsHeaderColorStored());
   grid->SetHeaderColor(clYellow);
   EXPECT_EQ(grid->HeaderColor(), clYellow);
   EXPECT_TRUE(grid->IsHeaderColorStored());
@@ -176,6 +219,42 @@ TEST_F(QuilDBGridTitles, HeaderFontAndColorTakeEffectOnlyWhileBandsShow) {
   grid->SwitchOptions({dgTitleHeaders}, true);
   grid->SetHeaderFont(&large);
   EXPECT_EQ(grid->HeaderFont()->Size(), 20);
+  grid->SetFixedColor(clYellow);
+  EXPECT_FALSE(grid->IsHeaderColorStored()) << "the same as the fixed cells";
+}
+
+TEST_F(QuilDBGridTitles, ABandIsAsTallAsItsLinesInTheHeaderFont) {
+  OpenColumns();
+  Headers({"A"});
+  const int one = grid->TitleLineHeight();
+  grid->SetHeaderLinesCount(2);
+  const int two = grid->TitleLineHeight();
+  TCanvas* canvas = grid->Canvas();
+  canvas->SetFont(grid->HeaderFont());
+  EXPECT_EQ(two - one, canvas->TextHeight("Wg"));
+  const int titleRow = grid->RowHeights(0);
+  grid->HeaderFont()->SetSize(grid->HeaderFont()->Size() * 2);
+  EXPECT_GT(grid->TitleLineHeight(), two) << "a new header font lays the bands out";
+  EXPECT_EQ(grid->RowHeights(0) - titleRow, grid->TitleLineHeight() - two);
+}
+
+TEST_F(QuilDBGridTitles, TitleImagesAndMarkersLayOutOnlyWhileTitlesShow) {
+  OpenColumns();
+  auto* images = new TImageList(form);
+  auto* markers = new TImageList(form);
+  grid->layoutSources.clear();
+  grid->SetTitleImages(images);
+  EXPECT_FALSE(grid->layoutSources.empty());
+  grid->layoutSources.clear();
+  grid->SetTitleMarkers(markers);
+  EXPECT_FALSE(grid->layoutSources.empty());
+  EXPECT_EQ(grid->GetMarkers(), markers);
+  grid->SwitchOptions({dgTitles}, false);
+  grid->layoutSources.clear();
+  grid->SetTitleImages(nullptr);
+  grid->SetTitleMarkers(nullptr);
+  EXPECT_TRUE(grid->layoutSources.empty());
+  EXPECT_NE(grid->GetMarkers(), markers) << "the built-in markers are back";
 }
 
 TEST_F(QuilDBGridTitles, ANewTitleFontLaysOutTheTitlesAndLeavesTheParentsFont) {
