@@ -14,6 +14,8 @@ namespace {
 // Presses the button with the given text in the message box once it is open, and
 // notes what the box showed.
 struct BoxPresser {
+  explicit BoxPresser(const QString& button) : buttonText(button) {}
+
   QString buttonText;
   QString shownText, shownTitle;
   QStringList buttons;
