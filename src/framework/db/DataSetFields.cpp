@@ -149,7 +149,10 @@ void TDataSet::BindFields(bool binding) {
       field->calcSlot_ = calcFieldsCount_++;
       continue;
     }
-    const TFieldDef* def = FindFieldDef(field->FullName());
+    // Default fields stand in the order of their definitions: that place is tried first.
+    const QString name = field->FullName();
+    const TFieldDef* def = index < fieldDefs_->Count() ? fieldDefs_->Items(index) : nullptr;
+    if (!def || def->FullName().compare(name, Qt::CaseInsensitive) != 0) def = FindFieldDef(name);
     if (NativeKindOf(def->DataType()) != field->NativeKind())
       DatabaseError(Format(SFieldTypeMismatch, {field->DisplayName(), FieldTypeName(field->DataType()),
                                                 FieldTypeName(def->DataType())}),

@@ -94,9 +94,12 @@ void TCustomSQLDataSet::InternalOpen() {
   statementValues_ = source.values;
   ResolveColumns(source);
   if (Dialect() == TSQLDialect::SQLite) {
-    QStringList names;
-    for (const TSQLColumn& column : columns_) names.append(QuoteIdentifier(column.name));
-    statement_ = QStringLiteral("SELECT %1 FROM (%2) q").arg(names.join(QLatin1String(", ")), source.select.body);
+    if (!checkColumns_) {
+      QStringList names;
+      for (const TSQLColumn& column : columns_) names.append(QuoteIdentifier(column.name));
+      catalogStatement_ = QStringLiteral("SELECT %1 FROM (%2) q").arg(names.join(QLatin1String(", ")), source.select.body);
+    }
+    statement_ = catalogStatement_;
   }
   filter_ = CurrentFilterClause(Filter(), FilterOptions(), Filtered());
   FieldDefs()->SetUpdated(false);
@@ -134,6 +137,7 @@ void TCustomSQLDataSet::ResolveColumns(const TSQLSource& source) {
     return;
   }
   catalogKey_.clear();
+  filterMemo_.reset();
   if (Dialect() == TSQLDialect::SQLite) catalogSchema_ = CheckConnection().SchemaVersion();
   ResolveKeys(source, ReadColumns(source));
   catalogColumns_ = columns_;

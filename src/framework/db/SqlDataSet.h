@@ -248,6 +248,14 @@ private:
   QString catalogKey_;
   std::vector<TSQLColumn> catalogColumns_;
   QStringList catalogKeyNames_;
+  QString catalogStatement_;  // statement_ as it named the catalog's columns
+  // The last filter translated, with what it was translated from.
+  struct TFilterMemo {
+    QString text, catalogKey;
+    TFilterOptions options;
+    TSQLClause clause;
+  };
+  mutable std::optional<TFilterMemo> filterMemo_;
   qlonglong catalogSchema_ = -1;  // SQLite's schema version when the catalog was read
   mutable bool checkColumns_ = false;
   TDataSetNotifyEvent onRecordCount_;

@@ -212,9 +212,14 @@ int TCustomSQLDataSet::CompareBookmarks(const TBookmark& a, const TBookmark& b) 
 
 // --- The filter -----------------------------------------------------------------------
 
+// Reopening with the same filter over the catalog's columns parses nothing again.
 TSQLClause TCustomSQLDataSet::CurrentFilterClause(const QString& text, TFilterOptions options, bool filtered) const {
   if (!filtered || text.trimmed().isEmpty()) return {};
-  return TranslateFilter(text, columns_, options, Dialect());
+  if (filterMemo_ && filterMemo_->catalogKey == catalogKey_ && filterMemo_->text == text && filterMemo_->options == options)
+    return filterMemo_->clause;
+  TSQLClause clause = TranslateFilter(text, columns_, options, Dialect());
+  filterMemo_ = TFilterMemo{text, catalogKey_, options, clause};
+  return clause;
 }
 
 // Translates before anything changes, so that a text the database cannot run raises

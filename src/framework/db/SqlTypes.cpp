@@ -26,12 +26,15 @@ QDateTime FromDateTime(TDateTime value) {
   return QDateTime(kDayZero.addDays(day), QTime::fromMSecsSinceStartOfDay(int(ms - day * qint64(kMsPerDay))));
 }
 
+// The stored texts use ASCII digits only; reading them so skips the Unicode tables.
+bool IsAsciiDigit(QChar ch) { return ch.unicode() >= u'0' && ch.unicode() <= u'9'; }
+
 bool Digits(QStringView text, qsizetype at, int count, int& out) {
   if (at + count > text.size()) return false;
   out = 0;
   for (qsizetype index = at; index < at + count; ++index) {
-    if (!text[index].isDigit()) return false;
-    out = out * 10 + text[index].digitValue();
+    if (!IsAsciiDigit(text[index])) return false;
+    out = out * 10 + (text[index].unicode() - u'0');
   }
   return true;
 }
@@ -47,7 +50,7 @@ std::optional<int> ParseClock(QStringView text, qsizetype& at) {
     if (!Digits(text, at + 1, 2, second)) return std::nullopt;
     at += 3;
     if (at < text.size() && text[at] == QLatin1Char('.'))
-      for (int scale = 100; ++at < text.size() && text[at].isDigit(); scale /= 10) ms += text[at].digitValue() * scale;
+      for (int scale = 100; ++at < text.size() && IsAsciiDigit(text[at]); scale /= 10) ms += (text[at].unicode() - u'0') * scale;
   }
   if (hour > 23 || minute > 59 || second > 59) return std::nullopt;
   return ((hour * 60 + minute) * 60 + second) * 1000 + ms;
@@ -84,7 +87,9 @@ TDateTime ParseMoment(const QVariant& value) {
   if (value.typeId() == QMetaType::QDateTime) return ToDateTime(value.toDateTime());
   if (value.typeId() == QMetaType::QDate) return ToDateTime(QDateTime(value.toDate(), QTime(0, 0)));
   if (value.typeId() == QMetaType::QTime) return ToDateTime(QDateTime(kDayZero, value.toTime()));
-  const QString text = value.toString().trimmed();
+  const bool isText = value.typeId() == QMetaType::QString;
+  const QString converted = isText ? QString() : value.toString();
+  const QStringView text = QStringView(isText ? *static_cast<const QString*>(value.constData()) : converted).trimmed();
   const std::optional<TDateTime> moment = ParseIsoText(text);
   if (!moment) DatabaseError(QStringLiteral("'%1' is not a valid date and time").arg(text), nullptr);
   return *moment;
@@ -143,11 +148,15 @@ TSQLColumn ColumnForSqlField(const QSqlField& field) {
 
 Variant FromSqlValue(const QVariant& value, TFieldType type) {
   if (value.isNull()) return Null();
+  // SQLite's driver hands integers over as qlonglong: read in place, QVariant's
+  // conversions cost more than the row's fetch.
+  const qlonglong* integer = value.typeId() == QMetaType::LongLong ? static_cast<const qlonglong*>(value.constData()) : nullptr;
   switch (NativeKindOf(type)) {
-    case TNativeKind::Int32: return Variant(value.toInt());
-    case TNativeKind::Int64: return Variant(value.toLongLong());
+    case TNativeKind::Int32: return Variant(integer ? int(*integer) : value.toInt());
+    case TNativeKind::Int64: return Variant(integer ? *integer : value.toLongLong());
     case TNativeKind::Currency: return Variant(Currency::FromDouble(value.toDouble()));
     case TNativeKind::Boolean:
+      if (integer) return Variant(*integer != 0);
       return Variant(value.typeId() == QMetaType::QString ? value.toString() == QLatin1String("true") ||
                                                                 value.toString() == QLatin1String("1")
                                                           : value.toBool());
