@@ -3,6 +3,7 @@
 // corner, the pressed and hot title, merged total cells, and the themed and gradient
 // faces; at 96 and 192 pixels per inch. QUIL_GRAPHICS_SNAPSHOTS saves the pictures.
 #include <QImage>
+#include <memory>
 #include <optional>
 
 #include "GridTestKit.h"
@@ -73,6 +74,25 @@ protected:
     const TRect zoom = part.value_or(Rect(0, 0, image.width() / 2, image.height() / 4));
     const QImage detail = image.copy(zoom.Left, zoom.Top, zoom.Width(), zoom.Height());
     Save(detail.scaled(detail.size() * 4), (name + QStringLiteral("-zoom")).toLatin1().constData());
+  }
+
+  // A list of plain squares, image i in Swatch(i), that tells which image a cell drew.
+  static TColor Swatch(int index) { return RGB(20 + 9 * index, 200 - 7 * index, 60 + 5 * index); }
+  static std::unique_ptr<TImageList> Swatches(int count) {
+    auto list = std::make_unique<TImageList>(8, 8);
+    for (int index = 0; index < count; ++index) {
+      TBitmap square(8, 8);
+      square.Canvas()->Brush()->SetColor(Swatch(index));
+      square.Canvas()->FillRect(Rect(0, 0, 8, 8));
+      list->Add(&square, nullptr);
+    }
+    return list;
+  }
+  // The pixel in the middle of the title button of a title over rect: at its right or,
+  // mirrored, at its left.
+  static TColor ButtonMiddle(const QImage& image, const TRect& title, bool mirrored = false) {
+    const int half = GetSystemMetrics(SM_CXHSCROLL) / 2;
+    return At(image, mirrored ? title.Left + half : title.Right - half, (title.Top + title.Bottom) / 2);
   }
 
   std::optional<TPixelsPerInch> scale;
@@ -258,6 +278,65 @@ TEST_F(FixedPaint, AGroupsTitleShowsItsButtonAndATitleImageComesBeforeTheCaption
             4);
 }
 
+TEST_F(FixedPaint, ATitleButtonShowsTheIndicatorGlyphOfItsKindOrKeepsItsPlaceEmpty) {
+  constexpr int IdCol = 1;
+  OpenAt(96);
+  auto glyphs = Swatches(12);
+  grid->SetIndicatorImages(glyphs.get());
+  Column(IdCol)->SetExpandStyle(cesDropDown);
+  Column(NameCol)->SetExpandCols(2);
+  Column(NameCol)->SetExpanded(false);
+  Classic();
+  QImage image = Grab();
+  Snapshot(image, QStringLiteral("fixed-button-glyphs"));
+  EXPECT_EQ(ButtonMiddle(image, Cell(IdCol, 0)), Swatch(9)) << "the drop-down";
+  EXPECT_EQ(ButtonMiddle(image, Cell(NameCol, 0)), Swatch(11)) << "a collapsed group";
+  Column(NameCol)->SetExpanded(true);
+  Paint();
+  // The expanded group's title spans its columns, City and Amount; its own column hides.
+  constexpr int AmountCol = 4;
+  const TRect group = Rect(Cell(CityCol, 0).Left, Cell(CityCol, 0).Top, Cell(AmountCol, 0).Right,
+                           Cell(CityCol, 0).Bottom);
+  EXPECT_EQ(ButtonMiddle(Grab(), group), Swatch(10)) << "an expanded group";
+  Column(NameCol)->SetExpanded(false);
+  grid->SetBiDiMode(bdRightToLeft);
+  Paint();
+  image = Grab();
+  EXPECT_EQ(ButtonMiddle(image, Cell(NameCol, 0), true), Swatch(10)) << "a collapsed group, mirrored";
+  EXPECT_EQ(ButtonMiddle(image, Cell(IdCol, 0), true), Swatch(9));
+  grid->SetBiDiMode(bdLeftToRight);
+  // With too few glyphs the button shows none, yet keeps its room from the caption.
+  auto few = Swatches(11);
+  grid->SetIndicatorImages(few.get());
+  Column(IdCol)->Title()->SetAlignment(taRightJustify);
+  Paint();
+  image = Grab();
+  const TRect id = Cell(IdCol, 0);
+  const int button = GetSystemMetrics(SM_CXHSCROLL);
+  const TRect caption = InkSpan(image, Rect(id.Left + 2, id.Top + 2, id.Right - 2, id.Bottom - 2), clBtnFace);
+  ASSERT_FALSE(caption.IsEmpty());
+  EXPECT_LE(caption.Right, id.Right - button) << "no glyph, and the caption stays left of the button's room";
+}
+
+TEST_F(FixedPaint, AnImageAloneInItsTitleStandsInTheMiddle) {
+  OpenAt(96);
+  auto images = Swatches(1);
+  grid->SetTitleImages(images.get());
+  Column(CityCol)->Title()->SetImageIndex(0);
+  Column(CityCol)->Title()->SetCaption(QStringLiteral(" "));
+  Classic();
+  const TRect city = Cell(CityCol, 0);
+  const int middle = (city.Top + city.Bottom) / 2;
+  TRect ink = InkSpan(Grab(), Rect(city.Left + 2, middle, city.Right - 2, middle + 1), clBtnFace);
+  EXPECT_NEAR((ink.Left + ink.Right) / 2, (city.Left + city.Right) / 2, 1);
+  EXPECT_EQ(ink.Width(), 8) << "and nothing else";
+  // A marker keeps the image at the caption's left.
+  Column(CityCol)->Title()->SetMarkerIndex(0);
+  Paint();
+  ink = InkSpan(Grab(), Rect(city.Left + 2, middle, city.Right - 2, middle + 1), clBtnFace);
+  EXPECT_LT(ink.Left, city.Left + 4);
+}
+
 // --- The indicator and the corner
 
 TEST_F(FixedPaint, TheIndicatorMarksTheCurrentRowOnly) {
@@ -329,6 +408,40 @@ TEST_F(FixedPaint, TheCornerShowsItsGlyphAcrossAllTitleRows) {
   EXPECT_EQ(Ink(Grab(), inside, clAqua), 0);
 }
 
+TEST_F(FixedPaint, TheCornerTakesATitleImageOrAnIndicatorAndSinksWithItsPress) {
+  OpenAt(96);
+  auto titleImages = Swatches(2);
+  auto indicators = Swatches(12);
+  grid->SetTitleImages(titleImages.get());
+  grid->SetIndicatorImages(indicators.get());
+  grid->SetFillerIndex(1);
+  Classic();
+  const TRect corner = Cell(IndicatorCol, 0);
+  const TRect inside = Rect(corner.Left + 2, corner.Top + 2, corner.Right - 2, corner.Bottom - 2);
+  const int middleX = (corner.Left + corner.Right) / 2;
+  const int middleY = (corner.Top + corner.Bottom) / 2;
+  QImage image = Grab();
+  EXPECT_EQ(At(image, middleX, middleY), Swatch(1)) << "image 1 of TitleImages";
+  const TRect at = InkSpan(image, inside, clBtnFace);
+  grid->SetFillerIndex(-3);
+  Paint();
+  EXPECT_EQ(At(Grab(), middleX, middleY), Swatch(1)) << "-3: indicator 1";
+  grid->SetFillerIndex(2);
+  Paint();
+  EXPECT_EQ(Ink(Grab(), inside, clBtnFace), 0) << "past the end of TitleImages";
+  grid->SetFillerIndex(-14);
+  Paint();
+  EXPECT_EQ(Ink(Grab(), inside, clBtnFace), 0) << "past the end of the indicators";
+  grid->SetFillerIndex(1);
+  grid->SetTitlePressed(true);
+  grid->InvalidateTitle(nullptr);
+  Paint();
+  image = Grab();
+  EXPECT_EQ(InkSpan(image, Rect(inside.Left, middleY, inside.Right, middleY + 1), clBtnFace).Left, at.Left + 1)
+      << "a press of the corner moves its image by a pixel";
+  grid->SetTitlePressed(false);
+}
+
 // --- Pressed and hot titles
 
 TEST_F(FixedPaint, APressedTitleSinksAndAHotOneTakesTheFrameOfItsStyle) {
@@ -352,6 +465,61 @@ TEST_F(FixedPaint, APressedTitleSinksAndAHotOneTakesTheFrameOfItsStyle) {
   EXPECT_EQ(At(image, x, city.Bottom - 1), Rgb(cl3DLight));
   const TRect name = Cell(NameCol, 0);
   EXPECT_EQ(At(image, name.Right - 4, name.Top), Rgb(clBtnHighlight)) << "other titles stay raised";
+}
+
+TEST_F(FixedPaint, AHotTitleTakesTheFrameOfHotButtonsForItsFixedStyle) {
+  struct HotCase {
+    THotButtons hot;
+    TFixedStyle style;
+    int row;  // from the title's top, or below 0 from its bottom
+    TColor color;
+  };
+  const HotCase cases[] = {
+      {hbLowered, fsDefault, 0, clBtnShadow},    {hbLowered, fsDefault, -1, clBtnHighlight},
+      {hbTile, fsDefault, 1, clBtnShadow},       {hbTile, fsDefault, 2, clBtnHighlight},
+      {hbRaised, fsDefault, 0, cl3DLight},       {hbRaised, fsDefault, 1, clBtnHighlight},
+      {hbRaised, fsSoft, 0, cl3DLight},          {hbRaised, fsNice, -1, clBtnShadow},
+      {hbRaised, fsFine, 0, cl3DLight},          {hbRaised, fsFine, -1, cl3DDkShadow},
+      {hbRaised, fsMild, 0, clBtnHighlight},
+  };
+  OpenAt(96);
+  grid->SetHotColumn(Column(CityCol));
+  grid->SetHotTitle(true);
+  TRect city;
+  for (const HotCase& hot : cases) {
+    SCOPED_TRACE(TypeInfo(TFixedStyle()).NameOf(hot.style).toStdString() + " " +
+                 TypeInfo(THotButtons()).NameOf(hot.hot).toStdString() + " " + std::to_string(hot.row));
+    grid->SetHotButtons(hot.hot);
+    Classic(hot.style);
+    grid->InvalidateTitle(nullptr);
+    Paint();
+    city = Cell(CityCol, 0);  // the window's frame follows the style
+    const int y = hot.row >= 0 ? city.Top + hot.row : city.Bottom + hot.row;
+    EXPECT_EQ(At(Grab(), city.Right - 4, y), Rgb(hot.color));
+  }
+  const int x = city.Right - 4;
+  // fsMild's raised frame reaches over the line below the title.
+  EXPECT_EQ(At(Grab(), x, city.Bottom), Rgb(clBtnShadow));
+  grid->SetHotButtons(hbNone);
+  grid->InvalidateTitle(nullptr);
+  Paint();
+  EXPECT_EQ(At(Grab(), x, city.Top), Rgb(cl3DLight)) << "hbNone leaves fsMild's own frame";
+}
+
+TEST_F(FixedPaint, AColoredFaceInAFlatStyleIsFramedInItsOwnColor) {
+  OpenAt(96);
+  grid->SetFixedColor(clYellow);
+  for (TFixedStyle style : {fsFlat, fsGray, fsMild}) {
+    SCOPED_TRACE(TypeInfo(TFixedStyle()).NameOf(style).toStdString());
+    Classic(style);
+    const QImage image = Grab();
+    const TRect city = Cell(CityCol, 0);
+    EXPECT_EQ(At(image, city.Right - 4, city.Top), clYellow);
+    EXPECT_EQ(At(image, city.Left, city.Top + 3), clYellow);
+  }
+  Classic(fsDefault);
+  const TRect city = Cell(CityCol, 0);
+  EXPECT_EQ(At(Grab(), city.Right - 4, city.Top), Rgb(clBtnHighlight)) << "a raised style keeps its edges";
 }
 
 // --- Total cells
