@@ -1,5 +1,7 @@
 #include <gtest/gtest.h>
 
+#include <utility>
+
 #include <QApplication>
 #include <QMessageBox>
 #include <QPushButton>
@@ -14,6 +16,8 @@ namespace {
 // Presses the button with the given text in the message box once it is open, and
 // notes what the box showed.
 struct BoxPresser {
+  explicit BoxPresser(QString text) : buttonText(std::move(text)) {}
+
   QString buttonText;
   QString shownText, shownTitle;
   QStringList buttons;

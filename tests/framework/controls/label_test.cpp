@@ -84,7 +84,9 @@ TEST_P(BoundLabelTest, KeepsItsPlaceBesideTheBoundControl) {
     case lpLeft: EXPECT_EQ(box.Right + 4, anchor.Left); break;
     case lpRight: EXPECT_EQ(box.Left, anchor.Right + 4); break;
   }
-  if (GetParam().beside) EXPECT_EQ(box.Top + box.Height() / 2, anchor.Top + anchor.Height() / 2);
+  if (GetParam().beside) {
+    EXPECT_EQ(box.Top + box.Height() / 2, anchor.Top + anchor.Height() / 2);
+  }
   edit->SetBounds(20, 30, 120, 24);
   label->UpdatePosition();
   EXPECT_EQ(label->BoundsRect().Width(), box.Width());
