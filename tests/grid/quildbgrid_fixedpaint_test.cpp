@@ -3,6 +3,7 @@
 // corner, the pressed and hot title, merged total cells, and the themed and gradient
 // faces; at 96 and 192 pixels per inch. QUIL_GRAPHICS_SNAPSHOTS saves the pictures.
 #include <QImage>
+#include <functional>
 #include <memory>
 #include <optional>
 
@@ -465,6 +466,46 @@ TEST_F(FixedPaint, APressedTitleSinksAndAHotOneTakesTheFrameOfItsStyle) {
   EXPECT_EQ(At(image, x, city.Bottom - 1), Rgb(cl3DLight));
   const TRect name = Cell(NameCol, 0);
   EXPECT_EQ(At(image, name.Right - 4, name.Top), Rgb(clBtnHighlight)) << "other titles stay raised";
+}
+
+TEST_F(FixedPaint, APressedTitlesCaptionSinksAPixelUnlessItsLookShowsThePress) {
+  OpenAt(96);
+  // The first column of the caption's dark ink, away from the title's edges.
+  auto captionLeft = [&] {
+    const QImage image = Grab();
+    const TRect city = Cell(CityCol, 0);
+    for (int x = city.Left + 3; x < city.Right - 3; ++x)
+      for (int y = city.Top + 3; y < city.Bottom - 3; ++y)
+        if (qGray(image.pixel(x, y)) < 100) return x;
+    return -1;
+  };
+  auto pressed = [&](bool value) {
+    grid->SetHotColumn(value ? Column(CityCol) : nullptr);
+    grid->SetTitlePressed(value);
+    grid->InvalidateTitle(nullptr);
+    Paint();
+  };
+  struct LookCase {
+    const char* look;
+    std::function<void()> set;
+    int moves;
+  };
+  const LookCase looks[] = {
+      {"classic", [&] { grid->SetDrawingStyle(gdsClassic); }, 1},
+      {"gradient", [&] { grid->SetDrawingStyle(gdsGradient); }, 1},
+      {"gradient with hot tracking", [&] { grid->Gradient()->SwitchOptions({goHotTrack}, true); }, 0},
+      {"the system's look", [&] { grid->SetDrawingStyle(gdsThemed); }, 0},
+  };
+  for (const LookCase& look : looks) {
+    SCOPED_TRACE(look.look);
+    look.set();
+    pressed(false);
+    const int at = captionLeft();
+    ASSERT_GE(at, 0);
+    pressed(true);
+    EXPECT_EQ(captionLeft(), at + look.moves);
+    pressed(false);
+  }
 }
 
 TEST_F(FixedPaint, AHotTitleTakesTheFrameOfHotButtonsForItsFixedStyle) {
