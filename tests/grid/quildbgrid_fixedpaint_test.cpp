@@ -192,6 +192,27 @@ TEST_F(FixedPaint, ABandSpansItsColumnsInTheHeaderColorAboveALineOfItsOwn) {
   }
 }
 
+TEST_F(FixedPaint, UnderABandAWideGridLineGoesOnInLightGray) {
+  OpenAt(96);
+  Column(NameCol)->Title()->SetHeader(QStringLiteral("Where"));
+  Column(CityCol)->Title()->SetHeader(QStringLiteral("Where"));
+  grid->SetHeaderColor(clYellow);
+  for (int width : {1, 2}) {
+    SCOPED_TRACE(width);
+    grid->SetGridLineWidth(width);
+    Classic();
+    const QImage image = Grab();
+    const TRect city = Cell(CityCol, 0);
+    const int x = city.Right - 4;
+    int line = city.Top + grid->TitleLineHeight() / 2;
+    while (line < city.Bottom && At(image, x, line) != clBlack) ++line;
+    ASSERT_LT(line, city.Bottom) << "the band's black line";
+    // The frame's line below the band stays black under a thin line and turns light gray
+    // under the second pixel of a wide one.
+    EXPECT_EQ(At(image, x, line + 1), width == 1 ? clBlack : TColor(14474460));
+  }
+}
+
 TEST_F(FixedPaint, ARightToLeftGridMirrorsBandsAndFramesWithItsCells) {
   OpenAt(96);
   Column(NameCol)->Title()->SetHeader(QStringLiteral("Where"));
