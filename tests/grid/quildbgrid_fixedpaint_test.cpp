@@ -605,6 +605,19 @@ TEST_F(FixedPaint, WithoutTotalColumnLinesTheTotalCellsReadAsOne) {
   EXPECT_EQ(At(image, name.Right - 1, y), Rgb(clBtnShadow));
 }
 
+TEST_F(FixedPaint, TheFirstTotalRowHasALineAboveInTheFixedLineColorOfItsStyle) {
+  OpenAt(96);
+  grid->SwitchOptionsEx({dgTotalFooter}, true);
+  const int footer = grid->RowCount() - 1;
+  ASSERT_GT(grid->RowHeights(footer - 1), 0) << "the blank row shows";
+  for (TFixedStyle style : {fsDefault, fsSoft, fsFine}) {
+    SCOPED_TRACE(TypeInfo(TFixedStyle()).NameOf(style).toStdString());
+    Classic(style);
+    const TRect name = Cell(NameCol, footer);
+    EXPECT_EQ(At(Grab(), name.Left + 5, name.Top - 1), Rgb(grid->GetFixedLineColor()));
+  }
+}
+
 // --- Themed and gradient faces
 
 TEST_F(FixedPaint, TheSystemsLookDrawsNoFrameAndALightLineUnderTheTitles) {
