@@ -603,6 +603,18 @@ TEST_F(FixedPaint, WithoutTotalColumnLinesTheTotalCellsReadAsOne) {
   image = Grab();
   EXPECT_EQ(At(image, name.Right, y), clBlack);
   EXPECT_EQ(At(image, name.Right - 1, y), Rgb(clBtnShadow));
+  // Mirrored, Name's inner end faces City on its left.
+  grid->SetBiDiMode(bdRightToLeft);
+  for (bool lines : {false, true}) {
+    SCOPED_TRACE(lines ? "with total column lines" : "merged");
+    grid->SwitchOptionsEx({dgTotalColLines}, lines);
+    Paint();
+    image = Grab();
+    const TRect mirrored = Cell(NameCol, footer);
+    EXPECT_EQ(At(image, mirrored.Left - 1, y), lines ? clBlack : Rgb(clBtnFace));
+    EXPECT_EQ(At(image, mirrored.Left - 2, y), lines ? Rgb(clBtnShadow) : Rgb(clBtnFace));
+    EXPECT_EQ(At(image, mirrored.Left, y), lines ? Rgb(clBtnHighlight) : Rgb(clBtnFace));
+  }
 }
 
 TEST_F(FixedPaint, TheFirstTotalRowHasALineAboveInTheFixedLineColorOfItsStyle) {
