@@ -266,6 +266,39 @@ TEST_F(FixedPaint, TheMarkerStandsAtTheRightOrBesideTheCaption) {
   }
 }
 
+TEST_F(FixedPaint, BesideACenteredCaptionTheMarkerLeavesTheCaptionWhereItWas) {
+  OpenAt(96);
+  Column(CityCol)->Title()->SetAlignment(taCenter);
+  Column(CityCol)->Title()->SetMarkerIndex(0);
+  grid->Canvas()->SetFont(Column(CityCol)->Title()->Font());
+  const int caption = grid->Canvas()->TextWidth(QStringLiteral("City"));
+  // The first column of the caption's dark ink, and the marker's ink after the caption.
+  auto inks = [&](bool autoAlign) {
+    grid->SwitchOptions({dgMarkerAutoAlign}, autoAlign);
+    Classic();
+    const QImage image = Grab();
+    const TRect city = Cell(CityCol, 0);
+    int captionLeft = -1;
+    for (int x = city.Left + 3; x < city.Right - 3 && captionLeft < 0; ++x)
+      for (int y = city.Top + 3; y < city.Bottom - 3; ++y)
+        if (qGray(image.pixel(x, y)) < 100) {
+          captionLeft = x;
+          break;
+        }
+    const int y = (city.Top + city.Bottom) / 2;
+    const TRect marker =
+        InkSpan(image, Rect(captionLeft + caption + 1, y - 6, city.Right - 3, y + 6), clBtnFace);
+    return std::pair{captionLeft, marker};
+  };
+  const auto [apartCaption, apart] = inks(false);
+  const auto [besideCaption, beside] = inks(true);
+  ASSERT_GE(apartCaption, 0);
+  ASSERT_FALSE(beside.IsEmpty());
+  EXPECT_EQ(besideCaption, apartCaption) << "the caption stays centered";
+  EXPECT_LT(beside.Left, apart.Left) << "the marker moves next to the caption";
+  EXPECT_LT(beside.Left, besideCaption + caption + 8);
+}
+
 TEST_F(FixedPaint, AGroupsTitleShowsItsButtonAndATitleImageComesBeforeTheCaption) {
   OpenAt(96);
   Column(NameCol)->SetExpandCols(2);
