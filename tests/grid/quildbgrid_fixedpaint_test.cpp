@@ -676,6 +676,39 @@ TEST_F(FixedPaint, TheSystemsLookDrawsNoFrameAndALightLineUnderTheTitles) {
   EXPECT_NE(At(image, city.Right, (city.Top + city.Bottom) / 2), clBlack);
 }
 
+TEST_F(FixedPaint, TheSystemsSortArrowStandsAboveOrBelowAMarkersNumber) {
+  OpenAt(96);
+  ASSERT_TRUE(grid->IsSystemStyle({sseFixed, sseMarker}));
+  const TRect city = Cell(CityCol, 0);
+  auto picture = [&](int markerIndex) {
+    Column(CityCol)->Title()->SetMarkerIndex(markerIndex);
+    Paint();
+    return Grab();
+  };
+  const QImage plain = picture(-1);
+  // The rows of the title that differ from the title without a marker, as Top and Bottom.
+  auto markedRows = [&](const QImage& image) {
+    TRect rows{0, city.Bottom, 0, city.Top};
+    for (int y = city.Top; y < city.Bottom; ++y)
+      for (int x = city.Left; x < city.Right; ++x)
+        if (image.pixel(x, y) != plain.pixel(x, y)) {
+          rows.Top = std::min(rows.Top, y);
+          rows.Bottom = std::max(rows.Bottom, y + 1);
+        }
+    return rows;
+  };
+  const QImage up = picture(0);
+  const TRect single = markedRows(up);
+  ASSERT_LT(single.Top, single.Bottom);
+  EXPECT_NEAR((single.Top + single.Bottom) / 2, (city.Top + city.Bottom) / 2, 2) << "in the middle";
+  EXPECT_TRUE(up != picture(1)) << "up and down differ";
+  const QImage numberedUp = picture(2), numberedDown = picture(3);
+  Snapshot(numberedDown, QStringLiteral("fixed-system-arrow"), Rect(city.Left, city.Top, city.Right, city.Bottom));
+  const TRect first = markedRows(numberedUp), second = markedRows(numberedDown);
+  EXPECT_LT(first.Top, second.Top) << "ascending: the arrow above the number";
+  EXPECT_LT(first.Bottom, second.Bottom) << "descending: below it";
+}
+
 TEST_F(FixedPaint, TabsStandOnTheDataLineAndButtonsDifferFromTheHeader) {
   OpenAt(96);
   grid->SetSystemStyleElements({});
