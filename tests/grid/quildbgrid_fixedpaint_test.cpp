@@ -709,6 +709,21 @@ TEST_F(FixedPaint, TheSystemsSortArrowStandsAboveOrBelowAMarkersNumber) {
   EXPECT_LT(first.Bottom, second.Bottom) << "descending: below it";
 }
 
+TEST_F(FixedPaint, TabsCloseTheGridsLastRowWithTheDataLine) {
+  OpenAt(96, 3);
+  grid->SetSystemStyleElements({});
+  grid->SetFixedTheme(ftTabs);
+  Paint();
+  const QImage image = Grab();
+  const int last = grid->RowCount() - 1;
+  for (int row = 1; row <= last; ++row) {
+    SCOPED_TRACE(row);
+    const TRect cell = Cell(IndicatorCol, row);
+    const bool line = At(image, cell.Left + 4, cell.Bottom) == Rgb(grid->DefaultDataLineColor());
+    EXPECT_EQ(line, row == last);
+  }
+}
+
 TEST_F(FixedPaint, TabsStandOnTheDataLineAndButtonsDifferFromTheHeader) {
   OpenAt(96);
   grid->SetSystemStyleElements({});
