@@ -96,6 +96,14 @@ protected:
     return At(image, mirrored ? title.Left + half : title.Right - half, (title.Top + title.Bottom) / 2);
   }
 
+  // The first column of dark (text) ink inside a title, away from its edges; -1 when none.
+  static int CaptionLeft(const QImage& image, const TRect& title) {
+    for (int x = title.Left + 3; x < title.Right - 3; ++x)
+      for (int y = title.Top + 3; y < title.Bottom - 3; ++y)
+        if (qGray(image.pixel(x, y)) < 100) return x;
+    return -1;
+  }
+
   std::optional<TPixelsPerInch> scale;
 };
 
@@ -272,19 +280,13 @@ TEST_F(FixedPaint, BesideACenteredCaptionTheMarkerLeavesTheCaptionWhereItWas) {
   Column(CityCol)->Title()->SetMarkerIndex(0);
   grid->Canvas()->SetFont(Column(CityCol)->Title()->Font());
   const int caption = grid->Canvas()->TextWidth(QStringLiteral("City"));
-  // The first column of the caption's dark ink, and the marker's ink after the caption.
+  // Where the caption starts, and the marker's ink after the caption.
   auto inks = [&](bool autoAlign) {
     grid->SwitchOptions({dgMarkerAutoAlign}, autoAlign);
     Classic();
     const QImage image = Grab();
     const TRect city = Cell(CityCol, 0);
-    int captionLeft = -1;
-    for (int x = city.Left + 3; x < city.Right - 3 && captionLeft < 0; ++x)
-      for (int y = city.Top + 3; y < city.Bottom - 3; ++y)
-        if (qGray(image.pixel(x, y)) < 100) {
-          captionLeft = x;
-          break;
-        }
+    const int captionLeft = CaptionLeft(image, city);
     const int y = (city.Top + city.Bottom) / 2;
     const TRect marker =
         InkSpan(image, Rect(captionLeft + caption + 1, y - 6, city.Right - 3, y + 6), clBtnFace);
@@ -524,15 +526,7 @@ TEST_F(FixedPaint, APressedTitleSinksAndAHotOneTakesTheFrameOfItsStyle) {
 
 TEST_F(FixedPaint, APressedTitlesCaptionSinksAPixelUnlessItsLookShowsThePress) {
   OpenAt(96);
-  // The first column of the caption's dark ink, away from the title's edges.
-  auto captionLeft = [&] {
-    const QImage image = Grab();
-    const TRect city = Cell(CityCol, 0);
-    for (int x = city.Left + 3; x < city.Right - 3; ++x)
-      for (int y = city.Top + 3; y < city.Bottom - 3; ++y)
-        if (qGray(image.pixel(x, y)) < 100) return x;
-    return -1;
-  };
+  auto captionLeft = [&] { return CaptionLeft(Grab(), Cell(CityCol, 0)); };
   auto pressed = [&](bool value) {
     grid->SetHotColumn(value ? Column(CityCol) : nullptr);
     grid->SetTitlePressed(value);
