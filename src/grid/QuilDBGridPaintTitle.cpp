@@ -179,10 +179,10 @@ void TQuilCustomDBGrid::DrawTitleButton(TRect rect, TQuilColumn* column, const T
     return;
   }
   TRect clip;
+  // A push button face on the first title row starts a pixel lower, and its button with it.
+  const bool banded = options_.Contains(dgTitleHeaders) && column->Title()->GetHeaderRowCount() > 0;
   if (look.systemFixed) rect.Top -= 1;
-  else if (fixedTheme_ == ftTabs || (fixedTheme_ == ftButtons && !column->ParentColumn() &&
-                                     column->Title()->GetHeaderRowCount() == 0))
-    rect.Top += 1;
+  else if (fixedTheme_ == ftTabs || (fixedTheme_ == ftButtons && !column->ParentColumn() && !banded)) rect.Top += 1;
   if (column->HasDropDownButton() || filter) {
     rect.Top += 1;
     clip = Rect(rect.Left + 1, rect.Top, rect.Right - 1, rect.Bottom - 1);
@@ -292,7 +292,8 @@ void TQuilCustomDBGrid::DrawTitleMarker(TRect& textRect, const TRect& titleRect,
 }
 
 // The theme's sort arrow in place of a plain marker: in the middle for the marker of a
-// single column, above or below the position number for a numbered one.
+// single column, above or below the position number for a numbered one. Its height grows
+// with the pixels per inch, as the markers it stands over do.
 void TQuilCustomDBGrid::DrawThemeArrows(const TRect& rect, int markerIndex, const TCellLook& look) {
   TCanvas* canvas = Canvas();
   const bool descending = markerIndex % 2 == 1;

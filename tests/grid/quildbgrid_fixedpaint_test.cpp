@@ -3,6 +3,8 @@
 // corner, the pressed and hot title, merged total cells, and the themed and gradient
 // faces; at 96 and 192 pixels per inch. QUIL_GRAPHICS_SNAPSHOTS saves the pictures.
 #include <QImage>
+#include <functional>
+#include <memory>
 #include <optional>
 
 #include "GridTestKit.h"
@@ -73,6 +75,33 @@ protected:
     const TRect zoom = part.value_or(Rect(0, 0, image.width() / 2, image.height() / 4));
     const QImage detail = image.copy(zoom.Left, zoom.Top, zoom.Width(), zoom.Height());
     Save(detail.scaled(detail.size() * 4), (name + QStringLiteral("-zoom")).toLatin1().constData());
+  }
+
+  // A list of plain squares, image i in Swatch(i), that tells which image a cell drew.
+  static TColor Swatch(int index) { return RGB(20 + 9 * index, 200 - 7 * index, 60 + 5 * index); }
+  static std::unique_ptr<TImageList> Swatches(int count) {
+    auto list = std::make_unique<TImageList>(8, 8);
+    for (int index = 0; index < count; ++index) {
+      TBitmap square(8, 8);
+      square.Canvas()->Brush()->SetColor(Swatch(index));
+      square.Canvas()->FillRect(Rect(0, 0, 8, 8));
+      list->Add(&square, nullptr);
+    }
+    return list;
+  }
+  // The pixel in the middle of the title button of a title over rect: at its right or,
+  // mirrored, at its left.
+  static TColor ButtonMiddle(const QImage& image, const TRect& title, bool mirrored = false) {
+    const int half = GetSystemMetrics(SM_CXHSCROLL) / 2;
+    return At(image, mirrored ? title.Left + half : title.Right - half, (title.Top + title.Bottom) / 2);
+  }
+
+  // The first column of dark (text) ink inside a title, away from its edges; -1 when none.
+  static int CaptionLeft(const QImage& image, const TRect& title) {
+    for (int x = title.Left + 3; x < title.Right - 3; ++x)
+      for (int y = title.Top + 3; y < title.Bottom - 3; ++y)
+        if (qGray(image.pixel(x, y)) < 100) return x;
+    return -1;
   }
 
   std::optional<TPixelsPerInch> scale;
@@ -171,6 +200,27 @@ TEST_F(FixedPaint, ABandSpansItsColumnsInTheHeaderColorAboveALineOfItsOwn) {
   }
 }
 
+TEST_F(FixedPaint, UnderABandAWideGridLineGoesOnInLightGray) {
+  OpenAt(96);
+  Column(NameCol)->Title()->SetHeader(QStringLiteral("Where"));
+  Column(CityCol)->Title()->SetHeader(QStringLiteral("Where"));
+  grid->SetHeaderColor(clYellow);
+  for (int width : {1, 2}) {
+    SCOPED_TRACE(width);
+    grid->SetGridLineWidth(width);
+    Classic();
+    const QImage image = Grab();
+    const TRect city = Cell(CityCol, 0);
+    const int x = city.Right - 4;
+    int line = city.Top + grid->TitleLineHeight() / 2;
+    while (line < city.Bottom && At(image, x, line) != clBlack) ++line;
+    ASSERT_LT(line, city.Bottom) << "the band's black line";
+    // The frame's line below the band stays black under a thin line and turns light gray
+    // under the second pixel of a wide one.
+    EXPECT_EQ(At(image, x, line + 1), width == 1 ? clBlack : TColor(14474460));
+  }
+}
+
 TEST_F(FixedPaint, ARightToLeftGridMirrorsBandsAndFramesWithItsCells) {
   OpenAt(96);
   Column(NameCol)->Title()->SetHeader(QStringLiteral("Where"));
@@ -224,6 +274,33 @@ TEST_F(FixedPaint, TheMarkerStandsAtTheRightOrBesideTheCaption) {
   }
 }
 
+TEST_F(FixedPaint, BesideACenteredCaptionTheMarkerLeavesTheCaptionWhereItWas) {
+  OpenAt(96);
+  Column(CityCol)->Title()->SetAlignment(taCenter);
+  Column(CityCol)->Title()->SetMarkerIndex(0);
+  grid->Canvas()->SetFont(Column(CityCol)->Title()->Font());
+  const int caption = grid->Canvas()->TextWidth(QStringLiteral("City"));
+  // Where the caption starts, and the marker's ink after the caption.
+  auto inks = [&](bool autoAlign) {
+    grid->SwitchOptions({dgMarkerAutoAlign}, autoAlign);
+    Classic();
+    const QImage image = Grab();
+    const TRect city = Cell(CityCol, 0);
+    const int captionLeft = CaptionLeft(image, city);
+    const int y = (city.Top + city.Bottom) / 2;
+    const TRect marker =
+        InkSpan(image, Rect(captionLeft + caption + 1, y - 6, city.Right - 3, y + 6), clBtnFace);
+    return std::pair{captionLeft, marker};
+  };
+  const auto [apartCaption, apart] = inks(false);
+  const auto [besideCaption, beside] = inks(true);
+  ASSERT_GE(apartCaption, 0);
+  ASSERT_FALSE(beside.IsEmpty());
+  EXPECT_EQ(besideCaption, apartCaption) << "the caption stays centered";
+  EXPECT_LT(beside.Left, apart.Left) << "the marker moves next to the caption";
+  EXPECT_LT(beside.Left, besideCaption + caption + 8);
+}
+
 TEST_F(FixedPaint, AGroupsTitleShowsItsButtonAndATitleImageComesBeforeTheCaption) {
   OpenAt(96);
   Column(NameCol)->SetExpandCols(2);
@@ -256,6 +333,65 @@ TEST_F(FixedPaint, AGroupsTitleShowsItsButtonAndATitleImageComesBeforeTheCaption
   StyleServices()->GetElementColor(TCustomStyleServices::GetElementDetails(tgFixedCellNormal), ecFillColor, face);
   EXPECT_GT(Ink(themed, Rect(buttonPlace.Left + 4, buttonPlace.Top, buttonPlace.Right - 4, buttonPlace.Bottom), face),
             4);
+}
+
+TEST_F(FixedPaint, ATitleButtonShowsTheIndicatorGlyphOfItsKindOrKeepsItsPlaceEmpty) {
+  constexpr int IdCol = 1;
+  OpenAt(96);
+  auto glyphs = Swatches(12);
+  grid->SetIndicatorImages(glyphs.get());
+  Column(IdCol)->SetExpandStyle(cesDropDown);
+  Column(NameCol)->SetExpandCols(2);
+  Column(NameCol)->SetExpanded(false);
+  Classic();
+  QImage image = Grab();
+  Snapshot(image, QStringLiteral("fixed-button-glyphs"));
+  EXPECT_EQ(ButtonMiddle(image, Cell(IdCol, 0)), Swatch(9)) << "the drop-down";
+  EXPECT_EQ(ButtonMiddle(image, Cell(NameCol, 0)), Swatch(11)) << "a collapsed group";
+  Column(NameCol)->SetExpanded(true);
+  Paint();
+  // The expanded group's title spans its columns, City and Amount; its own column hides.
+  constexpr int AmountCol = 4;
+  const TRect group = Rect(Cell(CityCol, 0).Left, Cell(CityCol, 0).Top, Cell(AmountCol, 0).Right,
+                           Cell(CityCol, 0).Bottom);
+  EXPECT_EQ(ButtonMiddle(Grab(), group), Swatch(10)) << "an expanded group";
+  Column(NameCol)->SetExpanded(false);
+  grid->SetBiDiMode(bdRightToLeft);
+  Paint();
+  image = Grab();
+  EXPECT_EQ(ButtonMiddle(image, Cell(NameCol, 0), true), Swatch(10)) << "a collapsed group, mirrored";
+  EXPECT_EQ(ButtonMiddle(image, Cell(IdCol, 0), true), Swatch(9));
+  grid->SetBiDiMode(bdLeftToRight);
+  // With too few glyphs the button shows none, yet keeps its room from the caption.
+  auto few = Swatches(11);
+  grid->SetIndicatorImages(few.get());
+  Column(IdCol)->Title()->SetAlignment(taRightJustify);
+  Paint();
+  image = Grab();
+  const TRect id = Cell(IdCol, 0);
+  const int button = GetSystemMetrics(SM_CXHSCROLL);
+  const TRect caption = InkSpan(image, Rect(id.Left + 2, id.Top + 2, id.Right - 2, id.Bottom - 2), clBtnFace);
+  ASSERT_FALSE(caption.IsEmpty());
+  EXPECT_LE(caption.Right, id.Right - button) << "no glyph, and the caption stays left of the button's room";
+}
+
+TEST_F(FixedPaint, AnImageAloneInItsTitleStandsInTheMiddle) {
+  OpenAt(96);
+  auto images = Swatches(1);
+  grid->SetTitleImages(images.get());
+  Column(CityCol)->Title()->SetImageIndex(0);
+  Column(CityCol)->Title()->SetCaption(QStringLiteral(" "));
+  Classic();
+  const TRect city = Cell(CityCol, 0);
+  const int middle = (city.Top + city.Bottom) / 2;
+  TRect ink = InkSpan(Grab(), Rect(city.Left + 2, middle, city.Right - 2, middle + 1), clBtnFace);
+  EXPECT_NEAR((ink.Left + ink.Right) / 2, (city.Left + city.Right) / 2, 1);
+  EXPECT_EQ(ink.Width(), 8) << "and nothing else";
+  // A marker keeps the image at the caption's left.
+  Column(CityCol)->Title()->SetMarkerIndex(0);
+  Paint();
+  ink = InkSpan(Grab(), Rect(city.Left + 2, middle, city.Right - 2, middle + 1), clBtnFace);
+  EXPECT_LT(ink.Left, city.Left + 4);
 }
 
 // --- The indicator and the corner
@@ -329,6 +465,40 @@ TEST_F(FixedPaint, TheCornerShowsItsGlyphAcrossAllTitleRows) {
   EXPECT_EQ(Ink(Grab(), inside, clAqua), 0);
 }
 
+TEST_F(FixedPaint, TheCornerTakesATitleImageOrAnIndicatorAndSinksWithItsPress) {
+  OpenAt(96);
+  auto titleImages = Swatches(2);
+  auto indicators = Swatches(12);
+  grid->SetTitleImages(titleImages.get());
+  grid->SetIndicatorImages(indicators.get());
+  grid->SetFillerIndex(1);
+  Classic();
+  const TRect corner = Cell(IndicatorCol, 0);
+  const TRect inside = Rect(corner.Left + 2, corner.Top + 2, corner.Right - 2, corner.Bottom - 2);
+  const int middleX = (corner.Left + corner.Right) / 2;
+  const int middleY = (corner.Top + corner.Bottom) / 2;
+  QImage image = Grab();
+  EXPECT_EQ(At(image, middleX, middleY), Swatch(1)) << "image 1 of TitleImages";
+  const TRect at = InkSpan(image, inside, clBtnFace);
+  grid->SetFillerIndex(-3);
+  Paint();
+  EXPECT_EQ(At(Grab(), middleX, middleY), Swatch(1)) << "-3: indicator 1";
+  grid->SetFillerIndex(2);
+  Paint();
+  EXPECT_EQ(Ink(Grab(), inside, clBtnFace), 0) << "past the end of TitleImages";
+  grid->SetFillerIndex(-14);
+  Paint();
+  EXPECT_EQ(Ink(Grab(), inside, clBtnFace), 0) << "past the end of the indicators";
+  grid->SetFillerIndex(1);
+  grid->SetTitlePressed(true);
+  grid->InvalidateTitle(nullptr);
+  Paint();
+  image = Grab();
+  EXPECT_EQ(InkSpan(image, Rect(inside.Left, middleY, inside.Right, middleY + 1), clBtnFace).Left, at.Left + 1)
+      << "a press of the corner moves its image by a pixel";
+  grid->SetTitlePressed(false);
+}
+
 // --- Pressed and hot titles
 
 TEST_F(FixedPaint, APressedTitleSinksAndAHotOneTakesTheFrameOfItsStyle) {
@@ -354,6 +524,93 @@ TEST_F(FixedPaint, APressedTitleSinksAndAHotOneTakesTheFrameOfItsStyle) {
   EXPECT_EQ(At(image, name.Right - 4, name.Top), Rgb(clBtnHighlight)) << "other titles stay raised";
 }
 
+TEST_F(FixedPaint, APressedTitlesCaptionSinksAPixelUnlessItsLookShowsThePress) {
+  OpenAt(96);
+  auto captionLeft = [&] { return CaptionLeft(Grab(), Cell(CityCol, 0)); };
+  auto pressed = [&](bool value) {
+    grid->SetHotColumn(value ? Column(CityCol) : nullptr);
+    grid->SetTitlePressed(value);
+    grid->InvalidateTitle(nullptr);
+    Paint();
+  };
+  struct LookCase {
+    const char* look;
+    std::function<void()> set;
+    int moves;
+  };
+  const LookCase looks[] = {
+      {"classic", [&] { grid->SetDrawingStyle(gdsClassic); }, 1},
+      {"gradient", [&] { grid->SetDrawingStyle(gdsGradient); }, 1},
+      {"gradient with hot tracking", [&] { grid->Gradient()->SwitchOptions({goHotTrack}, true); }, 0},
+      {"the system's look", [&] { grid->SetDrawingStyle(gdsThemed); }, 0},
+  };
+  for (const LookCase& look : looks) {
+    SCOPED_TRACE(look.look);
+    look.set();
+    pressed(false);
+    const int at = captionLeft();
+    ASSERT_GE(at, 0);
+    pressed(true);
+    EXPECT_EQ(captionLeft(), at + look.moves);
+    pressed(false);
+  }
+}
+
+TEST_F(FixedPaint, AHotTitleTakesTheFrameOfHotButtonsForItsFixedStyle) {
+  struct HotCase {
+    THotButtons hot;
+    TFixedStyle style;
+    int row;  // from the title's top, or below 0 from its bottom
+    TColor color;
+  };
+  const HotCase cases[] = {
+      {hbLowered, fsDefault, 0, clBtnShadow},    {hbLowered, fsDefault, -1, clBtnHighlight},
+      {hbTile, fsDefault, 1, clBtnShadow},       {hbTile, fsDefault, 2, clBtnHighlight},
+      {hbRaised, fsDefault, 0, cl3DLight},       {hbRaised, fsDefault, 1, clBtnHighlight},
+      {hbRaised, fsSoft, 0, cl3DLight},          {hbRaised, fsNice, -1, clBtnShadow},
+      {hbRaised, fsFine, 0, cl3DLight},          {hbRaised, fsFine, -1, cl3DDkShadow},
+      {hbRaised, fsMild, 0, clBtnHighlight},
+  };
+  OpenAt(96);
+  grid->SetHotColumn(Column(CityCol));
+  grid->SetHotTitle(true);
+  TRect city;
+  for (const HotCase& hot : cases) {
+    SCOPED_TRACE(TypeInfo(TFixedStyle()).NameOf(hot.style).toStdString() + " " +
+                 TypeInfo(THotButtons()).NameOf(hot.hot).toStdString() + " " + std::to_string(hot.row));
+    grid->SetHotButtons(hot.hot);
+    Classic(hot.style);
+    grid->InvalidateTitle(nullptr);
+    Paint();
+    city = Cell(CityCol, 0);  // the window's frame follows the style
+    const int y = hot.row >= 0 ? city.Top + hot.row : city.Bottom + hot.row;
+    EXPECT_EQ(At(Grab(), city.Right - 4, y), Rgb(hot.color));
+  }
+  const int x = city.Right - 4;
+  // fsMild's raised frame reaches over the line below the title.
+  EXPECT_EQ(At(Grab(), x, city.Bottom), Rgb(clBtnShadow));
+  grid->SetHotButtons(hbNone);
+  grid->InvalidateTitle(nullptr);
+  Paint();
+  EXPECT_EQ(At(Grab(), x, city.Top), Rgb(cl3DLight)) << "hbNone leaves fsMild's own frame";
+}
+
+TEST_F(FixedPaint, AColoredFaceInAFlatStyleIsFramedInItsOwnColor) {
+  OpenAt(96);
+  grid->SetFixedColor(clYellow);
+  for (TFixedStyle style : {fsFlat, fsGray, fsMild}) {
+    SCOPED_TRACE(TypeInfo(TFixedStyle()).NameOf(style).toStdString());
+    Classic(style);
+    const QImage image = Grab();
+    const TRect city = Cell(CityCol, 0);
+    EXPECT_EQ(At(image, city.Right - 4, city.Top), clYellow);
+    EXPECT_EQ(At(image, city.Left, city.Top + 3), clYellow);
+  }
+  Classic(fsDefault);
+  const TRect city = Cell(CityCol, 0);
+  EXPECT_EQ(At(Grab(), city.Right - 4, city.Top), Rgb(clBtnHighlight)) << "a raised style keeps its edges";
+}
+
 // --- Total cells
 
 TEST_F(FixedPaint, WithoutTotalColumnLinesTheTotalCellsReadAsOne) {
@@ -373,6 +630,31 @@ TEST_F(FixedPaint, WithoutTotalColumnLinesTheTotalCellsReadAsOne) {
   image = Grab();
   EXPECT_EQ(At(image, name.Right, y), clBlack);
   EXPECT_EQ(At(image, name.Right - 1, y), Rgb(clBtnShadow));
+  // Mirrored, Name's inner end faces City on its left.
+  grid->SetBiDiMode(bdRightToLeft);
+  for (bool lines : {false, true}) {
+    SCOPED_TRACE(lines ? "with total column lines" : "merged");
+    grid->SwitchOptionsEx({dgTotalColLines}, lines);
+    Paint();
+    image = Grab();
+    const TRect mirrored = Cell(NameCol, footer);
+    EXPECT_EQ(At(image, mirrored.Left - 1, y), lines ? clBlack : Rgb(clBtnFace));
+    EXPECT_EQ(At(image, mirrored.Left - 2, y), lines ? Rgb(clBtnShadow) : Rgb(clBtnFace));
+    EXPECT_EQ(At(image, mirrored.Left, y), lines ? Rgb(clBtnHighlight) : Rgb(clBtnFace));
+  }
+}
+
+TEST_F(FixedPaint, TheFirstTotalRowHasALineAboveInTheFixedLineColorOfItsStyle) {
+  OpenAt(96);
+  grid->SwitchOptionsEx({dgTotalFooter}, true);
+  const int footer = grid->RowCount() - 1;
+  ASSERT_GT(grid->RowHeights(footer - 1), 0) << "the blank row shows";
+  for (TFixedStyle style : {fsDefault, fsSoft, fsFine}) {
+    SCOPED_TRACE(TypeInfo(TFixedStyle()).NameOf(style).toStdString());
+    Classic(style);
+    const TRect name = Cell(NameCol, footer);
+    EXPECT_EQ(At(Grab(), name.Left + 5, name.Top - 1), Rgb(grid->GetFixedLineColor()));
+  }
 }
 
 // --- Themed and gradient faces
@@ -386,6 +668,54 @@ TEST_F(FixedPaint, TheSystemsLookDrawsNoFrameAndALightLineUnderTheTitles) {
   const TRect city = Cell(CityCol, 0);
   EXPECT_EQ(At(image, city.Right - 4, city.Bottom), RGB(229, 229, 229));
   EXPECT_NE(At(image, city.Right, (city.Top + city.Bottom) / 2), clBlack);
+}
+
+TEST_F(FixedPaint, TheSystemsSortArrowStandsAboveOrBelowAMarkersNumber) {
+  OpenAt(96);
+  ASSERT_TRUE(grid->IsSystemStyle({sseFixed, sseMarker}));
+  const TRect city = Cell(CityCol, 0);
+  auto picture = [&](int markerIndex) {
+    Column(CityCol)->Title()->SetMarkerIndex(markerIndex);
+    Paint();
+    return Grab();
+  };
+  const QImage plain = picture(-1);
+  // The rows of the title that differ from the title without a marker, as Top and Bottom.
+  auto markedRows = [&](const QImage& image) {
+    TRect rows{0, city.Bottom, 0, city.Top};
+    for (int y = city.Top; y < city.Bottom; ++y)
+      for (int x = city.Left; x < city.Right; ++x)
+        if (image.pixel(x, y) != plain.pixel(x, y)) {
+          rows.Top = std::min(rows.Top, y);
+          rows.Bottom = std::max(rows.Bottom, y + 1);
+        }
+    return rows;
+  };
+  const QImage up = picture(0);
+  const TRect single = markedRows(up);
+  ASSERT_LT(single.Top, single.Bottom);
+  EXPECT_NEAR((single.Top + single.Bottom) / 2, (city.Top + city.Bottom) / 2, 2) << "in the middle";
+  EXPECT_TRUE(up != picture(1)) << "up and down differ";
+  const QImage numberedUp = picture(2), numberedDown = picture(3);
+  Snapshot(numberedDown, QStringLiteral("fixed-system-arrow"), Rect(city.Left, city.Top, city.Right, city.Bottom));
+  const TRect first = markedRows(numberedUp), second = markedRows(numberedDown);
+  EXPECT_LT(first.Top, second.Top) << "ascending: the arrow above the number";
+  EXPECT_LT(first.Bottom, second.Bottom) << "descending: below it";
+}
+
+TEST_F(FixedPaint, TabsCloseTheGridsLastRowWithTheDataLine) {
+  OpenAt(96, 3);
+  grid->SetSystemStyleElements({});
+  grid->SetFixedTheme(ftTabs);
+  Paint();
+  const QImage image = Grab();
+  const int last = grid->RowCount() - 1;
+  for (int row = 1; row <= last; ++row) {
+    SCOPED_TRACE(row);
+    const TRect cell = Cell(IndicatorCol, row);
+    const bool line = At(image, cell.Left + 4, cell.Bottom) == Rgb(grid->DefaultDataLineColor());
+    EXPECT_EQ(line, row == last);
+  }
 }
 
 TEST_F(FixedPaint, TabsStandOnTheDataLineAndButtonsDifferFromTheHeader) {
