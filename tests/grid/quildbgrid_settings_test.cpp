@@ -243,6 +243,8 @@ TEST_F(SettingsTest, TwoColumnsOfOneFieldKeepTheirOrder) {
   EXPECT_EQ(second->WidthBase(), 44);
 }
 
+// Default columns make their automatic ones anew at each layout, with the default width:
+// the layout finds the number column by its empty name and arranges the rest around it.
 TEST_F(SettingsTest, AnAutomaticNumberColumnIsFoundByItsEmptyName) {
   grid->Columns()->SetState(csDefault);
   grid->SwitchOptionsExt({dgAutoNumberColumn}, true);
@@ -250,13 +252,16 @@ TEST_F(SettingsTest, AnAutomaticNumberColumnIsFoundByItsEmptyName) {
   TQuilColumn* number = grid->Columns()->Items(0);
   ASSERT_TRUE(number->AutoNumber());
   ASSERT_TRUE(number->FieldName().isEmpty());
+  ColumnOf("ID")->SetWidth(120);
   Settings()->SaveLayout();
-  EXPECT_TRUE(IniFileLines().contains(QString("Column1=,%1,1,1").arg(number->WidthBase())));
-  const int width = number->WidthBase();
-  number->SetWidth(width + 20);
+  EXPECT_TRUE(IniFileLines().contains(QString("Column1=,%1,1,1").arg(DefAutoNumberWidth)));
+  EXPECT_TRUE(IniFileLines().contains("Column2=ID,120,1,1"));
+  ColumnOf("ID")->SetWidth(60);
   Settings()->LoadLayout();
-  EXPECT_EQ(grid->Columns()->Items(0), number);
-  EXPECT_EQ(number->WidthBase(), width);
+  Settle();
+  EXPECT_TRUE(grid->Columns()->Items(0)->AutoNumber());
+  EXPECT_EQ(grid->Columns()->Items(1), ColumnOf("ID"));
+  EXPECT_EQ(ColumnOf("ID")->WidthBase(), 120);
 }
 
 TEST_F(SettingsTest, SavingAfterColumnsWentLeavesNoOldLine) {
