@@ -1,6 +1,7 @@
 #include "BenchFigures.h"
 
 #include <QJsonValue>
+#include <algorithm>
 #include <cstdio>
 
 namespace quil::bench {
@@ -27,7 +28,13 @@ std::vector<TRatio>& Asked() {
 
 }  // namespace
 
-void TFigures::Record(const std::string& benchmark, double value, TUnit unit) { values_[benchmark] = {value, unit}; }
+void TFigures::Record(const std::string& benchmark, double value, TUnit unit) {
+  const auto found = values_.find(benchmark);
+  if (unit == TUnit::Seconds && found != values_.end() && found->second.unit == unit)
+    found->second.value = std::min(found->second.value, value);
+  else
+    values_[benchmark] = {value, unit};
+}
 
 std::vector<TRatio> TFigures::NamedPairs() const {
   std::vector<TRatio> pairs;

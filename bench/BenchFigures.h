@@ -30,7 +30,8 @@ enum class TUnit { Seconds, Bytes };
 
 class TFigures {
 public:
-  // A later value of the same benchmark replaces the earlier one.
+  // Repetitions of a benchmark keep their fastest time, which a busy machine disturbs
+  // least; a later size in bytes replaces the earlier one.
   void Record(const std::string& benchmark, double value, TUnit unit);
   bool Empty() const { return values_.empty(); }
 

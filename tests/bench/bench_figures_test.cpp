@@ -87,3 +87,14 @@ TEST(BenchFigures, TheJsonHoldsFiguresWithUnitsAndRatios) {
   EXPECT_TRUE(figuresJson.value("resident/peer/1000000").toObject().contains("bytes"));
   EXPECT_DOUBLE_EQ(json.value("ratios").toObject().value("resident/1000000 quil/peer").toDouble(), 0.25);
 }
+
+TEST(BenchFigures, RepeatedTimesKeepTheFastestAndSizesTheLast) {
+  TFigures figures;
+  for (double seconds : {3.0, 2.0, 5.0}) figures.Record("scan/quil", seconds, TUnit::Seconds);
+  figures.Record("scan/peer", 1.0, TUnit::Seconds);
+  for (double bytes : {100.0, 300.0, 200.0}) figures.Record("memory/quil", bytes, TUnit::Bytes);
+  figures.Record("memory/peer", 100.0, TUnit::Bytes);
+  const auto ratios = figures.Ratios({});
+  EXPECT_DOUBLE_EQ(ratios.at("scan quil/peer"), 2.0);
+  EXPECT_DOUBLE_EQ(ratios.at("memory quil/peer"), 2.0);
+}
