@@ -25,6 +25,15 @@ namespace gridtest {
 
 using quil::TRect;
 
+// Raw columns of the people grid: the indicator, ID, Name, City, Amount.
+namespace peoplecols {
+constexpr int IndicatorCol = 0;
+constexpr int IdCol = 1;
+constexpr int NameCol = 2;
+constexpr int CityCol = 3;
+constexpr int AmountCol = 4;
+}  // namespace peoplecols
+
 // Sets the pixels per inch that controls report for the length of a test.
 class TPixelsPerInch {
 public:

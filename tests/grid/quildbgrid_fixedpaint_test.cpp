@@ -16,14 +16,10 @@
 
 using namespace quil;
 using gridtest::GridFixture;
+using namespace gridtest::peoplecols;
 using gridtest::TPixelsPerInch;
 
 namespace {
-
-// Raw columns of the people grid: the indicator, ID, Name, City, Amount.
-constexpr int IndicatorCol = 0;
-constexpr int NameCol = 2;
-constexpr int CityCol = 3;
 
 class FixedPaint : public GridFixture {
 protected:
@@ -336,7 +332,6 @@ TEST_F(FixedPaint, AGroupsTitleShowsItsButtonAndATitleImageComesBeforeTheCaption
 }
 
 TEST_F(FixedPaint, ATitleButtonShowsTheIndicatorGlyphOfItsKindOrKeepsItsPlaceEmpty) {
-  constexpr int IdCol = 1;
   OpenAt(96);
   auto glyphs = Swatches(12);
   grid->SetIndicatorImages(glyphs.get());
@@ -351,7 +346,6 @@ TEST_F(FixedPaint, ATitleButtonShowsTheIndicatorGlyphOfItsKindOrKeepsItsPlaceEmp
   Column(NameCol)->SetExpanded(true);
   Paint();
   // The expanded group's title spans its columns, City and Amount; its own column hides.
-  constexpr int AmountCol = 4;
   const TRect group = Rect(Cell(CityCol, 0).Left, Cell(CityCol, 0).Top, Cell(AmountCol, 0).Right,
                            Cell(CityCol, 0).Bottom);
   EXPECT_EQ(ButtonMiddle(Grab(), group), Swatch(10)) << "an expanded group";

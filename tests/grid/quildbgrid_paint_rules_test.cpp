@@ -16,14 +16,9 @@
 
 using namespace quil;
 using gridtest::GridFixture;
+using namespace gridtest::peoplecols;
 
 namespace {
-
-// Raw columns of the people grid: the indicator, ID, Name, City, Amount.
-constexpr int IdCol = 1;
-constexpr int NameCol = 2;
-constexpr int CityCol = 3;
-constexpr int AmountCol = 4;
 
 // Raw rows: the current record's, and two below it, on an even and an odd data row.
 constexpr int CurrentRow = 1;

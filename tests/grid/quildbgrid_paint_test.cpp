@@ -12,13 +12,9 @@
 
 using namespace quil;
 using gridtest::GridFixture;
+using namespace gridtest::peoplecols;
 
 namespace {
-
-// Raw columns of the people grid: the indicator, ID, Name, City, Amount.
-constexpr int IdCol = 1;
-constexpr int NameCol = 2;
-constexpr int CityCol = 3;
 
 class GridPaint : public GridFixture {
 protected:
