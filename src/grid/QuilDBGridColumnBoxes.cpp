@@ -75,9 +75,13 @@ std::unique_ptr<TBitmap> TQuilColumn::GetCheckBoxImage() const {
     const auto element = TThemedButton(tbCheckBoxUncheckedNormal + 4 * (index % 3) +
                                        CheckBoxLook(*grid, p_.checkBoxToggle));
     const TThemedElementDetails details = TCustomStyleServices::GetElementDetails(element);
-    // The system's box takes the built-in glyph's size, so that it scales with the grid.
+    // The system's box takes the built-in glyph's size, so that it scales with the grid;
+    // a custom style's box its own, which the style gives for 96 pixels per inch.
     TSize size{list->Width(), list->Height()};
-    if (TStyleManager::IsCustomStyleActive()) StyleServices()->GetElementSize(nullptr, details, esActual, size);
+    if (TStyleManager::IsCustomStyleActive() && StyleServices()->GetElementSize(nullptr, details, esActual, size)) {
+      const int ppi = grid->GetCurrentPPI();
+      size = TSize{MulDiv(size.cx, ppi, 96), MulDiv(size.cy, ppi, 96)};
+    }
     return std::make_unique<TThemedBitmap>(details, size.cx, size.cy);
   }
   std::unique_ptr<TBitmap> bitmap = BuiltInBoxImage(list, index);

@@ -330,8 +330,8 @@ TEST_F(ThemedBoxes, TheBoxUnderThePointerIsHotOrPressedWhereAClickToggles) {
   EXPECT_EQ(Repaint().at(2).details, Button(tbCheckBoxUncheckedNormal));
 }
 
-// Under a custom style the box has the style's own size.
-TEST_F(ThemedBoxes, ACustomStylesCheckBoxKeepsItsOwnSize) {
+// Under a custom style the box has the style's own size, given for 96 pixels per inch.
+TEST_F(ThemedBoxes, ACustomStylesCheckBoxKeepsItsOwnSizeScaledToTheResolution) {
   TPixelsPerInch ppi(192);
   gridtest::TTestStyle style(QStringLiteral("Box Style"), RGB(90, 91, 92), RGB(40, 41, 42));
   OpenTasks(true);
@@ -340,8 +340,8 @@ TEST_F(ThemedBoxes, ACustomStylesCheckBoxKeepsItsOwnSize) {
   Watch(done);
   TSize own;
   ASSERT_TRUE(StyleServices()->GetElementSize(nullptr, Button(tbCheckBoxCheckedNormal), esActual, own));
-  ASSERT_NE(own.cx, 26);
-  EXPECT_EQ(Repaint().at(1).size, own);
+  ASSERT_NE(own.cx, 13);
+  EXPECT_EQ(Repaint().at(1).size, (TSize{own.cx * 2, own.cy * 2}));
 }
 
 // The tree glyph, grown by two pixels a size step and scaled from 96 per inch; the row

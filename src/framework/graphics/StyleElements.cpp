@@ -98,6 +98,9 @@ bool DrawButton(const Target& target, int part) {
   state |= checkState == 0 ? QStyle::State_Off : checkState == 1 ? QStyle::State_On : QStyle::State_NoChange;
   QStyleOptionButton option;
   target.Prepare(option, state);
+  // The box's outline is a shade darker than the window color, which leaves it unseen
+  // on a dark window: the light shade keeps it visible on light and dark faces alike.
+  option.palette.setColor(QPalette::Window, target.Color(srLight));
   ElementStyle()->drawPrimitive(radio ? QStyle::PE_IndicatorRadioButton : QStyle::PE_IndicatorCheckBox, &option,
                                 target.painter);
   return true;
