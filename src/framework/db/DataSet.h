@@ -289,8 +289,10 @@ protected:
   }
   // The buffer that field access goes to in the present state; null when none.
   TRecordBuffer StateBuffer() const {
-    // Browsing comes first: every field read of a walk asks this.
-    if (state_ == dsBrowse) return IsEmpty() ? nullptr : ActiveBuffer();
+    // Browsing comes first: every field read of a walk asks this. A browsed data set is
+    // open, so its window has the buffers and the active record lies in it: the slot
+    // needs no bounds check.
+    if (state_ == dsBrowse) return IsEmpty() ? nullptr : Slot(activeRecord_);
     return OtherStateBuffer();
   }
   int BufferCount() const { return bufferCount_; }
@@ -364,10 +366,9 @@ private:
   void ActivateBuffers();
   void MoveBuffer(int fromIndex, int toIndex) {
     if (fromIndex == toIndex) return;
-    // Every scroll past the edge of a full window comes here: the ring turns by one.
     const size_t lastIndex = buffers_.size() - 1;
     if (fromIndex == 0 && size_t(toIndex) == lastIndex) {
-      firstBuffer_ = firstBuffer_ == lastIndex ? 0 : firstBuffer_ + 1;
+      TurnRingForward();
       return;
     }
     if (size_t(fromIndex) == lastIndex && toIndex == 0) {
@@ -376,6 +377,9 @@ private:
     }
     ShiftBuffers(fromIndex, toIndex);
   }
+  // MoveBuffer(0, last): slot 0 becomes the spare and the spare the last record's. Every
+  // fetch past the end of a full window does this, which BufferCount names the last of.
+  void TurnRingForward() { firstBuffer_ = firstBuffer_ == size_t(bufferCount_) ? 0 : firstBuffer_ + 1; }
   // MoveBuffer over a part of the window: the buffers between shift by one.
   void ShiftBuffers(int fromIndex, int toIndex);
   void MoveCursorTo(int index);

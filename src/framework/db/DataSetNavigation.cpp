@@ -114,9 +114,10 @@ inline bool TDataSet::GetNextRecord() {
     CursorPosChanged();
     return false;
   }
-  if (recordCount_ == 0) ActivateBuffers();
-  else if (recordCount_ < bufferCount_) ++recordCount_;
-  else MoveBuffer(0, recordCount_);
+  // A full window first: a walk comes here once per record.
+  if (recordCount_ == bufferCount_) TurnRingForward();
+  else if (recordCount_ == 0) ActivateBuffers();
+  else ++recordCount_;
   currentRecord_ = recordCount_ - 1;
   return true;
 }
