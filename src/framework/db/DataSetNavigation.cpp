@@ -101,7 +101,7 @@ void TDataSet::UpdateCursorPos() {
 }
 
 // Inline, as is MoveForward: a walk runs through both once per record.
-inline bool TDataSet::GetNextRecord() {
+[[gnu::always_inline]] inline bool TDataSet::GetNextRecord() {
   TGetMode mode = gmNext;
   if (recordCount_ > 0) {
     SetCurrentRecord(recordCount_ - 1);
@@ -222,7 +222,7 @@ int TDataSet::MoveBy(int distance) {
   return moved;
 }
 
-inline int TDataSet::MoveForward(int distance, int& scrolled) {
+[[gnu::always_inline]] inline int TDataSet::MoveForward(int distance, int& scrolled) {
   int moved = 0;
   for (; moved < distance; ++moved) {
     if (activeRecord_ < recordCount_ - 1) {
