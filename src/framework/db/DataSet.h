@@ -377,8 +377,8 @@ private:
     }
     ShiftBuffers(fromIndex, toIndex);
   }
-  // MoveBuffer(0, last): slot 0 becomes the spare and the spare the last record's. Every
-  // fetch past the end of a full window does this, which BufferCount names the last of.
+  // MoveBuffer(0, last) of an open window, whose last slot is BufferCount: slot 0 becomes
+  // the spare. Every fetch past the end of a full window turns the ring so.
   void TurnRingForward() { firstBuffer_ = firstBuffer_ == size_t(bufferCount_) ? 0 : firstBuffer_ + 1; }
   // MoveBuffer over a part of the window: the buffers between shift by one.
   void ShiftBuffers(int fromIndex, int toIndex);

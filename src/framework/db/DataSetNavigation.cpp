@@ -100,7 +100,8 @@ void TDataSet::UpdateCursorPos() {
   if (recordCount_ > 0) SetCurrentRecord(activeRecord_);
 }
 
-// Inline, as is MoveForward: a walk runs through both once per record.
+// Always inline, as is MoveForward: a walk runs through both once per record, and for
+// its other callers the compiler would keep it out of line, with a frame of its own.
 [[gnu::always_inline]] inline bool TDataSet::GetNextRecord() {
   TGetMode mode = gmNext;
   if (recordCount_ > 0) {
