@@ -24,6 +24,7 @@
 
 #include <QString>
 #include <memory>
+#include <stdexcept>
 #include <unordered_map>
 #include <vector>
 
@@ -279,13 +280,13 @@ protected:
 
   // --- The window, for descendants
   TRecordBuffer ActiveBuffer() const {
-    return size_t(activeRecord_) < buffers_.size() ? Slot(activeRecord_) : nullptr;
+    return size_t(activeRecord_) < RingSize() ? Slot(activeRecord_) : nullptr;
   }
   TRecordBuffer CalcBuffer() const { return calcBuffer_; }
   TRecordBuffer FilterBuffer() const { return filterBuffer_; }
   void SetFilterBuffer(TRecordBuffer buffer) { filterBuffer_ = buffer; }
   TRecordBuffer TempBuffer() const {
-    return size_t(recordCount_) < buffers_.size() ? Slot(recordCount_) : nullptr;
+    return size_t(recordCount_) < RingSize() ? Slot(recordCount_) : nullptr;
   }
   // The buffer that field access goes to in the present state; null when none.
   TRecordBuffer StateBuffer() const {
@@ -301,7 +302,8 @@ protected:
   // Records in the window.
   int BufferedCount() const { return recordCount_; }
   TRecordBuffer Buffers(int index) const {
-    return size_t(index) < buffers_.size() ? Slot(index) : buffers_.at(size_t(index));
+    if (size_t(index) >= RingSize()) throw std::out_of_range("no such buffer in the record window");
+    return Slot(index);
   }
   int BookmarkSize() const { return bookmarkSize_; }
   void SetBookmarkSize(int size) { bookmarkSize_ = size; }
@@ -348,15 +350,15 @@ private:
   // The window
   // Slot 0 of the window is buffers_[firstBuffer_]: the buffers form a ring, so that a
   // scroll by one record over a full window turns the ring instead of shifting them all.
-  TRecordBuffer Slot(int index) const {
+  // buffers_ holds the ring twice over, so that finding a slot needs no wrapping: every
+  // field read of a walk finds one.
+  size_t RingSize() const { return buffers_.size() / 2; }
+  TRecordBuffer Slot(int index) const { return buffers_[firstBuffer_ + size_t(index)]; }
+  void SetSlot(int index, TRecordBuffer buffer) {
     size_t at = firstBuffer_ + size_t(index);
-    if (at >= buffers_.size()) at -= buffers_.size();
-    return buffers_[at];
-  }
-  TRecordBuffer& Slot(int index) {
-    size_t at = firstBuffer_ + size_t(index);
-    if (at >= buffers_.size()) at -= buffers_.size();
-    return buffers_[at];
+    if (at >= RingSize()) at -= RingSize();
+    buffers_[at] = buffer;
+    buffers_[at + RingSize()] = buffer;
   }
   TRecordBuffer OtherStateBuffer() const;
   void CalculateFieldsIn(TRecordBuffer buffer);
@@ -366,7 +368,7 @@ private:
   void ActivateBuffers();
   void MoveBuffer(int fromIndex, int toIndex) {
     if (fromIndex == toIndex) return;
-    const size_t lastIndex = buffers_.size() - 1;
+    const size_t lastIndex = RingSize() - 1;
     if (fromIndex == 0 && size_t(toIndex) == lastIndex) {
       TurnRingForward();
       return;
@@ -401,7 +403,7 @@ private:
   std::unique_ptr<TFieldDefs> fieldDefs_;
   std::vector<TDataSource*> dataSources_;
 
-  // bufferCount_ + 1 buffers while open; see the header comment.
+  // bufferCount_ + 1 buffers while open, twice over (Slot); see the header comment.
   std::vector<TRecordBuffer> buffers_;
   size_t firstBuffer_ = 0;
   int bufferCount_ = 0;

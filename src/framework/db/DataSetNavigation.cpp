@@ -26,6 +26,12 @@ void TDataSet::UpdateBufferCount() {
 
 void TDataSet::SetBufListSize(int count) {
   if (count == bufferCount_) return;
+  // The buffers once over while they change, and twice again however this ends.
+  buffers_.resize(RingSize());
+  TFinally mirror([this] {
+    const std::vector<TRecordBuffer> ring = buffers_;
+    buffers_.insert(buffers_.end(), ring.begin(), ring.end());
+  });
   std::rotate(buffers_.begin(), buffers_.begin() + std::ptrdiff_t(firstBuffer_), buffers_.end());
   firstBuffer_ = 0;
   // Shrinking drops records from the front first, so that the active one stays.
@@ -68,8 +74,8 @@ void TDataSet::ActivateBuffers() {
 void TDataSet::ShiftBuffers(int fromIndex, int toIndex) {
   const TRecordBuffer moved = Slot(fromIndex);
   const int step = fromIndex < toIndex ? 1 : -1;
-  for (int index = fromIndex; index != toIndex; index += step) Slot(index) = Slot(index + step);
-  Slot(toIndex) = moved;
+  for (int index = fromIndex; index != toIndex; index += step) SetSlot(index, Slot(index + step));
+  SetSlot(toIndex, moved);
 }
 
 TRecordBuffer TDataSet::OtherStateBuffer() const {
