@@ -233,15 +233,19 @@ void TDataSet::CheckConsistency() const {
     Require(recordCount_ == 0 && buffers_.empty(), "a closed data set keeps buffers");
     return;
   }
-  Require(int(buffers_.size()) == bufferCount_ + 1, "the window must have BufferCount + 1 buffers");
+  Require(int(RingSize()) == bufferCount_ + 1 && buffers_.size() == 2 * RingSize(),
+          "the window must have BufferCount + 1 buffers");
+  Require(std::equal(buffers_.begin(), buffers_.begin() + std::ptrdiff_t(RingSize()),
+                     buffers_.begin() + std::ptrdiff_t(RingSize())),
+          "the ring's two copies differ");
   Require(recordCount_ >= 0 && recordCount_ <= bufferCount_, "more records than buffers");
   Require(recordCount_ == 0 ? activeRecord_ == 0 : activeRecord_ >= 0 && activeRecord_ < recordCount_,
           "the active record lies outside the window");
   Require(currentRecord_ >= -1 && currentRecord_ < std::max(recordCount_, 1),
           "the cursor's buffer lies outside the window");
   Require(!(recordCount_ > 0 && state_ == dsBrowse && (bof_ && eof_)), "records in an empty data set");
-  std::unordered_set<TRecordBuffer> distinct(buffers_.begin(), buffers_.end());
-  Require(distinct.size() == buffers_.size() && !distinct.count(nullptr), "buffers repeat or are missing");
+  std::unordered_set<TRecordBuffer> distinct(buffers_.begin(), buffers_.begin() + std::ptrdiff_t(RingSize()));
+  Require(distinct.size() == RingSize() && !distinct.count(nullptr), "buffers repeat or are missing");
   if (state_ == dsBrowse)
     for (int index = 0; index < recordCount_; ++index)
       Require(GetBookmarkFlag(Slot(index)) == bfCurrent, "a browsed buffer holds no record");

@@ -24,6 +24,7 @@
 
 #include <QString>
 #include <memory>
+#include <stdexcept>
 #include <unordered_map>
 #include <vector>
 
@@ -279,18 +280,20 @@ protected:
 
   // --- The window, for descendants
   TRecordBuffer ActiveBuffer() const {
-    return size_t(activeRecord_) < buffers_.size() ? Slot(activeRecord_) : nullptr;
+    return size_t(activeRecord_) < RingSize() ? Slot(activeRecord_) : nullptr;
   }
   TRecordBuffer CalcBuffer() const { return calcBuffer_; }
   TRecordBuffer FilterBuffer() const { return filterBuffer_; }
   void SetFilterBuffer(TRecordBuffer buffer) { filterBuffer_ = buffer; }
   TRecordBuffer TempBuffer() const {
-    return size_t(recordCount_) < buffers_.size() ? Slot(recordCount_) : nullptr;
+    return size_t(recordCount_) < RingSize() ? Slot(recordCount_) : nullptr;
   }
   // The buffer that field access goes to in the present state; null when none.
   TRecordBuffer StateBuffer() const {
-    // Browsing comes first: every field read of a walk asks this.
-    if (state_ == dsBrowse) return IsEmpty() ? nullptr : ActiveBuffer();
+    // Browsing comes first: every field read of a walk asks this. A browsed data set is
+    // open, so its window has the buffers and the active record lies in it: the slot
+    // needs no bounds check.
+    if (state_ == dsBrowse) return IsEmpty() ? nullptr : Slot(activeRecord_);
     return OtherStateBuffer();
   }
   int BufferCount() const { return bufferCount_; }
@@ -299,7 +302,8 @@ protected:
   // Records in the window.
   int BufferedCount() const { return recordCount_; }
   TRecordBuffer Buffers(int index) const {
-    return size_t(index) < buffers_.size() ? Slot(index) : buffers_.at(size_t(index));
+    if (size_t(index) >= RingSize()) throw std::out_of_range("no such buffer in the record window");
+    return Slot(index);
   }
   int BookmarkSize() const { return bookmarkSize_; }
   void SetBookmarkSize(int size) { bookmarkSize_ = size; }
@@ -346,15 +350,15 @@ private:
   // The window
   // Slot 0 of the window is buffers_[firstBuffer_]: the buffers form a ring, so that a
   // scroll by one record over a full window turns the ring instead of shifting them all.
-  TRecordBuffer Slot(int index) const {
+  // buffers_ holds the ring twice over, so that finding a slot needs no wrapping: every
+  // field read of a walk finds one.
+  size_t RingSize() const { return buffers_.size() / 2; }
+  TRecordBuffer Slot(int index) const { return buffers_[firstBuffer_ + size_t(index)]; }
+  void SetSlot(int index, TRecordBuffer buffer) {
     size_t at = firstBuffer_ + size_t(index);
-    if (at >= buffers_.size()) at -= buffers_.size();
-    return buffers_[at];
-  }
-  TRecordBuffer& Slot(int index) {
-    size_t at = firstBuffer_ + size_t(index);
-    if (at >= buffers_.size()) at -= buffers_.size();
-    return buffers_[at];
+    if (at >= RingSize()) at -= RingSize();
+    buffers_[at] = buffer;
+    buffers_[at + RingSize()] = buffer;
   }
   TRecordBuffer OtherStateBuffer() const;
   void CalculateFieldsIn(TRecordBuffer buffer);
@@ -364,10 +368,9 @@ private:
   void ActivateBuffers();
   void MoveBuffer(int fromIndex, int toIndex) {
     if (fromIndex == toIndex) return;
-    // Every scroll past the edge of a full window comes here: the ring turns by one.
-    const size_t lastIndex = buffers_.size() - 1;
+    const size_t lastIndex = RingSize() - 1;
     if (fromIndex == 0 && size_t(toIndex) == lastIndex) {
-      firstBuffer_ = firstBuffer_ == lastIndex ? 0 : firstBuffer_ + 1;
+      TurnRingForward();
       return;
     }
     if (size_t(fromIndex) == lastIndex && toIndex == 0) {
@@ -376,6 +379,9 @@ private:
     }
     ShiftBuffers(fromIndex, toIndex);
   }
+  // MoveBuffer(0, last) of an open window, whose last slot is BufferCount: slot 0 becomes
+  // the spare. Every fetch past the end of a full window turns the ring so.
+  void TurnRingForward() { firstBuffer_ = firstBuffer_ == size_t(bufferCount_) ? 0 : firstBuffer_ + 1; }
   // MoveBuffer over a part of the window: the buffers between shift by one.
   void ShiftBuffers(int fromIndex, int toIndex);
   void MoveCursorTo(int index);
@@ -397,7 +403,7 @@ private:
   std::unique_ptr<TFieldDefs> fieldDefs_;
   std::vector<TDataSource*> dataSources_;
 
-  // bufferCount_ + 1 buffers while open; see the header comment.
+  // bufferCount_ + 1 buffers while open, twice over (Slot); see the header comment.
   std::vector<TRecordBuffer> buffers_;
   size_t firstBuffer_ = 0;
   int bufferCount_ = 0;

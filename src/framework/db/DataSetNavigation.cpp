@@ -26,6 +26,12 @@ void TDataSet::UpdateBufferCount() {
 
 void TDataSet::SetBufListSize(int count) {
   if (count == bufferCount_) return;
+  // The buffers once over while they change, and twice again however this ends.
+  buffers_.resize(RingSize());
+  TFinally mirror([this] {
+    const std::vector<TRecordBuffer> ring = buffers_;
+    buffers_.insert(buffers_.end(), ring.begin(), ring.end());
+  });
   std::rotate(buffers_.begin(), buffers_.begin() + std::ptrdiff_t(firstBuffer_), buffers_.end());
   firstBuffer_ = 0;
   // Shrinking drops records from the front first, so that the active one stays.
@@ -68,8 +74,8 @@ void TDataSet::ActivateBuffers() {
 void TDataSet::ShiftBuffers(int fromIndex, int toIndex) {
   const TRecordBuffer moved = Slot(fromIndex);
   const int step = fromIndex < toIndex ? 1 : -1;
-  for (int index = fromIndex; index != toIndex; index += step) Slot(index) = Slot(index + step);
-  Slot(toIndex) = moved;
+  for (int index = fromIndex; index != toIndex; index += step) SetSlot(index, Slot(index + step));
+  SetSlot(toIndex, moved);
 }
 
 TRecordBuffer TDataSet::OtherStateBuffer() const {
@@ -100,8 +106,9 @@ void TDataSet::UpdateCursorPos() {
   if (recordCount_ > 0) SetCurrentRecord(activeRecord_);
 }
 
-// Inline, as is MoveForward: a walk runs through both once per record.
-inline bool TDataSet::GetNextRecord() {
+// Always inline, as is MoveForward: a walk runs through both once per record, and for
+// its other callers the compiler would keep it out of line, with a frame of its own.
+[[gnu::always_inline]] inline bool TDataSet::GetNextRecord() {
   TGetMode mode = gmNext;
   if (recordCount_ > 0) {
     SetCurrentRecord(recordCount_ - 1);
@@ -114,9 +121,10 @@ inline bool TDataSet::GetNextRecord() {
     CursorPosChanged();
     return false;
   }
-  if (recordCount_ == 0) ActivateBuffers();
-  else if (recordCount_ < bufferCount_) ++recordCount_;
-  else MoveBuffer(0, recordCount_);
+  // A full window first: a walk comes here once per record.
+  if (recordCount_ == bufferCount_) TurnRingForward();
+  else if (recordCount_ == 0) ActivateBuffers();
+  else ++recordCount_;
   currentRecord_ = recordCount_ - 1;
   return true;
 }
@@ -221,7 +229,7 @@ int TDataSet::MoveBy(int distance) {
   return moved;
 }
 
-inline int TDataSet::MoveForward(int distance, int& scrolled) {
+[[gnu::always_inline]] inline int TDataSet::MoveForward(int distance, int& scrolled) {
   int moved = 0;
   for (; moved < distance; ++moved) {
     if (activeRecord_ < recordCount_ - 1) {

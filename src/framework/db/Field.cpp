@@ -239,13 +239,6 @@ bool TField::IsValidChar(QChar ch) const { return true; }
 
 // --- Values ---------------------------------------------------------------------------
 
-bool TField::GetData(void* buffer) const {
-  // A walk reads every field of every record through here: with the rare cases out of
-  // line this is a check and a jump, with no frame of its own.
-  if (!dataSet_ || inValidate_) [[unlikely]] return GetDataAside(buffer);
-  return dataSet_->GetFieldData(const_cast<TField*>(this), buffer);
-}
-
 bool TField::GetDataAside(void* buffer) const {
   if (!dataSet_) DatabaseError(Format(SDataSetMissing, {DisplayName()}), this);
   if (!validating_) return false;

@@ -11,6 +11,7 @@
 #include <utility>
 #include <vector>
 
+#include "framework/db/DataSet.h"
 #include "framework/db/DataTypes.h"
 #include "framework/rtl/Alignment.h"
 #include "framework/rtl/Component.h"
@@ -146,7 +147,12 @@ public:
   // --- For data sets and data-aware code
   // Reads the native value (DataTypes.h) into buffer, which may be null to ask only
   // whether there is a value. False without a value.
-  bool GetData(void* buffer) const;
+  bool GetData(void* buffer) const {
+    // A walk reads every field of every record through here: inline, with the rare
+    // cases out of line, it adds no call of its own to the data set's.
+    if (!dataSet_ || inValidate_) [[unlikely]] return GetDataAside(buffer);
+    return dataSet_->GetFieldData(const_cast<TField*>(this), buffer);
+  }
   // Writes the native value; a null buffer clears the field.
   void SetData(const void* buffer);
   // Runs OnValidate while reads of the field answer the value in buffer.

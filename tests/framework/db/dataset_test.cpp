@@ -3,6 +3,9 @@
 
 #include <gtest/gtest.h>
 
+#include <numeric>
+#include <vector>
+
 #include "framework/db/DbTestKit.h"
 #include "framework/db/Fields.h"
 #include "framework/db/NumericFields.h"
@@ -109,6 +112,33 @@ TEST(DataSetNavigation, WalkReadsEveryRecordInsideTheWindow) {
   for (people.dataSet.Last(); !people.dataSet.Bof(); people.dataSet.Prior()) backwards += people.Id();
   EXPECT_EQ(backwards, sum);
 }
+
+class DataSetWalk : public testing::TestWithParam<int> {};
+
+// With controls disabled a step forward skips the browse-mode check and turns the ring
+// of buffers at the window's end: the smallest window turns it on every record.
+TEST_P(DataSetWalk, WithControlsDisabledReadsEveryRecordOnceInOrder) {
+  const int bufferCount = GetParam();
+  TPeople people(23, bufferCount);
+  TDataSet& dataSet = people.dataSet;
+  std::vector<int> ids;
+  dataSet.DisableControls();
+  for (dataSet.First(); !dataSet.Eof(); dataSet.Next()) {
+    ids.push_back(people.Id());
+    dataSet.CheckConsistency();
+  }
+  dataSet.EnableControls();
+  std::vector<int> expected(23);
+  std::iota(expected.begin(), expected.end(), 1);
+  EXPECT_EQ(ids, expected);
+  EXPECT_EQ(people.Id(), 23);
+  EXPECT_EQ(people.dataSet.BufferedCount(), bufferCount);
+  dataSet.Prior();
+  EXPECT_EQ(people.Id(), 22);
+  dataSet.CheckConsistency();
+}
+
+INSTANTIATE_TEST_SUITE_P(Windows, DataSetWalk, testing::Values(1, 2, 5));
 
 TEST(DataSetNavigation, FindMovesThroughTheFilteredRecords) {
   TPeople people(8, 3);
