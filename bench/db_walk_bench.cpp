@@ -148,8 +148,10 @@ void FilterPeer(benchmark::State& state) {
 
 }  // namespace
 
-BENCHMARK(WalkQuil)->Name("walk_1m_two_fields/quil")->Unit(benchmark::kMillisecond);
-BENCHMARK(WalkPeer)->Name("walk_1m_two_fields/peer")->Unit(benchmark::kMillisecond);
+// The peer's millisecond is at the mercy of any other work on the machine: both sides
+// run five times and keep their fastest.
+BENCHMARK(WalkQuil)->Name("walk_1m_two_fields/quil")->Unit(benchmark::kMillisecond)->Repetitions(5);
+BENCHMARK(WalkPeer)->Name("walk_1m_two_fields/peer")->Unit(benchmark::kMillisecond)->Repetitions(5);
 BENCHMARK(LocateQuil)->Name("locate_1m_unindexed/quil")->Unit(benchmark::kMillisecond);
 BENCHMARK(LocatePeer)->Name("locate_1m_unindexed/peer")->Unit(benchmark::kMillisecond);
 BENCHMARK(FilterQuil)->Name("filter_1m_text/quil")->Unit(benchmark::kMillisecond);
