@@ -60,15 +60,7 @@ void Edge(TCanvas* canvas, TRect rect, unsigned edge, unsigned flags) { DrawEdge
 }  // namespace
 
 void DrawFixedLine(TCanvas* canvas, TColor color, int x1, int y1, int x2, int y2) {
-  TPen saved;
-  saved.Assign(canvas->Pen());
-  canvas->Pen()->SetColor(color);
-  canvas->Pen()->SetWidth(1);
-  canvas->Pen()->SetStyle(psSolid);
-  canvas->Pen()->SetMode(pmCopy);
-  canvas->MoveTo(x1, y1);
-  canvas->LineTo(x2, y2);
-  canvas->SetPen(&saved);
+  DrawPenLines(canvas, color, pmCopy, Point(x1, y1), Point(x2, y2));
 }
 
 void DrawCenteredImage(TImageList* list, TCanvas* canvas, const TRect& rect, int index, bool direct,

@@ -78,23 +78,26 @@ void TQuilCustomDBGrid::DrawColLine(const TRect& rect, TCellLook& look) {
   DrawLineRun(lineColor, look, Point(rect.Right, bottom + below), Point(rect.Right, rect.Top - 1), Point(1, 0), width);
 }
 
-// count parallel lines from `from` to `to`, each moved by step; with a pen of its own,
-// so that the canvas' pen stays as it was.
-void TQuilCustomDBGrid::DrawLineRun(TColor color, const TCellLook& look, TPoint from, TPoint to, TPoint step,
-                                    int count) {
-  TCanvas* canvas = Canvas();
+void DrawPenLines(TCanvas* canvas, TColor color, TPenMode mode, TPoint from, TPoint to, TPoint step, int count) {
   TPen saved;
   saved.Assign(canvas->Pen());
   TPen* pen = canvas->Pen();
   pen->SetColor(color);
   pen->SetWidth(1);
   pen->SetStyle(psSolid);
-  pen->SetMode(look.styled && ColorToRGB(color) == clWhite ? pmWhite : pmCopy);
+  pen->SetMode(mode);
   for (int line = 0; line < count; ++line) {
     canvas->MoveTo(from.X + line * step.X, from.Y + line * step.Y);
     canvas->LineTo(to.X + line * step.X, to.Y + line * step.Y);
   }
   canvas->SetPen(&saved);
+}
+
+// White lines under a style take the white pen mode.
+void TQuilCustomDBGrid::DrawLineRun(TColor color, const TCellLook& look, TPoint from, TPoint to, TPoint step,
+                                    int count) {
+  DrawPenLines(Canvas(), color, look.styled && ColorToRGB(color) == clWhite ? pmWhite : pmCopy, from, to, step,
+               count);
 }
 
 // A cell of a left-to-right column in a mirrored grid draws unmirrored: what follows it

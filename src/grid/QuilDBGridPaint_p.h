@@ -60,6 +60,10 @@ struct TCellLook {
 // The state in which a fixed cell's face is drawn.
 enum class TFixedCellState { Normal, Pressed, Hot, Disabled };
 
+// count parallel lines from `from` to `to`, each moved by step, with a solid pen of
+// width 1 of their own: the canvas' pen stays as it was.
+void DrawPenLines(TCanvas* canvas, TColor color, TPenMode mode, TPoint from, TPoint to, TPoint step = {0, 0},
+                  int count = 1);
 // A one-pixel line from (x1, y1) up to (x2, y2), with a pen of its own.
 void DrawFixedLine(TCanvas* canvas, TColor color, int x1, int y1, int x2, int y2);
 // Image index of list, centered in rect (see DrawListImage for direct and copyBackground).
