@@ -13,29 +13,30 @@ TClientColumn::TClientColumn(TNativeKind kind) : kind_(kind) {
     case TNativeKind::Bytes: values_.emplace<std::vector<QByteArray>>(); break;
     case TNativeKind::Variant: case TNativeKind::None: values_.emplace<std::vector<Variant>>(); break;
   }
-  UpdateFixedData();
+  UpdateStore();
 }
 
 void TClientColumn::AppendNull() {
   nulls_.push_back(1);
   std::visit([](auto& values) { values.emplace_back(); }, values_);
-  UpdateFixedData();
+  UpdateStore();
 }
 
 void TClientColumn::Clear() {
   nulls_.clear();
   std::visit([](auto& values) { values.clear(); }, values_);
-  UpdateFixedData();
+  UpdateStore();
 }
 
-void TClientColumn::UpdateFixedData() {
+void TClientColumn::UpdateStore() {
+  store_.nulls = nulls_.data();
   std::visit(
       [this](const auto& values) {
         using T = typename std::decay_t<decltype(values)>::value_type;
         // Booleans are stored as 0 and 1, which is how a bool is laid out.
         if constexpr (std::is_trivially_copyable_v<T>) {
-          fixedData_ = reinterpret_cast<const uint8_t*>(values.data());
-          fixedSize_ = sizeof(T);
+          store_.values = reinterpret_cast<const uint8_t*>(values.data());
+          store_.size = sizeof(T);
         }
       },
       values_);

@@ -4,11 +4,11 @@
 
 #include <QByteArray>
 #include <QString>
-#include <cstring>
 #include <variant>
 #include <vector>
 
 #include "framework/db/DataTypes.h"
+#include "framework/db/FieldStore.h"
 #include "framework/rtl/Currency.h"
 #include "framework/rtl/Variants.h"
 
@@ -29,18 +29,12 @@ public:
   void AppendNull();
   // The native value into buffer (may be null); false without a value.
   bool Read(int row, void* buffer) const {
+    if (store_.size) return store_.Read(row, buffer);
     if (nulls_[size_t(row)]) return false;
-    if (!buffer) return true;
-    const uint8_t* value = fixedData_ + size_t(row) * fixedSize_;
-    // Copies of a size known here compile to one move; a library call would cost more.
-    switch (fixedSize_) {
-      case 1: std::memcpy(buffer, value, 1); break;
-      case 4: std::memcpy(buffer, value, 4); break;
-      case 8: std::memcpy(buffer, value, 8); break;
-      default: return ReadValue(row, buffer);
-    }
-    return true;
+    return !buffer || ReadValue(row, buffer);
   }
+  // The values as a field may read them itself; null for values of no fixed size.
+  const TFieldStore* Store() const { return store_.size ? &store_ : nullptr; }
   Variant Value(int row) const;
   bool IsNull(int row) const { return nulls_[size_t(row)] != 0; }
   // The stored value of a row, for a column whose kind stores T; reads nothing else.
@@ -55,7 +49,7 @@ public:
   void Clear();
 
 private:
-  void UpdateFixedData();
+  void UpdateStore();
   // Values of no fixed size; out of line, so that Read's callers stay small. True.
   bool ReadValue(int row, void* buffer) const;
 
@@ -65,9 +59,9 @@ private:
                std::vector<uint8_t>, std::vector<QString>, std::vector<QByteArray>, std::vector<Variant>>
       values_;
   // The values as bytes when their kind has a fixed size, so that a read is one copy
-  // (a walk reads every field of every record); fixedSize_ is 0 for the other kinds.
-  const uint8_t* fixedData_ = nullptr;
-  size_t fixedSize_ = 0;
+  // (a walk reads every field of every record); size 0 for the other kinds. Kept
+  // pointing at the vectors' storage whenever they grow.
+  TFieldStore store_;
 };
 
 }  // namespace quil

@@ -3,6 +3,7 @@
 
 #include <algorithm>
 #include <cstring>
+#include <type_traits>
 
 #include "framework/db/Field.h"
 #include "framework/db/FieldDefs.h"
@@ -147,6 +148,7 @@ void TCustomClientDataSet::InternalOpen() {
   FieldDefs()->Update();
   if (DefaultFields()) CreateFields();
   BindFields(true);
+  UpdateFieldStores();
   SetBookmarkSize(int(sizeof(int32_t)));
   cursorOpen_ = true;
   try {
@@ -174,24 +176,34 @@ void TCustomClientDataSet::InternalClose() {
   cursorOpen_ = false;
 }
 
+void TCustomClientDataSet::SetDirectFieldReads(bool value) {
+  directFieldReads_ = value;
+  if (Active()) UpdateFieldStores();
+}
+
+void TCustomClientDataSet::UpdateFieldStores() {
+  for (int index = 0; index < FieldList()->Count(); ++index) {
+    TField* field = FieldList()->Fields(index);
+    if (field->FieldNo() > 0)
+      SetFieldStore(field, directFieldReads_ ? columns_[size_t(field->FieldNo() - 1)].Store() : nullptr);
+  }
+}
+
 // --- Buffers and the cursor -----------------------------------------------------------
 
 int TCustomClientDataSet::GetRecordSize() const { return int(sizeof(TRecord)); }
 
-TRecordBuffer TCustomClientDataSet::AllocRecordBuffer() { return reinterpret_cast<TRecordBuffer>(new TRecord); }
+TRecordBuffer TCustomClientDataSet::AllocRecordBuffer() {
+  // TDataSet reads the direct row at the start of the buffer: first member of a
+  // standard-layout class, it lies there.
+  static_assert(std::is_standard_layout_v<TRecord>);
+  return reinterpret_cast<TRecordBuffer>(new TRecord);
+}
 
 void TCustomClientDataSet::FreeRecordBuffer(TRecordBuffer& buffer) {
   delete Record(buffer);
   buffer = nullptr;
 }
-
-namespace {
-
-// Out of line: freeing the values inline would give every fetch a frame to save
-// registers in, and a walk fetches once per record.
-[[gnu::noinline]] void DropPending(std::unique_ptr<std::vector<Variant>>& pending) { pending.reset(); }
-
-}  // namespace
 
 TGetResult TCustomClientDataSet::GetRecord(TRecordBuffer buffer, TGetMode mode, bool doCheck) {
   const int count = int(view_.size());
@@ -207,18 +219,13 @@ TGetResult TCustomClientDataSet::GetRecord(TRecordBuffer buffer, TGetMode mode, 
     return grEOF;
   }
   cursor_ = position;
-  TRecord* record = Record(buffer);
-  record->row = view_[size_t(position)];
-  record->flag = bfCurrent;
-  record->position = position;
-  record->version = viewVersion_;
-  if (record->pending) [[unlikely]] DropPending(record->pending);
+  Record(buffer)->Show(view_[size_t(position)], position, viewVersion_);
   GetCalcFields(buffer);
   return grOK;
 }
 
 int TCustomClientDataSet::RecordPosition(const TRecord* record) const {
-  return record->version == viewVersion_ && record->position >= 0 ? record->position : PositionOf(record->row);
+  return record->Version() == viewVersion_ && record->Position() >= 0 ? record->Position() : PositionOf(record->Row());
 }
 
 void TCustomClientDataSet::InternalSetToRecord(TRecordBuffer buffer) {
@@ -235,17 +242,20 @@ void TCustomClientDataSet::InternalGotoBookmark(const uint8_t* bookmark) {
 }
 
 void TCustomClientDataSet::GetBookmarkData(TRecordBuffer buffer, uint8_t* data) const {
-  std::memcpy(data, &Record(buffer)->row, sizeof(int32_t));
+  const int32_t row = Record(buffer)->Row();
+  std::memcpy(data, &row, sizeof(row));
 }
 
 void TCustomClientDataSet::SetBookmarkData(TRecordBuffer buffer, const uint8_t* data) {
+  int32_t row = 0;
+  std::memcpy(&row, data, sizeof(row));
   TRecord* record = Record(buffer);
-  std::memcpy(&record->row, data, sizeof(int32_t));
-  record->version = viewVersion_ - 1;
+  record->SetRow(row);
+  record->SetVersion(viewVersion_ - 1);
 }
 
-TBookmarkFlag TCustomClientDataSet::GetBookmarkFlag(TRecordBuffer buffer) const { return Record(buffer)->flag; }
-void TCustomClientDataSet::SetBookmarkFlag(TRecordBuffer buffer, TBookmarkFlag flag) { Record(buffer)->flag = flag; }
+TBookmarkFlag TCustomClientDataSet::GetBookmarkFlag(TRecordBuffer buffer) const { return Record(buffer)->Flag(); }
+void TCustomClientDataSet::SetBookmarkFlag(TRecordBuffer buffer, TBookmarkFlag flag) { Record(buffer)->SetFlag(flag); }
 
 bool TCustomClientDataSet::BookmarkValid(const TBookmark& bookmark) const {
   if (!Active() || bookmark.size() != sizeof(int32_t)) return false;
@@ -276,7 +286,7 @@ int TCustomClientDataSet::GetRecNo() const {
   if (IsEmpty()) return -1;
   TRecordBuffer buffer = State() == dsCalcFields ? CalcBuffer() : ActiveBuffer();
   const TRecord* record = Record(buffer);
-  if (record->flag != bfCurrent) return -1;
+  if (record->Flag() != bfCurrent) return -1;
   const int position = RecordPosition(record);
   return position < 0 ? -1 : position + 1;
 }
@@ -293,32 +303,21 @@ void TCustomClientDataSet::SetRecNo(int value) {
 // --- Field values ---------------------------------------------------------------------
 
 bool TCustomClientDataSet::GetFieldData(TField* field, void* buffer) {
-  // A walk reads a stored row of a browsed record on every call: that case calls
-  // nothing, so it needs no frame; every other goes to OtherFieldData.
-  const int fieldNo = field->FieldNo();
-  if (fieldNo <= 0 || State() != dsBrowse) [[unlikely]] return OtherFieldData(field, buffer);
-  const TRecordBuffer recordBuffer = StateBuffer();
-  if (!recordBuffer) return false;
-  const TRecord* record = Record(recordBuffer);
-  if (record->pending || record->row < 0 || record->flag != bfCurrent) [[unlikely]]
-    return OtherFieldData(field, buffer);
-  return columns_[size_t(fieldNo - 1)].Read(record->row, buffer);
-}
-
-bool TCustomClientDataSet::OtherFieldData(TField* field, void* buffer) {
+  // Fields with a column store read a browsed stored row themselves: what comes here
+  // is a field of another kind or a record in another state.
   if (field->FieldNo() <= 0) return TDataSet::GetFieldData(field, buffer);
   const TRecordBuffer recordBuffer = StateBuffer();
   if (!recordBuffer) return false;
   const TRecord* record = Record(recordBuffer);
   const size_t column = size_t(field->FieldNo() - 1);
-  if (record->pending) {
-    const Variant& value = (*record->pending)[column];
+  if (const std::vector<Variant>* pending = record->Pending()) {
+    const Variant& value = (*pending)[column];
     if (VarIsNull(value) || VarIsEmpty(value)) return false;
     if (buffer) VariantToNative(field->NativeKind(), value, buffer);
     return true;
   }
-  if (record->row < 0 || record->flag != bfCurrent) return false;
-  return columns_[column].Read(record->row, buffer);
+  if (record->Row() < 0 || record->Flag() != bfCurrent) return false;
+  return columns_[column].Read(record->Row(), buffer);
 }
 
 void TCustomClientDataSet::SetFieldData(TField* field, const void* buffer) {
@@ -328,26 +327,26 @@ void TCustomClientDataSet::SetFieldData(TField* field, const void* buffer) {
   }
   CheckFieldWrite(field, buffer);
   TRecord* record = Record(StateBuffer());
-  if (!record->pending) record->pending = std::make_unique<std::vector<Variant>>(RowValues(record->row));
-  (*record->pending)[size_t(field->FieldNo() - 1)] = buffer ? NativeToVariant(field->NativeKind(), buffer) : Null();
+  if (!record->Pending()) record->SetPending(RowValues(record->Row()));
+  (*record->Pending())[size_t(field->FieldNo() - 1)] = buffer ? NativeToVariant(field->NativeKind(), buffer) : Null();
   FieldWritten(field);
 }
 
 // --- Editing --------------------------------------------------------------------------
 
 void TCustomClientDataSet::InternalInitRecord(TRecordBuffer buffer) {
-  Record(buffer)->pending = std::make_unique<std::vector<Variant>>(columns_.size(), Null());
+  Record(buffer)->SetPending(std::vector<Variant>(columns_.size(), Null()));
 }
 
 void TCustomClientDataSet::InternalEdit() {
   TRecord* record = Record(ActiveBuffer());
-  record->pending = std::make_unique<std::vector<Variant>>(RowValues(record->row));
+  record->SetPending(RowValues(record->Row()));
 }
 
-void TCustomClientDataSet::InternalCancel() { Record(ActiveBuffer())->pending.reset(); }
+void TCustomClientDataSet::InternalCancel() { Record(ActiveBuffer())->DropPending(); }
 
 int TCustomClientDataSet::InsertPosition(const TRecord* record) const {
-  switch (record->flag) {
+  switch (record->Flag()) {
     case bfBOF: return 0;
     case bfEOF: return int(view_.size());
     default: {
@@ -360,39 +359,41 @@ int TCustomClientDataSet::InsertPosition(const TRecord* record) const {
 void TCustomClientDataSet::InternalPost() {
   TDataSet::InternalPost();
   TRecord* record = Record(ActiveBuffer());
-  if (!record->pending) return;
-  int row = record->row;
+  const std::vector<Variant>* pending = record->Pending();
+  if (!pending) return;
+  int row = record->Row();
   int position = 0;
   int current = -1;
   if (State() == dsInsert) {
     position = InsertPosition(record);
-    const bool before = record->flag == bfInserted && row >= 0;
-    row = AppendRow(*record->pending);
-    auto next = before ? std::find(natural_.begin(), natural_.end(), record->row) : natural_.end();
+    const bool before = record->Flag() == bfInserted && row >= 0;
+    const int followingRow = row;
+    row = AppendRow(*pending);
+    auto next = before ? std::find(natural_.begin(), natural_.end(), followingRow) : natural_.end();
     natural_.insert(next, row);
   } else {
     position = RecordPosition(record);
     current = position;
-    WriteRow(row, *record->pending);
+    WriteRow(row, *pending);
   }
-  record->pending.reset();
-  record->row = row;
-  record->flag = bfCurrent;
+  record->DropPending();
+  record->SetRow(row);
+  record->SetFlag(bfCurrent);
   PlaceRow(row, position, current);
 }
 
 void TCustomClientDataSet::InternalAddRecord(TRecordBuffer buffer, bool append) {
   TRecord* record = Record(buffer);
-  record->flag = append ? bfEOF : bfInserted;
+  record->SetFlag(append ? bfEOF : bfInserted);
   const int position = InsertPosition(record);
-  const int row = AppendRow(record->pending ? *record->pending : std::vector<Variant>());
+  const int row = AppendRow(record->Pending() ? *record->Pending() : std::vector<Variant>());
   natural_.push_back(row);
   PlaceRow(row, position, -1);
 }
 
 void TCustomClientDataSet::InternalDelete() {
   const TRecord* record = Record(ActiveBuffer());
-  const int row = record->row;
+  const int row = record->Row();
   const int position = RecordPosition(record);
   deleted_[size_t(row)] = 1;
   natural_.erase(std::find(natural_.begin(), natural_.end(), row));

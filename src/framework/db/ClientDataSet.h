@@ -79,6 +79,8 @@ public:
   void SetRecNo(int value) override;
   bool BookmarkValid(const TBookmark& bookmark) const override;
   int CompareBookmarks(const TBookmark& a, const TBookmark& b) const override;
+  // Fields of fixed-size values read a browsed stored row from the columns without
+  // asking this (DirectFieldReads).
   bool GetFieldData(TField* field, void* buffer) override;
   void SetFieldData(TField* field, const void* buffer) override;
   void SetFiltered(bool value) override;
@@ -86,6 +88,11 @@ public:
   void SetOnFilterRecord(const TFilterRecordEvent& handler) override;
 
 protected:
+  // Whether fields of fixed-size values read browsed stored rows straight from the
+  // columns; on by default. A descendant that overrides GetFieldData turns it off, or
+  // its override misses those reads.
+  bool DirectFieldReads() const { return directFieldReads_; }
+  void SetDirectFieldReads(bool value);
   TRecordBuffer AllocRecordBuffer() override;
   void FreeRecordBuffer(TRecordBuffer& buffer) override;
   TGetResult GetRecord(TRecordBuffer buffer, TGetMode mode, bool doCheck) override;
@@ -114,7 +121,7 @@ protected:
   void SetFilterText(const QString& text) override;
 
 private:
-  struct TRecord;
+  class TRecord;
   struct TIndexKey {
     int column;
     bool descending;
@@ -123,11 +130,11 @@ private:
   class TFilterRecord;
 
   static TRecord* Record(TRecordBuffer buffer) { return reinterpret_cast<TRecord*>(buffer); }
-  // GetFieldData for all but a stored row in browse state.
-  bool OtherFieldData(TField* field, void* buffer);
 
   // Data
   void ResetStore();
+  // Gives each data field its column's store, or takes them away (DirectFieldReads).
+  void UpdateFieldStores();
   // Replaces definitions, indexes and rows with the file's; raises before changing
   // anything when the file cannot be read.
   void ReadFile(const QString& fileName);
@@ -191,6 +198,7 @@ private:
   QString commandText_;
   QString fileName_;
   bool readOnly_ = false;
+  bool directFieldReads_ = true;
 
   friend class TClientDataSetFile;
 };

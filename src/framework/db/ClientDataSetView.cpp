@@ -88,9 +88,9 @@ bool TCustomClientDataSet::FilterActive() const {
 
 bool TCustomClientDataSet::Accepts(int row) {
   TRecord* record = Record(filterRecord_);
-  record->row = row;
-  record->flag = bfCurrent;
-  record->pending.reset();
+  record->DropPending();
+  record->SetRow(row);
+  record->SetFlag(bfCurrent);
   TStateScope scope(*this, dsFilter);
   SetFilterBuffer(filterRecord_);
   bool accept = true;

@@ -1,6 +1,7 @@
 #pragma once
 // The record buffer of TCustomClientDataSet, shared by the files that implement it.
 
+#include <cstddef>
 #include <memory>
 #include <vector>
 
@@ -10,12 +11,58 @@ namespace quil {
 
 // One record buffer: the row it shows and, while the row is edited or inserted, the
 // values being written, which reach the columns only at Post.
-struct TCustomClientDataSet::TRecord {
-  int32_t row = -1;  // an inserted record: the row it stands before
-  TBookmarkFlag flag = bfCurrent;
-  int32_t position = -1;  // index in the view, valid while version is the view's
-  uint32_t version = 0;
-  std::unique_ptr<std::vector<Variant>> pending;
+class TCustomClientDataSet::TRecord {
+public:
+  // An inserted record: the row it stands before.
+  int32_t Row() const { return row_; }
+  void SetRow(int32_t row) {
+    row_ = row;
+    Sync();
+  }
+  TBookmarkFlag Flag() const { return flag_; }
+  void SetFlag(TBookmarkFlag flag) {
+    flag_ = flag;
+    Sync();
+  }
+  // The values being written, one per column; null while none are.
+  std::vector<Variant>* Pending() const { return pending_.get(); }
+  void SetPending(std::vector<Variant> values) {
+    pending_ = std::make_unique<std::vector<Variant>>(std::move(values));
+    Sync();
+  }
+  void DropPending() {
+    pending_.reset();
+    Sync();
+  }
+  // The stored row at position of the view whose version is given, as a fetch shows it.
+  void Show(int32_t row, int32_t position, uint32_t version) {
+    row_ = row;
+    flag_ = bfCurrent;
+    position_ = position;
+    version_ = version;
+    if (pending_) [[unlikely]] DropPendingOutOfLine();
+    directRow_ = row;
+  }
+  // Index in the view, valid while Version is the view's.
+  int32_t Position() const { return position_; }
+  uint32_t Version() const { return version_; }
+  void SetVersion(uint32_t version) { version_ = version; }
+
+private:
+  void Sync() { directRow_ = flag_ == bfCurrent && !pending_ ? row_ : -1; }
+  // Out of line: freeing the values inline would give every fetch a frame to save
+  // registers in, and a walk fetches once per record.
+  [[gnu::noinline]] void DropPendingOutOfLine() { pending_.reset(); }
+
+  // The row whose column values the fields read directly (TDataSet::SetFieldStore),
+  // -1 while they must ask the data set; the setters keep it in step. First, since
+  // TDataSet finds it at the start of the buffer.
+  int32_t directRow_ = -1;
+  int32_t row_ = -1;
+  TBookmarkFlag flag_ = bfCurrent;
+  int32_t position_ = -1;
+  uint32_t version_ = 0;
+  std::unique_ptr<std::vector<Variant>> pending_;
 };
 
 }  // namespace quil

@@ -23,6 +23,7 @@
 // one deDataSetChange (or deLayoutChange) instead.
 
 #include <QString>
+#include <cstring>
 #include <memory>
 #include <stdexcept>
 #include <unordered_map>
@@ -42,6 +43,7 @@ class TFieldDef;
 class TFieldDefs;
 class TFieldList;
 class TFields;
+struct TFieldStore;
 
 class TDataSet;
 using TDataSetNotifyEvent = TEvent<void(TDataSet* dataSet)>;
@@ -264,8 +266,15 @@ protected:
   void InitFieldDefsFromFields();
   void CreateFields();
   void DestroyFields();
-  // Ties each field to its definition (FieldNo) and numbers the calculated ones.
+  // Ties each field to its definition (FieldNo) and numbers the calculated ones; takes
+  // every field store away.
   void BindFields(bool binding);
+  // Lets a bound data field read a browsed record's value from store, without calling
+  // GetFieldData, which must answer the same. A descendant that gives stores keeps
+  // at the start of each record buffer the int32_t row of the stores that holds the
+  // record's values, or -1 while they must come through GetFieldData (being edited,
+  // inserted, not stored). Null takes the store away.
+  void SetFieldStore(TField* field, const TFieldStore* store);
   // The definition of FieldDefList with the full name; raises when there is none.
   const TFieldDef* FindFieldDef(const QString& fullName) const;
   int CalcFieldsCount() const { return calcFieldsCount_; }
@@ -361,6 +370,13 @@ private:
     buffers_[at + RingSize()] = buffer;
   }
   TRecordBuffer OtherStateBuffer() const;
+  // The store row of the active record while browsing (SetFieldStore); -1 when none.
+  int DirectRow() const {
+    if (state_ != dsBrowse || IsEmpty()) return -1;
+    int32_t row;
+    std::memcpy(&row, Slot(activeRecord_), sizeof(row));
+    return row;
+  }
   void CalculateFieldsIn(TRecordBuffer buffer);
   void UpdateBufferCount();
   void SetBufListSize(int count);

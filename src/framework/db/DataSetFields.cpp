@@ -142,6 +142,7 @@ void TDataSet::BindFields(bool binding) {
     TField* field = fieldList_->Fields(index);
     field->calcSlot_ = -1;
     field->fieldNo_ = 0;
+    field->store_ = nullptr;
     if (!binding) continue;
     if (field->FieldKind() != fkData) {
       if (field->FieldKind() == fkLookup) CheckLookupInfo(this, field);
@@ -160,6 +161,8 @@ void TDataSet::BindFields(bool binding) {
     field->fieldNo_ = def->FieldNo();
   }
 }
+
+void TDataSet::SetFieldStore(TField* field, const TFieldStore* store) { field->store_ = store; }
 
 // --- Calculated values ----------------------------------------------------------------
 

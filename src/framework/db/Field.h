@@ -8,11 +8,13 @@
 // that cannot give or take a kind raises EDatabaseError ("Cannot access field ...").
 
 #include <QString>
+#include <type_traits>
 #include <utility>
 #include <vector>
 
 #include "framework/db/DataSet.h"
 #include "framework/db/DataTypes.h"
+#include "framework/db/FieldStore.h"
 #include "framework/rtl/Alignment.h"
 #include "framework/rtl/Component.h"
 #include "framework/rtl/Currency.h"
@@ -148,10 +150,23 @@ public:
   // Reads the native value (DataTypes.h) into buffer, which may be null to ask only
   // whether there is a value. False without a value.
   bool GetData(void* buffer) const {
-    // A walk reads every field of every record through here: inline, with the rare
-    // cases out of line, it adds no call of its own to the data set's.
-    if (!dataSet_ || inValidate_) [[unlikely]] return GetDataAside(buffer);
-    return dataSet_->GetFieldData(const_cast<TField*>(this), buffer);
+    // A walk reads every field of every record through here. A browsed stored row
+    // comes straight from the store that the data set gave; else one call to the data
+    // set, with the rare cases out of line.
+    const int row = DirectRow();
+    if (row >= 0) return store_->Read(row, buffer);
+    return GetDataFromDataSet(buffer);
+  }
+  // The same into a typed buffer: a store of that type is read with one move.
+  template <typename T>
+  bool GetData(T* buffer) const {
+    if constexpr (std::is_trivially_copyable_v<T>) {
+      if (store_ && store_->size == sizeof(T)) {
+        const int row = DirectRow();
+        if (row >= 0) return store_->ReadAs(row, buffer);
+      }
+    }
+    return GetDataFromDataSet(buffer);
   }
   // Writes the native value; a null buffer clears the field.
   void SetData(const void* buffer);
@@ -208,6 +223,12 @@ private:
   friend class TFields;
   friend class TObjectField;
 
+  // The data set's store row of the record to read, when the store may be read (GetData).
+  int DirectRow() const { return store_ && !inValidate_ ? dataSet_->DirectRow() : -1; }
+  bool GetDataFromDataSet(void* buffer) const {
+    if (!dataSet_ || inValidate_) [[unlikely]] return GetDataAside(buffer);
+    return dataSet_->GetFieldData(const_cast<TField*>(this), buffer);
+  }
   // GetData without a data set, or while OnValidate runs.
   bool GetDataAside(void* buffer) const;
   // The fields below this one, depth-first; none but for a structured field.
@@ -221,6 +242,8 @@ private:
   void Attach();
 
   TDataSet* dataSet_ = nullptr;
+  // Given by a bound data set whose records' values it holds; null otherwise.
+  const TFieldStore* store_ = nullptr;
   TObjectField* parentField_ = nullptr;
   QString fieldName_;
   QString displayLabel_;

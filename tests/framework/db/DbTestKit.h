@@ -49,9 +49,11 @@ inline quil::TField* AddLookupField(quil::TDataSet& dataSet, const char* name, c
 }
 
 // Counts field reads and fails loudly on one that lands outside the record window.
+// Reads of browsed fixed-size values go straight to the columns and pass neither.
 class TWindowCheckedDataSet : public quil::TClientDataSet {
 public:
   using TClientDataSet::TClientDataSet;
+  using TClientDataSet::SetDirectFieldReads;
   bool GetFieldData(quil::TField* field, void* buffer) override {
     ++reads;
     if ((State() == quil::dsBrowse || State() == quil::dsEdit) && !IsEmpty() &&
