@@ -34,8 +34,7 @@ void TBooleanField::SetDisplayValues(const QString& values) {
 int TBooleanField::DefaultWidth() const { return qMax(trueText_.size(), falseText_.size()); }
 
 bool TBooleanField::GetAsBoolean() const {
-  bool value = false;
-  return GetData(&value) && value;
+  return NativeValue<bool>();
 }
 
 QString TBooleanField::GetAsString() const {

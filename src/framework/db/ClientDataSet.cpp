@@ -208,18 +208,28 @@ void TCustomClientDataSet::FreeRecordBuffer(TRecordBuffer& buffer) {
 TGetResult TCustomClientDataSet::GetRecord(TRecordBuffer buffer, TGetMode mode, bool doCheck) {
   const int count = int(view_.size());
   int position = cursor_;
-  if (mode == gmNext) position = std::min(cursor_ + 1, count);
+  if (mode == gmNext) [[likely]] position = std::min(cursor_ + 1, count);
   else if (mode == gmPrior) position = std::max(cursor_ - 1, -1);
-  if (position < 0) {
+  if (position < 0) [[unlikely]] {
     cursor_ = -1;
     return grBOF;
   }
-  if (position >= count) {
+  if (position >= count) [[unlikely]] {
     cursor_ = count;
     return grEOF;
   }
   cursor_ = position;
-  Record(buffer)->Show(view_[size_t(position)], position, viewVersion_);
+  TRecord* record = Record(buffer);
+  // A fetch that calls nothing needs no frame, and a walk fetches once per record.
+  if (record->Pending() || CalcFieldsCount() != 0) [[unlikely]] return ShowCalculated(buffer, position);
+  record->Show(view_[size_t(position)], position, viewVersion_);
+  return grOK;
+}
+
+TGetResult TCustomClientDataSet::ShowCalculated(TRecordBuffer buffer, int position) {
+  TRecord* record = Record(buffer);
+  record->DropPending();
+  record->Show(view_[size_t(position)], position, viewVersion_);
   GetCalcFields(buffer);
   return grOK;
 }

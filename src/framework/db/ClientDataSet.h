@@ -133,6 +133,8 @@ private:
 
   // Data
   void ResetStore();
+  // GetRecord's end for a buffer that held values being written or has calculated ones.
+  TGetResult ShowCalculated(TRecordBuffer buffer, int position);
   // Gives each data field its column's store, or takes them away (DirectFieldReads).
   void UpdateFieldStores();
   // Replaces definitions, indexes and rows with the file's; raises before changing

@@ -34,13 +34,13 @@ public:
     pending_.reset();
     Sync();
   }
-  // The stored row at position of the view whose version is given, as a fetch shows it.
+  // The stored row at position of the view whose version is given, as a fetch shows it;
+  // the buffer holds no values being written.
   void Show(int32_t row, int32_t position, uint32_t version) {
     row_ = row;
     flag_ = bfCurrent;
     position_ = position;
     version_ = version;
-    if (pending_) [[unlikely]] DropPendingOutOfLine();
     directRow_ = row;
   }
   // Index in the view, valid while Version is the view's.
@@ -50,9 +50,6 @@ public:
 
 private:
   void Sync() { directRow_ = flag_ == bfCurrent && !pending_ ? row_ : -1; }
-  // Out of line: freeing the values inline would give every fetch a frame to save
-  // registers in, and a walk fetches once per record.
-  [[gnu::noinline]] void DropPendingOutOfLine() { pending_.reset(); }
 
   // The row whose column values the fields read directly (TDataSet::SetFieldStore),
   // -1 while they must ask the data set; the setters keep it in step. First, since

@@ -372,7 +372,7 @@ private:
   TRecordBuffer OtherStateBuffer() const;
   // The store row of the active record while browsing (SetFieldStore); -1 when none.
   int DirectRow() const {
-    if (state_ != dsBrowse || IsEmpty()) return -1;
+    if (state_ != dsBrowse || IsEmpty()) [[unlikely]] return -1;
     int32_t row;
     std::memcpy(&row, Slot(activeRecord_), sizeof(row));
     return row;
@@ -404,6 +404,9 @@ private:
   bool GetNextRecord();
   bool GetPriorRecord();
   // The steps of MoveBy; they answer how many records they moved.
+  // MoveBy's two ways; out of line, so that MoveBy needs no frame.
+  [[gnu::noinline]] int MoveAnyDistance(int distance);
+  [[gnu::noinline]] int StepPastFullWindow();
   int MoveForward(int distance, int& scrolled);
   int MoveBackward(int distance, int& scrolled);
   int GetNextRecords();

@@ -194,6 +194,14 @@ void TDataSet::Last() {
 }
 
 int TDataSet::MoveBy(int distance) {
+  // Only picks the way: with no frame of its own, the step of a walk costs a few tests.
+  if (distance == 1 && state_ == dsBrowse && ControlsDisabled() && activeRecord_ == bufferCount_ - 1 &&
+      recordCount_ == bufferCount_ && currentRecord_ == activeRecord_ && !eof_)
+    return StepPastFullWindow();
+  return MoveAnyDistance(distance);
+}
+
+int TDataSet::MoveAnyDistance(int distance) {
   // A walk with controls disabled browses: CheckBrowseMode would neither notify nor post.
   if (state_ != dsBrowse || !ControlsDisabled()) CheckBrowseMode();
   DoBeforeScroll();
@@ -227,6 +235,34 @@ int TDataSet::MoveBy(int distance) {
   }
   notify();
   return moved;
+}
+
+// What MoveBy(1) comes to for each record of a walk: browsing with controls disabled,
+// the last buffer of a full window active and the cursor on it. MoveAnyDistance would
+// keep a count of rows scrolled for links that will not hear of it, and loop; this is
+// one fetch and a turn of the ring.
+int TDataSet::StepPastFullWindow() {
+  DoBeforeScroll();
+  bof_ = false;
+  bool fetched = false;
+  try {
+    fetched = GetRecord(Slot(recordCount_), gmNext, true) == grOK;
+  } catch (...) {
+    try {
+      DoAfterScroll();
+    } catch (...) {
+      // The first failure is the one to report.
+    }
+    throw;
+  }
+  if (fetched) [[likely]] {
+    TurnRingForward();
+  } else {
+    CursorPosChanged();
+    eof_ = true;
+  }
+  DoAfterScroll();
+  return fetched ? 1 : 0;
 }
 
 [[gnu::always_inline]] inline int TDataSet::MoveForward(int distance, int& scrolled) {

@@ -25,8 +25,7 @@ void TDateTimeField::SetDisplayFormat(const QString& format) {
 }
 
 TDateTime TDateTimeField::GetAsDateTime() const {
-  double value = 0;
-  return GetData(&value) ? value : 0;
+  return NativeValue<double>();
 }
 
 void TDateTimeField::SetAsDateTimeValue(TDateTime value) {

@@ -154,19 +154,27 @@ public:
     // comes straight from the store that the data set gave; else one call to the data
     // set, with the rare cases out of line.
     const int row = DirectRow();
-    if (row >= 0) return store_->Read(row, buffer);
+    if (row >= 0) [[likely]] return store_->Read(row, buffer);
     return GetDataFromDataSet(buffer);
   }
   // The same into a typed buffer: a store of that type is read with one move.
   template <typename T>
   bool GetData(T* buffer) const {
     if constexpr (std::is_trivially_copyable_v<T>) {
-      if (store_ && store_->size == sizeof(T)) {
-        const int row = DirectRow();
-        if (row >= 0) return store_->ReadAs(row, buffer);
-      }
+      const int row = DirectRowOf<T>();
+      if (row >= 0) [[likely]] return store_->ReadAs(row, buffer);
     }
     return GetDataFromDataSet(buffer);
+  }
+  // The native value, T's zero without one. A stored row is read straight into the
+  // result, not through memory: a walk waits on every read.
+  template <typename T>
+    requires std::is_trivially_copyable_v<T>
+  T NativeValue() const {
+    const int row = DirectRowOf<T>();
+    if (row >= 0) [[likely]] return store_->ValueAs<T>(row);
+    T value{};
+    return GetDataFromDataSet(&value) ? value : T{};
   }
   // Writes the native value; a null buffer clears the field.
   void SetData(const void* buffer);
@@ -225,6 +233,11 @@ private:
 
   // The data set's store row of the record to read, when the store may be read (GetData).
   int DirectRow() const { return store_ && !inValidate_ ? dataSet_->DirectRow() : -1; }
+  // The same for a read into a T, which a store of T's size holds.
+  template <typename T>
+  int DirectRowOf() const {
+    return store_ && store_->size == sizeof(T) ? DirectRow() : -1;
+  }
   bool GetDataFromDataSet(void* buffer) const {
     if (!dataSet_ || inValidate_) [[unlikely]] return GetDataAside(buffer);
     return dataSet_->GetFieldData(const_cast<TField*>(this), buffer);

@@ -34,6 +34,13 @@ struct TFieldStore {
     std::memcpy(buffer, values + size_t(row) * sizeof(T), sizeof(T));
     return true;
   }
+  // The value of row, T's zero without one.
+  template <typename T>
+  T ValueAs(int row) const {
+    T value{};
+    if (!nulls[size_t(row)]) std::memcpy(&value, values + size_t(row) * sizeof(T), sizeof(T));
+    return value;
+  }
 };
 
 }  // namespace quil

@@ -84,8 +84,7 @@ QString TIntegerField::GetAsString() const {
 void TIntegerField::SetAsStringValue(const QString& value) { SetIntegerText(value); }
 
 int TIntegerField::GetAsInteger() const {
-  int32_t value = 0;
-  return GetData(&value) ? value : 0;
+  return NativeValue<int32_t>();
 }
 
 void TIntegerField::SetAsIntegerValue(int value) {
@@ -151,8 +150,7 @@ QString TLargeintField::GetAsString() const {
 void TLargeintField::SetAsStringValue(const QString& value) { SetIntegerText(value); }
 
 int64_t TLargeintField::GetAsLargeInt() const {
-  int64_t value = 0;
-  return GetData(&value) ? value : 0;
+  return NativeValue<int64_t>();
 }
 
 void TLargeintField::SetAsLargeIntValue(int64_t value) {
@@ -202,8 +200,7 @@ void TFloatField::SetPrecision(int value) {
 }
 
 double TFloatField::GetAsFloat() const {
-  double value = 0;
-  return GetData(&value) ? value : 0;
+  return NativeValue<double>();
 }
 
 void TFloatField::SetAsFloatValue(double value) {
@@ -310,8 +307,7 @@ void TBCDField::SetCurrency(bool value) {
 }
 
 quil::Currency TBCDField::GetAsCurrency() const {
-  quil::Currency value;
-  return GetData(&value) ? value : quil::Currency();
+  return NativeValue<quil::Currency>();
 }
 
 int TBCDField::GetAsInteger() const { return int(std::nearbyint(GetAsFloat())); }

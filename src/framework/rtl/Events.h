@@ -18,6 +18,9 @@ class TEvent<R(Args...)> {
 public:
   TEvent() = default;
   TEvent(std::nullptr_t) {}
+  // No moves: a moved-from event would keep a thunk to a handler it no longer owns.
+  TEvent(const TEvent&) = default;
+  TEvent& operator=(const TEvent&) = default;
 
   template <typename C>
   TEvent(C* object, R (C::*method)(Args...)) : object_(object) {
@@ -35,17 +38,24 @@ public:
             typename = std::enable_if_t<std::is_invocable_r_v<R, F&, Args...> &&
                                         !std::is_same_v<std::decay_t<F>, TEvent>>>
   TEvent(F callable)
-      : callable_(std::make_shared<std::function<R(Args...)>>(std::move(callable))) {}
+      : callable_(std::make_shared<std::function<R(Args...)>>(std::move(callable))) {
+    // Called through a thunk too, so that one pointer says whether there is a handler:
+    // a data set asks that of several events on every record it moves to.
+    const std::function<R(Args...)>* function = callable_.get();
+    std::memcpy(method_, &function, sizeof(function));
+    thunk_ = [](void*, const unsigned char* stored, Args... args) -> R {
+      const std::function<R(Args...)>* bound;
+      std::memcpy(&bound, stored, sizeof(bound));
+      return (*bound)(std::forward<Args>(args)...);
+    };
+  }
 
-  bool Assigned() const { return thunk_ != nullptr || callable_ != nullptr; }
+  bool Assigned() const { return thunk_ != nullptr; }
   explicit operator bool() const { return Assigned(); }
   void Clear() { *this = TEvent(); }
   const void* Object() const { return object_; }
 
-  R operator()(Args... args) const {
-    if (thunk_) return thunk_(object_, method_, std::forward<Args>(args)...);
-    return (*callable_)(std::forward<Args>(args)...);
-  }
+  R operator()(Args... args) const { return thunk_(object_, method_, std::forward<Args>(args)...); }
 
   friend bool operator==(const TEvent& a, const TEvent& b) {
     return a.object_ == b.object_ && a.thunk_ == b.thunk_ && a.callable_ == b.callable_ &&
@@ -56,6 +66,7 @@ private:
   void* object_ = nullptr;
   R (*thunk_)(void*, const unsigned char*, Args...) = nullptr;
   alignas(void*) unsigned char method_[3 * sizeof(void*)] = {};
+  // Owns a callable handler, which method_ points at.
   std::shared_ptr<std::function<R(Args...)>> callable_;
 };
 

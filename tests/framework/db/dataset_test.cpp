@@ -140,6 +140,55 @@ TEST_P(DataSetWalk, WithControlsDisabledReadsEveryRecordOnceInOrder) {
 
 INSTANTIATE_TEST_SUITE_P(Windows, DataSetWalk, testing::Values(1, 2, 5));
 
+// Fails the next forward fetch when told to, as a source that loses its connection.
+class TFailingFetchDataSet : public dbtest::TWindowCheckedDataSet {
+public:
+  using TWindowCheckedDataSet::TWindowCheckedDataSet;
+  bool failNext = false;
+
+protected:
+  TGetResult GetRecord(TRecordBuffer buffer, TGetMode mode, bool doCheck) override {
+    if (mode == gmNext && std::exchange(failNext, false)) throw EDatabaseError("connection lost");
+    return TWindowCheckedDataSet::GetRecord(buffer, mode, doCheck);
+  }
+};
+
+TEST(DataSetWalk, AFetchFailingPastAFullWindowStillEndsTheScrollAndKeepsTheRecord) {
+  TFailingFetchDataSet dataSet(nullptr);
+  TDataSource source(nullptr);
+  dbtest::TRecordingLink link;
+  source.SetDataSet(&dataSet);
+  link.SetDataSource(&source);
+  link.SetBufferCount(2);
+  dbtest::FillPeople(dataSet, 6);
+  QStringList events;
+  dataSet.BeforeScroll = [&](TDataSet*) { events << "before"; };
+  dataSet.AfterScroll = [&](TDataSet*) { events << "after"; };
+  dataSet.DisableControls();
+  dataSet.Next();
+  dataSet.Next();
+  ASSERT_EQ(dataSet.FieldByName("ID")->AsInteger(), 3);
+  events.clear();
+
+  dataSet.failNext = true;
+  EXPECT_THROW(dataSet.Next(), EDatabaseError);
+  EXPECT_EQ(events, Words({"before", "after"}));
+  EXPECT_EQ(dataSet.FieldByName("ID")->AsInteger(), 3);
+  EXPECT_FALSE(dataSet.Eof());
+  dataSet.CheckConsistency();
+
+  events.clear();
+  EXPECT_EQ(dataSet.MoveBy(1), 1);
+  EXPECT_EQ(dataSet.FieldByName("ID")->AsInteger(), 4);
+  dataSet.MoveBy(1);
+  dataSet.MoveBy(1);
+  EXPECT_EQ(dataSet.MoveBy(1), 0) << "past the last record";
+  EXPECT_TRUE(dataSet.Eof());
+  EXPECT_EQ(events, Words({"before", "after", "before", "after", "before", "after", "before", "after"}));
+  dataSet.EnableControls();
+  EXPECT_EQ(dataSet.FieldByName("ID")->AsInteger(), 6);
+}
+
 TEST(DataSetNavigation, FindMovesThroughTheFilteredRecords) {
   TPeople people(8, 3);
   people.dataSet.SetFilter("City = 'Oslo'");
