@@ -111,8 +111,9 @@ private:
 };
 
 // A data set of people and a data source with one recording link of bufferCount rows.
-struct TPeople {
-  explicit TPeople(int rows, int bufferCount = 1) {
+template <typename TPeopleDataSet = TWindowCheckedDataSet>
+struct TPeopleIn {
+  explicit TPeopleIn(int rows, int bufferCount = 1) {
     source.SetDataSet(&dataSet);
     link.SetDataSource(&source);
     link.SetBufferCount(bufferCount);
@@ -121,10 +122,11 @@ struct TPeople {
   }
   int Id() const { return dataSet.FieldByName("ID")->AsInteger(); }
 
-  TWindowCheckedDataSet dataSet{nullptr};
+  TPeopleDataSet dataSet{nullptr};
   quil::TDataSource source{nullptr};
   TRecordingLink link;
 };
+using TPeople = TPeopleIn<>;
 
 // Day-first dates with dots and a 24-hour clock while it lives: unlike the default
 // locale, so that a format taken from the wrong place shows.

@@ -140,27 +140,27 @@ TEST_P(DataSetWalk, WithControlsDisabledReadsEveryRecordOnceInOrder) {
 
 INSTANTIATE_TEST_SUITE_P(Windows, DataSetWalk, testing::Values(1, 2, 5));
 
-// Fails the next forward fetch when told to, as a source that loses its connection.
-class TFailingFetchDataSet : public dbtest::TWindowCheckedDataSet {
+// Answers Eof going forward once its allowance is spent, as a source still fetching
+// its rows would; a negative allowance never runs out. Fails the next forward fetch
+// when told to, as a source that loses its connection.
+class TStallingDataSet : public dbtest::TWindowCheckedDataSet {
 public:
   using TWindowCheckedDataSet::TWindowCheckedDataSet;
+  int forwardFetchesLeft = -1;
   bool failNext = false;
 
 protected:
   TGetResult GetRecord(TRecordBuffer buffer, TGetMode mode, bool doCheck) override {
     if (mode == gmNext && std::exchange(failNext, false)) throw EDatabaseError("connection lost");
+    if (mode == gmNext && forwardFetchesLeft == 0) return grEOF;
+    if (mode == gmNext && forwardFetchesLeft > 0) --forwardFetchesLeft;
     return TWindowCheckedDataSet::GetRecord(buffer, mode, doCheck);
   }
 };
 
 TEST(DataSetWalk, AFetchFailingPastAFullWindowStillEndsTheScrollAndKeepsTheRecord) {
-  TFailingFetchDataSet dataSet(nullptr);
-  TDataSource source(nullptr);
-  dbtest::TRecordingLink link;
-  source.SetDataSet(&dataSet);
-  link.SetDataSource(&source);
-  link.SetBufferCount(2);
-  dbtest::FillPeople(dataSet, 6);
+  dbtest::TPeopleIn<TStallingDataSet> people(6, 2);
+  TStallingDataSet& dataSet = people.dataSet;
   QStringList events;
   dataSet.BeforeScroll = [&](TDataSet*) { events << "before"; };
   dataSet.AfterScroll = [&](TDataSet*) { events << "after"; };
@@ -254,29 +254,10 @@ TEST(DataLinkEvents, FirstAndLastAreDataSetChanges) {
   EXPECT_EQ(people.link.log, Words({"scrolled:0"}));
 }
 
-// Answers Eof going forward once its allowance is spent, as a source still fetching
-// its rows would; a negative allowance never runs out.
-class TStallingDataSet : public dbtest::TWindowCheckedDataSet {
-public:
-  using TWindowCheckedDataSet::TWindowCheckedDataSet;
-  int forwardFetchesLeft = -1;
-
-protected:
-  TGetResult GetRecord(TRecordBuffer buffer, TGetMode mode, bool doCheck) override {
-    if (mode == gmNext && forwardFetchesLeft == 0) return grEOF;
-    if (mode == gmNext && forwardFetchesLeft > 0) --forwardFetchesLeft;
-    return TWindowCheckedDataSet::GetRecord(buffer, mode, doCheck);
-  }
-};
-
 TEST(DataLinkEvents, AMoveThatFillsAPartWindowIsADataSetChange) {
-  TStallingDataSet dataSet(nullptr);
-  TDataSource source(nullptr);
-  dbtest::TRecordingLink link;
-  source.SetDataSet(&dataSet);
-  link.SetDataSource(&source);
-  link.SetBufferCount(4);
-  dbtest::FillPeople(dataSet, 10);
+  dbtest::TPeopleIn<TStallingDataSet> people(10, 4);
+  TStallingDataSet& dataSet = people.dataSet;
+  dbtest::TRecordingLink& link = people.link;
   dataSet.forwardFetchesLeft = 2;
   dataSet.First();
   dataSet.Next();
