@@ -403,10 +403,18 @@ private:
   void MoveCursorTo(int index);
   bool GetNextRecord();
   bool GetPriorRecord();
-  // The steps of MoveBy; they answer how many records they moved.
-  // MoveBy's two ways; out of line, so that MoveBy needs no frame.
+  // Browsing with controls disabled, the last buffer of a full window active and the
+  // cursor on it: a step forward is one fetch, and nobody to tell.
+  bool AtWalkStep() const {
+    return state_ == dsBrowse && ControlsDisabled() && activeRecord_ == bufferCount_ - 1 &&
+           recordCount_ == bufferCount_ && currentRecord_ == activeRecord_ && !eof_;
+  }
+  // MoveBy's two ways, out of line so that MoveBy needs no frame, and what follows
+  // BeforeScroll on the general one. They answer how many records they moved, as do
+  // the steps below.
   [[gnu::noinline]] int MoveAnyDistance(int distance);
   [[gnu::noinline]] int StepPastFullWindow();
+  int MoveScrolled(int distance);
   int MoveForward(int distance, int& scrolled);
   int MoveBackward(int distance, int& scrolled);
   int GetNextRecords();

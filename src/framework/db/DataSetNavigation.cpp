@@ -195,9 +195,7 @@ void TDataSet::Last() {
 
 int TDataSet::MoveBy(int distance) {
   // Only picks the way: with no frame of its own, the step of a walk costs a few tests.
-  if (distance == 1 && state_ == dsBrowse && ControlsDisabled() && activeRecord_ == bufferCount_ - 1 &&
-      recordCount_ == bufferCount_ && currentRecord_ == activeRecord_ && !eof_)
-    return StepPastFullWindow();
+  if (distance == 1 && AtWalkStep()) return StepPastFullWindow();
   return MoveAnyDistance(distance);
 }
 
@@ -205,6 +203,10 @@ int TDataSet::MoveAnyDistance(int distance) {
   // A walk with controls disabled browses: CheckBrowseMode would neither notify nor post.
   if (state_ != dsBrowse || !ControlsDisabled()) CheckBrowseMode();
   DoBeforeScroll();
+  return MoveScrolled(distance);
+}
+
+int TDataSet::MoveScrolled(int distance) {
   if (!((distance > 0 && !eof_) || (distance < 0 && !bof_))) return 0;
   bof_ = false;
   eof_ = false;
@@ -237,12 +239,13 @@ int TDataSet::MoveAnyDistance(int distance) {
   return moved;
 }
 
-// What MoveBy(1) comes to for each record of a walk: browsing with controls disabled,
-// the last buffer of a full window active and the cursor on it. MoveAnyDistance would
+// What MoveBy(1) comes to for each record of a walk (AtWalkStep). MoveScrolled would
 // keep a count of rows scrolled for links that will not hear of it, and loop; this is
 // one fetch and a turn of the ring.
 int TDataSet::StepPastFullWindow() {
   DoBeforeScroll();
+  // The handler may have moved the data set or enabled its controls.
+  if (!AtWalkStep()) [[unlikely]] return MoveScrolled(1);
   bof_ = false;
   bool fetched = false;
   try {

@@ -49,10 +49,11 @@ inline quil::TField* AddLookupField(quil::TDataSet& dataSet, const char* name, c
 }
 
 // Counts field reads and fails loudly on one that lands outside the record window.
-// Reads of browsed fixed-size values go straight to the columns and pass neither.
+// Overriding GetFieldData, it turns direct reads from the columns off, so that every
+// read passes here.
 class TWindowCheckedDataSet : public quil::TClientDataSet {
 public:
-  using TClientDataSet::TClientDataSet;
+  explicit TWindowCheckedDataSet(quil::TComponent* owner) : TClientDataSet(owner) { SetDirectFieldReads(false); }
   using TClientDataSet::SetDirectFieldReads;
   bool GetFieldData(quil::TField* field, void* buffer) override {
     ++reads;

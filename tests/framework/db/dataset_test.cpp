@@ -138,6 +138,35 @@ TEST_P(DataSetWalk, WithControlsDisabledReadsEveryRecordOnceInOrder) {
   dataSet.CheckConsistency();
 }
 
+// The way a step takes is picked after BeforeScroll, whose handler may move the cursor.
+TEST_P(DataSetWalk, AScrollHandlerThatMovesTheCursorLeavesTheWalkInOrder) {
+  TPeople people(8, GetParam());
+  TDataSet& dataSet = people.dataSet;
+  dataSet.BeforeScroll = [](TDataSet* moved) { moved->Lookup("ID", 2, "Name"); };
+  std::vector<int> ids;
+  dataSet.DisableControls();
+  for (dataSet.First(); !dataSet.Eof() && ids.size() <= 8; dataSet.Next()) ids.push_back(people.Id());
+  dataSet.EnableControls();
+  EXPECT_EQ(ids, std::vector<int>({1, 2, 3, 4, 5, 6, 7, 8}));
+}
+
+TEST_P(DataSetWalk, AScrollHandlerThatGoesLastLeavesNothingToStepTo) {
+  TPeople people(8, GetParam());
+  TDataSet& dataSet = people.dataSet;
+  dataSet.DisableControls();
+  dataSet.MoveBy(GetParam());
+  int afterScrolls = 0;
+  bool wentLast = false;
+  dataSet.BeforeScroll = [&](TDataSet* moved) {
+    if (!std::exchange(wentLast, true)) moved->Last();  // Last scrolls too
+  };
+  dataSet.AfterScroll = [&](TDataSet*) { ++afterScrolls; };
+  EXPECT_EQ(dataSet.MoveBy(1), 0);
+  EXPECT_EQ(people.Id(), 8);
+  EXPECT_EQ(afterScrolls, 1) << "Last's own, none for a step that found Eof before it began";
+  dataSet.EnableControls();
+}
+
 INSTANTIATE_TEST_SUITE_P(Windows, DataSetWalk, testing::Values(1, 2, 5));
 
 // Answers Eof going forward once its allowance is spent, as a source still fetching

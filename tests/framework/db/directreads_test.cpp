@@ -3,6 +3,7 @@
 // data set answers when asked (GetFieldData): twin data sets, one reading directly and
 // one always asking, take the same steps and are compared after each.
 
+#include <QTemporaryDir>
 #include <gtest/gtest.h>
 
 #include <functional>
@@ -52,7 +53,7 @@ QStringList Shown(TDataSet& dataSet) {
 class DirectReads : public testing::Test {
 protected:
   DirectReads() {
-    asking.SetDirectFieldReads(false);
+    direct.SetDirectFieldReads(true);
     for (Twin* twin : {&direct, &asking}) {
       twin->source.SetDataSet(twin);
       twin->link.SetDataSource(&twin->source);
@@ -162,6 +163,24 @@ TEST_F(DirectReads, AnswerAsTheDataSetThroughOrdersFiltersAndReopening) {
     set.Close();
     set.Open();
     set.MoveBy(2);
+  });
+  ExpectAlike();
+
+  Both([](Twin& set) {
+    const TBookmark mark = set.GetBookmark();
+    set.Last();
+    set.GotoBookmark(mark);
+  });
+  ExpectAlike();
+
+  // Loading replaces the columns the fields read from.
+  QTemporaryDir folder;
+  ASSERT_TRUE(folder.isValid());
+  const QString file = folder.filePath("kinds.json");
+  direct.SaveToFile(file);
+  Both([&](Twin& set) {
+    set.LoadFromFile(file);
+    set.MoveBy(6);
   });
   ExpectAlike();
 }

@@ -1,5 +1,7 @@
 #include <gtest/gtest.h>
 
+#include <memory>
+
 #include "framework/rtl/Events.h"
 
 using namespace quil;
@@ -62,4 +64,16 @@ TEST(TEvent, CallablesCompareByIdentity) {
   EXPECT_NE(lambda, TFilter([](int) { return true; }));
   copy(7);
   EXPECT_EQ(seen, 7);
+}
+
+// A handler lives as long as any event that holds it, the one moved from included.
+TEST(TEvent, ACallableOutlivesTheEventItCameFrom) {
+  int seen = 0;
+  auto original = std::make_unique<TFilter>([&seen](int value) { seen = value; return true; });
+  TFilter moved = std::move(*original);
+  EXPECT_TRUE(original->Assigned());
+  EXPECT_EQ(moved, *original);
+  original.reset();
+  EXPECT_TRUE(moved(5));
+  EXPECT_EQ(seen, 5);
 }
