@@ -173,8 +173,7 @@ public:
   T NativeValue() const {
     const int row = DirectRowOf<T>();
     if (row >= 0) [[likely]] return store_->ValueAs<T>(row);
-    T value{};
-    return GetDataFromDataSet(&value) ? value : T{};
+    return NativeValueFromDataSet<T>();
   }
   // Writes the native value; a null buffer clears the field.
   void SetData(const void* buffer);
@@ -237,6 +236,12 @@ private:
   template <typename T>
   int DirectRowOf() const {
     return store_ && store_->size == sizeof(T) ? DirectRow() : -1;
+  }
+  // Out of line, so that a direct read needs no frame.
+  template <typename T>
+  [[gnu::noinline]] T NativeValueFromDataSet() const {
+    T value{};
+    return GetDataFromDataSet(&value) ? value : T{};
   }
   bool GetDataFromDataSet(void* buffer) const {
     if (!dataSet_ || inValidate_) [[unlikely]] return GetDataAside(buffer);
