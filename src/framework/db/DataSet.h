@@ -255,6 +255,9 @@ protected:
   virtual void SetFilterText(const QString& text) { filterText_ = text; }
   // Clears the calculated and lookup values of buffer.
   virtual void ClearCalcFields(TRecordBuffer buffer);
+  // Raises while the data set calculates or filters a record of its own, as from an
+  // OnCalcFields or OnFilterRecord handler: descendants' LocateRecord calls it first.
+  void CheckSearchAllowed() const;
   // Finds the first record that matches; with syncCursor the descendant's cursor stays
   // on it, else TempBuffer holds it and the cursor is left unknown.
   virtual bool LocateRecord(const QString& keyFields, const Variant& keyValues,

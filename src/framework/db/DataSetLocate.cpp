@@ -3,11 +3,19 @@
 
 #include "framework/db/DataSet.h"
 #include "framework/db/LocateKeys.h"
+#include "framework/rtl/RtlConsts.h"
 
 namespace quil {
 
+void TDataSet::CheckSearchAllowed() const {
+  // The search would fetch into the buffer of the record being calculated or filtered,
+  // and come back through the same handler.
+  if (state_ == dsCalcFields || state_ == dsFilter) DatabaseError(SSearchWhileFetching, this);
+}
+
 bool TDataSet::LocateRecord(const QString& keyFields, const Variant& keyValues, TLocateOptions options,
                             bool syncCursor) {
+  CheckSearchAllowed();
   CheckBrowseMode();
   const TLocateKeys keys(GetFieldList(keyFields), keyValues, options);
   TRecordBuffer buffer = TempBuffer();

@@ -74,6 +74,7 @@ TCustomSQLDataSet::TRowPtr TCustomSQLDataSet::FirstMatch(const TSQLClause& condi
 
 bool TCustomSQLDataSet::LocateRecord(const QString& keyFields, const Variant& keyValues, TLocateOptions options,
                                      bool syncCursor) {
+  CheckSearchAllowed();
   CheckBrowseMode();
   const std::optional<TSQLClause> condition = LocateCondition(keyFields, keyValues, options);
   if (!condition) return TDataSet::LocateRecord(keyFields, keyValues, options, syncCursor);

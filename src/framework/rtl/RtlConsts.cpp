@@ -53,6 +53,8 @@ QString SFieldRequired = QStringLiteral("Field '%s' must have a value");
 QString SDataSetReadOnly = QStringLiteral("Cannot modify a read-only dataset");
 QString SDataSetOpen = QStringLiteral("Cannot perform this operation on an open dataset");
 QString SRecordNotFound = QStringLiteral("Record not found");
+QString SSearchWhileFetching =
+    QStringLiteral("Cannot search the data set while it calculates or filters a record of its own");
 QString SUnknownFieldType = QStringLiteral("Field '%s' is of an unknown type");
 QString SFieldIndexError = QStringLiteral("Field index out of range");
 QString SDuplicateFieldName = QStringLiteral("Duplicate field name '%s'");

@@ -58,6 +58,8 @@ extern QString SFieldRequired;  // %s: the field's display name
 extern QString SDataSetReadOnly;
 extern QString SDataSetOpen;
 extern QString SRecordNotFound;
+// A Locate or Lookup from a handler that runs while the data set fetches a record.
+extern QString SSearchWhileFetching;
 extern QString SUnknownFieldType;  // %s: the field's display name
 extern QString SFieldIndexError;
 extern QString SDuplicateFieldName;  // %s: the field name

@@ -11,6 +11,7 @@
 #include "framework/rtl/DateTime.h"
 #include "framework/rtl/ExceptionHandler.h"
 #include "framework/rtl/FormatSettings.h"
+#include "framework/rtl/RtlConsts.h"
 #include "framework/rtl/TypInfo.h"
 
 using namespace quil;
@@ -220,6 +221,24 @@ TEST(ClientLookup, AnswersWithoutMoving) {
   EXPECT_TRUE(people.link.log.isEmpty());
   people.dataSet.Next();
   EXPECT_EQ(people.Id(), 6);
+}
+
+// A search of the data set from its own filter handler would fetch into the record being
+// filtered and come back through the handler.
+TEST(ClientLookup, FromTheDataSetsOwnFilterHandlerIsRefusedAndChangesNothing) {
+  TPeople people(8, 3);
+  people.dataSet.SetOnFilterRecord([](TDataSet* dataSet, bool& accept) {
+    accept = !VarIsNull(dataSet->Lookup("ID", 2, "City"));
+  });
+  try {
+    people.dataSet.SetFiltered(true);
+    ADD_FAILURE() << "no error";
+  } catch (const EDatabaseError& error) {
+    EXPECT_EQ(error.Message(), SSearchWhileFetching);
+  }
+  EXPECT_FALSE(people.dataSet.Filtered());
+  EXPECT_EQ(people.dataSet.RecordCount(), 8);
+  EXPECT_EQ(people.dataSet.Lookup("ID", 2, "City").AsString(), "Oslo");
 }
 
 // --- Indexes and bookmarks -------------------------------------------------------------
