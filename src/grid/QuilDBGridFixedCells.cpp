@@ -46,11 +46,7 @@ bool TQuilCustomDBGrid::IsTitleFontStored() const { return !ParentFont() && Diff
 bool TQuilCustomDBGrid::IsHeaderFontStored() const { return !ParentFont() && DiffersFromDefaultFont(*headerFont_); }
 
 void TQuilCustomDBGrid::SetTitleImages(TImageList* value) {
-  if (titleImages_ == value) return;
-  if (titleImages_) titleImages_->RemoveFreeNotification(this);
-  titleImages_ = value;
-  if (value) value->FreeNotification(this);
-  if (options_.Contains(dgTitles)) LayoutChanged();
+  if (ReplaceReference(titleImages_, value) && options_.Contains(dgTitles)) LayoutChanged();
 }
 
 void TQuilCustomDBGrid::SetFillerIndex(int value) {

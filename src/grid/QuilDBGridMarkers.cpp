@@ -19,19 +19,11 @@ void TQuilCustomDBGrid::SetMarkerTransparent(TMarkerTransparent value) {
 }
 
 void TQuilCustomDBGrid::SetIndicatorImages(TImageList* value) {
-  if (indicatorImages_ == value) return;
-  if (indicatorImages_) indicatorImages_->RemoveFreeNotification(this);
-  indicatorImages_ = value;
-  if (value) value->FreeNotification(this);
-  if (options_.Contains(dgIndicator)) LayoutChanged();
+  if (ReplaceReference(indicatorImages_, value) && options_.Contains(dgIndicator)) LayoutChanged();
 }
 
 void TQuilCustomDBGrid::SetTitleMarkers(TImageList* value) {
-  if (titleMarkers_ == value) return;
-  if (titleMarkers_) titleMarkers_->RemoveFreeNotification(this);
-  titleMarkers_ = value;
-  if (value) value->FreeNotification(this);
-  if (options_.Contains(dgTitles)) LayoutChanged();
+  if (ReplaceReference(titleMarkers_, value) && options_.Contains(dgTitles)) LayoutChanged();
 }
 
 TImageList* TQuilCustomDBGrid::GetIndicators() const { return indicatorImages_ ? indicatorImages_ : indicators_.get(); }

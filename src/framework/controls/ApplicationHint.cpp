@@ -22,10 +22,7 @@ THintWindow* TApplication::HintWindow() const {
 }
 
 void TApplication::SetHintControl(TControl* control) {
-  if (control == hintControl_) return;
-  if (hintControl_) hintControl_->RemoveFreeNotification(this);
-  hintControl_ = control;
-  if (control) control->FreeNotification(this);
+  ReplaceReference(hintControl_, control);
 }
 
 void TApplication::Notification(TComponent* component, TOperation operation) {

@@ -110,10 +110,7 @@ void TCustomLabel::SetShowAccelChar(bool show) {
 }
 
 void TCustomLabel::SetFocusControl(TWinControl* control) {
-  if (control == focusControl_) return;
-  if (focusControl_) focusControl_->RemoveFreeNotification(this);
-  focusControl_ = control;
-  if (control) control->FreeNotification(this);
+  ReplaceReference(focusControl_, control);
 }
 
 void TCustomLabel::Notification(TComponent* component, TOperation operation) {

@@ -54,6 +54,16 @@ public:
   // are kept, so either side may go first.
   void FreeNotification(TComponent* component);
   void RemoveFreeNotification(TComponent* component);
+  // Points reference at value, moving this component's free notification from the
+  // component it pointed at; false when it pointed at value already.
+  template <typename T>
+  bool ReplaceReference(T*& reference, T* value) {
+    if (reference == value) return false;
+    if (reference) reference->RemoveFreeNotification(this);
+    reference = value;
+    if (value) value->FreeNotification(this);
+    return true;
+  }
 
   // Sets csDestroying here and in every owned component before anything is freed.
   virtual void Destroying();
